@@ -1,0 +1,67 @@
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "generator/generator.h"
+#include "io/file.h"
+#include "reader/idl.h"
+#include "schema/parser.h"
+#include "schema/schema.h"
+
+namespace zentho {
+namespace {
+
+/// Takes one IDL file from its text to its header. Any failure leaves as a std::exception.
+void processFile(const std::string& path, const Parser& parser, bool verbose) {
+  IDL idl;
+  idl.load(path);
+  if (verbose) idl.outputFinal();
+
+  Schema schema;
+  try {
+    parser.parse(idl, schema);
+  } catch (const std::exception&) {
+    if (verbose) schema.output();  // As far as it was filled.
+    throw std::exception();
+  }
+  if (verbose) schema.output();
+
+  Generator(schema).generate(path);
+}
+
+/// Runs the mode that the command line asks for and gives the value for main to return.
+int run(int argc, char* argv[]) {
+  if (argc < 2) {
+    writeLine(stdout, {"no param found."});
+    return -1;
+  }
+  const std::string_view mode = argv[1];
+  if (mode == "-f" || mode == "-fv") {
+    const std::vector<std::string> paths(argv + 2, argv + argc);
+    const Parser parser;
+    for (const std::string& path : paths) processFile(path, parser, mode == "-fv");
+    return 0;
+  }
+  if (mode == "-d") return 0;  // Accepted, and does nothing.
+  writeLine(stdout, {"mode not supported"});
+  return -1;
+}
+
+}  // namespace
+}  // namespace zentho
+
+int main(int argc, char* argv[]) {
+  // What the system refuses to take, the run loses; it is not killed for it.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::setvbuf(stdout, nullptr, _IONBF, 0);  // So that a line of any length is a single write.
+  try {
+    return zentho::run(argc, argv);
+  } catch (...) {
+    return EXIT_FAILURE;  // What there is to say has been printed.
+  }
+}
