@@ -1,0 +1,160 @@
+#include "generator/generator.h"
+
+#include <sys/resource.h>
+#include <zentho/util/file_path.h>
+
+#include <csignal>
+#include <exception>
+
+#include "io/file.h"
+#include "schema/parser.h"
+#include "support.h"
+
+namespace zentho {
+namespace {
+
+/// The header of a model. Generating must print nothing.
+std::string Header(const Schema& schema) {
+  const Scratch scratch;
+  EXPECT_EQ(Printed([&] { Generator(schema).generate(scratch.path("new/one.idl")); }), "");
+  return ReadAll(scratch.path("new/one.h"));
+}
+
+const std::string framework = "#pragma once\n\n#include <zentho/serialization/serialization.h>\n";
+const std::string noTypes = "\n\n\nnamespace zentho {\n} /* namespace zentho */\n\n";
+
+TEST(Generator, WritesAWholeHeader) {
+  const IDL idl = Load(Data("fleet.idl"));
+  Schema schema;
+  Printed([&] { Parser().parse(idl, schema); });
+  EXPECT_EQ(Header(schema), Data("fleet.h.expected"));
+}
+
+TEST(Generator, IncludesWhatEachFlagAsksFor) {
+  EXPECT_EQ(Header({}), framework + noTypes);
+
+  const std::vector<std::pair<bool Schema::*, std::string>> flags = {
+      {&Schema::hasIntType, "#include <cstdint>\n"},
+      {&Schema::hasString, "#include <string>\n"},
+      {&Schema::hasVector, "#include <vector>\n"},
+      {&Schema::hasMat, "#include <opencv2/core/mat.hpp>\n"}};
+  Schema all;
+  all.includes = {"a.b/c"};
+  std::string everyLine;
+  for (const auto& [flag, line] : flags) {
+    Schema one;
+    one.*flag = all.*flag = true;
+    EXPECT_EQ(Header(one), framework + line + noTypes);
+    everyLine += line;
+  }
+  EXPECT_EQ(Header(all), framework + everyLine + "#include \"a.b/c.h\"\n" + noTypes);
+}
+
+TEST(Generator, NamesTypesGloballyWithoutANamespace) {
+  Schema schema;
+  schema.messages.push_back({"Pose", {{3, "a", 0, "flat"}, {2, ".x..y", 1, "deep"}}});
+  EXPECT_EQ(Header(schema), framework +
+                                "\n\n"
+                                "struct Pose {\n"
+                                "    a flat;\n"
+                                "    std::vector<std::vector<::x::::y>> deep;\n"
+                                "}; /* message Pose */\n"
+                                "\n\n"
+                                "namespace zentho {\n"
+                                "template<>\n"
+                                "inline void serialize(const ::Pose& data, BytesBuffer& buffer) {\n"
+                                "    serialize(data.flat, buffer);\n"
+                                "    serialize(data.deep, buffer);\n"
+                                "}; /* serialization of ::Pose */\n"
+                                "\n"
+                                "template<>\n"
+                                "inline void deserialize(BytesBuffer& buffer, ::Pose& data) {\n"
+                                "    deserialize(buffer, data.flat);\n"
+                                "    deserialize(buffer, data.deep);\n"
+                                "}; /* de-serialization of ::Pose */\n"
+                                "\n"
+                                "} /* namespace zentho */\n\n");
+}
+
+TEST(Generator, PutsTheHeaderWhereTheLastDotSays) {
+  const Scratch scratch;
+  scratch.write("old.h", std::string(5000, 'x'));
+  for (const auto& [idl, header] :
+       std::vector<std::pair<std::string, std::string>>{{"robot.msgs.idl", "robot.msgs.h"},
+                                                        {"dir.old/robot", "dir.h"},
+                                                        {"one/two/three.x", "one/two/three.h"},
+                                                        {"a/../b.idl", "b.h"},
+                                                        {".idl", ".h"},
+                                                        {"old.idl", "old.h"}}) {
+    Generator({}).generate(scratch.path(idl));
+    EXPECT_EQ(ReadAll(scratch.path(header)), framework + noTypes) << idl;
+  }
+}
+
+TEST(Generator, RefusesAPathWithoutADot) {
+  const Scratch scratch;
+  std::filesystem::current_path(scratch.path("."));
+  EXPECT_THROW(Generator({}).generate("robot"), std::exception);
+  EXPECT_THROW(Generator({}).generate(""), std::exception);
+  EXPECT_TRUE(std::filesystem::is_empty(scratch.path(".")));
+  std::filesystem::current_path("/");
+}
+
+TEST(Generator, IsSilentWhenTheHeaderCannotBeOpened) {
+  const Scratch scratch;
+  scratch.write("dir.h/file", "");
+  scratch.write("plain", "");
+  EXPECT_EQ(Printed([&] {
+              Generator({}).generate(scratch.path("dir.idl"));
+              Generator({}).generate(scratch.path("plain/x.idl"));
+            }),
+            "");
+  EXPECT_TRUE(std::filesystem::is_directory(scratch.path("dir.h")));
+  EXPECT_EQ(ReadAll(scratch.path("plain")), "");
+}
+
+TEST(CreateFile, MakesWhatIsMissingAndLeavesWhatIsThere) {
+  const Scratch scratch;
+  const std::string made = scratch.path("a/b/new.h");
+  util::FilePath::createFile(made.c_str());
+  EXPECT_EQ(ReadAll(made), "");
+
+  const std::string kept = scratch.write("kept.h", "kept");
+  const auto before = std::filesystem::last_write_time(kept);
+  util::FilePath::createFile(kept.c_str());
+  EXPECT_EQ(ReadAll(kept), "kept");
+  EXPECT_EQ(std::filesystem::last_write_time(kept), before);
+
+  for (const std::string& refused : {kept + "/x.h", std::string(), std::string(5000, 'n')}) {
+    EXPECT_NO_THROW(util::FilePath::createFile(refused.c_str()));
+  }
+}
+
+TEST(WriteLine, HoldsNothingBack) {
+  const Scratch scratch;
+  const File buffered(std::fopen(scratch.path("lines").c_str(), "w"));
+  writeLine(buffered.get(), {"a", "", "b"});
+  writeLine(buffered.get(), {});
+  writeLine(nullptr, {"lost"});
+  EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\n\n");
+}
+
+TEST(WriteLine, LeavesNoHoleAfterARefusal) {
+  const Scratch scratch;
+  const File file = createUnbuffered(scratch.path("lines"));
+  rlimit unlimited{};
+  getrlimit(RLIMIT_FSIZE, &unlimited);
+  rlimit limited = unlimited;
+  limited.rlim_cur = 4;
+
+  std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &limited);
+  writeLine(file.get(), {"ab"});
+  writeLine(file.get(), {"cd"});
+  setrlimit(RLIMIT_FSIZE, &unlimited);
+  writeLine(file.get(), {"ef"});
+  EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\nc");
+}
+
+}  // namespace
+}  // namespace zentho

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "nav/navigation.h"
+#include "types.h"
+
+using namespace std::string_literals;
+
+// Values of the types in generated headers go through the framework's buffer and come back.
+
+namespace {
+
+template <typename T>
+T ThereAndBack(const T& value) {
+  zentho::BytesBuffer buffer;
+  zentho::serialize(value, buffer);
+  T result;
+  zentho::deserialize(buffer, result);
+  EXPECT_EQ(buffer.unread(), 0U);
+  return result;
+}
+
+const Numbers least = {INT8_MIN, INT16_MIN, INT32_MIN, INT64_MIN, 0, 0, 0, 0, -0.5F, -1e300};
+const Numbers most = {INT8_MAX,   INT16_MAX,  INT32_MAX,  INT64_MAX, UINT8_MAX,
+                      UINT16_MAX, UINT32_MAX, UINT64_MAX, 3e38F,     5e-324};
+
+void ExpectEqual(const Numbers& one, const Numbers& other) {
+  EXPECT_TRUE(one.a == other.a && one.b == other.b && one.c == other.c && one.d == other.d);
+  EXPECT_TRUE(one.e == other.e && one.f == other.f && one.g == other.g && one.h == other.h);
+  EXPECT_TRUE(one.x == other.x && one.y == other.y);
+}
+
+TEST(RoundTrip, KeepsARequestWithListsOfEveryKind) {
+  Echo::Request request;
+  request.text = "zero \0 byte"s;
+  request.color = RED;
+  request.lists.numbers = {least, most};
+  request.lists.nothings.resize(1000);
+  request.lists.colors = {{BLUE, GREEN}, {}, {RED}};
+  request.lists.texts = {{{"a", ""}, {}}, {}, {{"\0"s}}};
+
+  const Echo::Request result = ThereAndBack(request);
+  EXPECT_EQ(result.text, request.text);
+  EXPECT_EQ(result.color, RED);
+  ASSERT_EQ(result.lists.numbers.size(), 2U);
+  ExpectEqual(result.lists.numbers[0], least);
+  ExpectEqual(result.lists.numbers[1], most);
+  EXPECT_EQ(result.lists.nothings.size(), 1000U);
+  EXPECT_EQ(result.lists.colors, request.lists.colors);
+  EXPECT_EQ(result.lists.texts, request.lists.texts);
+}
+
+TEST(RoundTrip, KeepsAResponseAndOverwritesWhatWasThere) {
+  zentho::BytesBuffer buffer;
+  zentho::serialize(Echo::Response{most, {{INT32_MIN, 0, INT32_MAX}, {}}}, buffer);
+  Echo::Response result{least, {{1}, {2}, {3}}};
+  zentho::deserialize(buffer, result);
+  ExpectEqual(result.numbers, most);
+  EXPECT_EQ(result.grid, (std::vector<std::vector<std::int32_t>>{{INT32_MIN, 0, INT32_MAX}, {}}));
+}
+
+TEST(RoundTrip, KeepsMessagesOfIncludedFilesInDeclarationOrder) {
+  const robot::nav::Route result =
+      ThereAndBack(robot::nav::Route{"dock", {{{1.5, -2.5}, 3.5}}, {{7}, {}}});
+  EXPECT_EQ(result.name, "dock");
+  ASSERT_EQ(result.waypoints.size(), 1U);
+  EXPECT_EQ(result.waypoints[0].position.y, -2.5);
+  EXPECT_EQ(result.costs.size(), 2U);
+
+  zentho::BytesBuffer buffer;
+  zentho::serialize(robot::geometry::Pose{{1.5, -2.5}, 3.5}, buffer);
+  for (const double expected : {1.5, -2.5, 3.5}) {
+    double value = 0;
+    zentho::deserialize(buffer, value);
+    EXPECT_EQ(value, expected);
+  }
+}
+
+TEST(RoundTrip, EveryCutIsAnException) {
+  zentho::BytesBuffer whole;
+  zentho::serialize(Lists{{least}, {{}, {}}, {{RED}}, {{{"text"}}}}, whole);
+  std::string bytes(whole.unread(), 0);
+  whole.read(bytes.data(), bytes.size());
+  for (std::size_t size = 0; size < bytes.size(); ++size) {
+    zentho::BytesBuffer cut;
+    cut.write(bytes.data(), size);
+    Lists lists;
+    EXPECT_THROW(zentho::deserialize(cut, lists), std::logic_error) << size;
+  }
+}
+
+TEST(RoundTrip, LengthsBeyondTheBufferAreRefused) {
+  for (const std::uint64_t length : {std::uint64_t{9}, UINT64_MAX, UINT64_MAX / 8}) {
+    zentho::BytesBuffer buffer;
+    zentho::serialize(length, buffer);
+    zentho::serialize(std::uint64_t{0}, buffer);
+    zentho::BytesBuffer copy = buffer;
+    std::string text;
+    EXPECT_THROW(zentho::deserialize(copy, text), std::length_error);
+    std::vector<Nothing> nothings;
+    EXPECT_THROW(zentho::deserialize(buffer, nothings), std::length_error);
+  }
+}
+
+}  // namespace

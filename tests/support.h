@@ -1,0 +1,72 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <list>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "reader/idl.h"
+
+namespace zentho {
+
+/// A directory of a test's own, with a blank in its path, gone when the test ends.
+class Scratch {
+ public:
+  Scratch() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "idlgen test XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch directory");
+    root = pattern;
+  }
+  ~Scratch() { std::filesystem::remove_all(root); }
+  Scratch(const Scratch&) = delete;
+  Scratch& operator=(const Scratch&) = delete;
+
+  std::string path(const std::string& name) const { return root / name; }
+
+  std::string write(const std::string& name, const std::string& text) const {
+    std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
+    std::ofstream(path(name), std::ios::binary) << text;
+    return path(name);
+  }
+
+  bool has(const std::string& name) const { return std::filesystem::exists(path(name)); }
+
+ private:
+  std::filesystem::path root;
+};
+
+inline std::string ReadAll(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file.is_open()) << path;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// A file of tests/data.
+inline std::string Data(const std::string& name) {
+  return ReadAll(IDLGEN_TEST_DATA "/" + name);
+}
+
+/// What the action writes to standard output.
+template <typename Action>
+std::string Printed(const Action& action) {
+  testing::internal::CaptureStdout();
+  action();
+  return testing::internal::GetCapturedStdout();
+}
+
+/// The IDL that the reader makes of a text.
+inline IDL Load(const std::string& text) {
+  const Scratch scratch;
+  IDL idl;
+  const std::string path = scratch.write("input.idl", text);
+  EXPECT_EQ(Printed([&] { idl.load(path); }), "idl path:" + path + "\n");
+  return idl;
+}
+
+}  // namespace zentho
