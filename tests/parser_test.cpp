@@ -1,6 +1,5 @@
 #include "schema/parser.h"
 
-#include <algorithm>
 #include <exception>
 #include <typeinfo>
 
@@ -106,64 +105,26 @@ TEST(Parser, MembersOfServicesSetTheFlagsToo) {
   EXPECT_TRUE(schema.hasString && schema.hasIntType);
 }
 
-struct Fault {
-  const char* name;
-  std::string text;
-  std::string diagnostic;
-  std::string tokensRead;  ///< Separated by spaces.
-};
-
-class Faults : public testing::TestWithParam<Fault> {};
+class Faults : public testing::TestWithParam<std::string> {};
 
 TEST_P(Faults, AreNamedWithTheTokensReadSoFar) {
-  std::string lines = GetParam().tokensRead;
-  std::replace(lines.begin(), lines.end(), ' ', '\n');
   Schema schema;
-  EXPECT_EQ(Parse(GetParam().text, schema, true),
-            GetParam().diagnostic + "\n\nlines:\n" + lines + "\n");
+  EXPECT_EQ(Parse(Data("faults/" + GetParam() + ".idl"), schema, true),
+            Data("faults/" + GetParam() + ".out"));
   EXPECT_TRUE(schema.enums.empty() && schema.messages.empty() && schema.services.empty());
 }
 
-const std::string wrong = "WRONG format in ";
-const std::string cutShort = "unexpected end of file.";
+/// The files of tests/data/faults are named after their one fault.
+std::vector<std::string> FaultNames() {
+  std::vector<std::string> names;
+  for (const auto& file : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/faults")) {
+    if (file.path().extension() == ".idl") names.push_back(file.path().stem());
+  }
+  return names;
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    Parser, Faults,
-    testing::Values(
-        Fault{"UnknownStatement", "struct A { x int8 }", wrong + "struct", "struct"},
-        Fault{"KeywordInCapitals", "ENUM Color { RED 0 }", wrong + "ENUM", "ENUM"},
-        Fault{"KeywordAfterATab", "\tenum Color { RED 0 }", wrong + "\tenum", "\tenum"},
-        Fault{"StrayBrace", "} x", wrong + "}", "}"},
-        Fault{"EnumWithoutBrace", "enum Color ( RED 0 }", wrong + "(", "enum Color ("},
-        Fault{"EnumWithGluedBrace", "enum Color{\nRED:0 }", wrong + "RED", "enum Color{ RED"},
-        Fault{"EnumCutShort", "enum Color { RED", cutShort, "enum Color { RED"},
-        Fault{"EnumEndingInAGluedBrace", "enum E { A 0 };", cutShort, "enum E { A 0 };"},
-        Fault{"EnumOfAnOddNumberOfTokens", "enum E { A }", cutShort, "enum E { A }"},
-        Fault{"IncludeCutShort", "include", cutShort, "include"},
-        Fault{"NamespaceCutShort", "namespace", cutShort, "namespace"},
-        Fault{"MessageCutShort", "message", cutShort, "message"},
-        Fault{"MessageWithoutBrace", "message P ( x int8 }", wrong + "(", "message P ("},
-        Fault{"MessageWithoutEnd", "message P { x int8", cutShort, "message P { x int8"},
-        Fault{"BracketLeftOpen", "message P { m [[int8] y a }", wrong + "[int8",
-              "message P { m [[int8]"},
-        Fault{"TextBeforeABracket", "message P { m x[int8] }", wrong + "[int8",
-              "message P { m x[int8]"},
-        Fault{"TextAfterABracket", "message P { m [int8]x }", wrong + "[int8]x",
-              "message P { m [int8]x"},
-        Fault{"LoneBracket", "message P { m [ }", wrong + "[", "message P { m ["},
-        Fault{"ServiceWithoutBrace", "service S request", wrong + "request", "service S request"},
-        Fault{"ServiceWithoutRequest", "service S { response { } }", wrong + "response",
-              "service S { response"},
-        Fault{"RequestWithoutBrace", "service S { request x", wrong + "x", "service S { request x"},
-        Fault{"ServiceWithoutResponse", "service S { request { } }", wrong + "}",
-              "service S { request { } }"},
-        Fault{"ResponseWithoutBrace", "service S { request { } response }", wrong + "}",
-              "service S { request { } response }"},
-        Fault{"ServiceWithTwoRequests", "service S { request { } response { } request",
-              wrong + "request", "service S { request { } response { } request"},
-        Fault{"ServiceCutShort", "service S { request { } response { }", cutShort,
-              "service S { request { } response { }"}),
-    [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Parser, Faults, testing::ValuesIn(FaultNames()),
+                         [](const auto& fault) { return fault.param; });
 
 TEST(Parser, KeepsWhatCameBeforeTheFault) {
   Schema schema;

@@ -22,7 +22,7 @@ struct Enum {
   std::vector<EnumItem> items;
 };
 
-/// One field of a message, a request or a response. The type is that of the element, without the
+/// A field of some message, request or response. The type is that of the element, without the
 /// brackets; for a plain field, `vectorDepth` and `isVector` are both 0.
 struct CommonMember {
   std::int32_t vectorDepth = 0;  ///< How many levels of brackets the declared type had.

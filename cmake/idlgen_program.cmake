@@ -1,0 +1,28 @@
+# The imported target idlgen::idlgen for a program that is there already: the one that
+# IDLGEN_EXECUTABLE names; else, in a cross build, which cannot run what it builds, one from the
+# PATH of the build machine; else the one at the path given. Sets the variable to what is wrong if
+# there is no such program, and to nothing otherwise.
+function(idlgen_import_program own_path problem_variable)
+  if(IDLGEN_EXECUTABLE)
+    set(program ${IDLGEN_EXECUTABLE})
+    set(problem "IDLGEN_EXECUTABLE names no program: ${program}")
+  elseif(CMAKE_CROSSCOMPILING)
+    find_program(IDLGEN_BUILD_MACHINE_EXECUTABLE idlgen PATHS ENV PATH
+                 NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+    set(program ${IDLGEN_BUILD_MACHINE_EXECUTABLE})
+    set(problem "This is a cross build, and there is no idlgen for the build machine in its PATH. \
+Install one there or set IDLGEN_EXECUTABLE to it.")
+  else()
+    set(program ${own_path})
+    set(problem "The program is missing from its package: ${program}")
+  endif()
+
+  if(EXISTS "${program}" AND NOT IS_DIRECTORY "${program}")
+    set(problem "")
+    if(NOT TARGET idlgen::idlgen)
+      add_executable(idlgen::idlgen IMPORTED GLOBAL)
+      set_target_properties(idlgen::idlgen PROPERTIES IMPORTED_LOCATION ${program})
+    endif()
+  endif()
+  set(${problem_variable} ${problem} PARENT_SCOPE)
+endfunction()
