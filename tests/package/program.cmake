@@ -1,0 +1,38 @@
+# Which program the package runs, and what it makes of one that does not do its work.
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+start(program)
+# Only a copy that has been moved: nothing may remember where it was installed.
+file(COPY ${PREFIX}/ DESTINATION ${place}/moved)
+set(PREFIX ${place}/moved)
+configure_consumer()
+step(SUCCEEDS COMMAND ${make})
+
+# Another program makes all headers anew.
+file(TOUCH ${PREFIX}/bin/idlgen)
+step(SUCCEEDS COMMAND ${make} PRINTS "Generating robot.nav.h" "Generating common/geometry.h"
+                                     "Generating made.h")
+
+# A status of 0 is not enough, and half a header is none.
+set(fake ${place}/fake)
+file(WRITE ${fake} "#!/bin/sh\nexit 0\n")
+file(CHMOD ${fake} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+step(SUCCEEDS COMMAND ${configure} -D IDLGEN_EXECUTABLE=${fake} --fresh)
+step(FAILS COMMAND ${make} PRINTS "idlgen made no header of")
+file(WRITE ${fake} "#!/bin/sh\necho half > \"\${2%.*}.h\"\n")
+step(FAILS COMMAND ${make} PRINTS "idlgen made no header of")
+file(GLOB_RECURSE made ${headers}/*/include/*.h)
+foreach(header IN LISTS made)
+  file(READ ${header} text)
+  want("text MATCHES \"namespace zentho\"")
+endforeach()
+step(FAILS COMMAND ${configure} -D IDLGEN_EXECUTABLE=${place}/none --fresh
+           PRINTS "IDLGEN_EXECUTABLE names no program: ${place}/none")
+
+# A cross build takes a program of the build machine.
+set(cross ${configure} --fresh -D CMAKE_SYSTEM_NAME=Linux)
+step(FAILS COMMAND ${cross} PRINTS "there is no idlgen for the build machine in its PATH")
+set(ENV{PATH} "${PREFIX}/bin:$ENV{PATH}")
+step(SUCCEEDS COMMAND ${cross})
+step(SUCCEEDS COMMAND ${make})
+file(REMOVE ${PREFIX}/bin/idlgen)
+step(FAILS COMMAND ${configure} --fresh PRINTS "The program is missing from its package")
