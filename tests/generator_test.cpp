@@ -119,6 +119,13 @@ TEST(WriteLine, HoldsNothingBack) {
   EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\n\n");
 }
 
+TEST(WriteLine, HasNoBufferOnItsWayIntoAHeader) {
+  const Scratch scratch;
+  const File header = createUnbuffered(scratch.path("x.h"));
+  std::fputs("at once", header.get());
+  EXPECT_EQ(ReadAll(scratch.path("x.h")), "at once");
+}
+
 TEST(WriteLine, LeavesNoHoleAfterARefusal) {
   const Scratch scratch;
   const File file = createUnbuffered(scratch.path("lines"));
