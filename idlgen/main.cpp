@@ -34,7 +34,7 @@ void processFile(const std::string& path, const Parser& parser, bool verbose) {
 }
 
 /// Runs the mode that the command line asks for and gives the value for main to return.
-int run(int argc, char* argv[]) {
+int run(int argc, char** argv) {
   if (argc < 2) {
     writeLine(stdout, {"no param found."});
     return -1;
@@ -54,7 +54,7 @@ int run(int argc, char* argv[]) {
 }  // namespace
 }  // namespace zentho
 
-int main(int argc, char* argv[]) {
+int main(int argc, char** argv) {
   // What the system refuses to take, the run loses; it is not killed for it.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);

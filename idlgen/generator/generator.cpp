@@ -45,7 +45,7 @@ std::string CheckAndTransStdType(std::string type) {
 }
 
 std::string MemberType(const CommonMember& member) {
-  const std::string element = CheckAndTransStdType(replace(member.type, ".", "::"));
+  std::string element = CheckAndTransStdType(replace(member.type, ".", "::"));
   if (member.isVector != 1) return element;
   std::string opening;
   std::string closing;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdio>
 #include <string_view>
 #include <utility>
@@ -11,16 +12,23 @@
 namespace zentho {
 namespace {
 
-/// All the bytes of the file, or those before the first read error; empty if it cannot be opened.
-std::string ReadFile(const std::string& path) {
-  std::string text;
+/// Calls `take` with each line of the file, up to its end or the first read error.
+template <typename Take>
+void forEachLine(const std::string& path, const Take& take) {
   const File file(std::fopen(path.c_str(), "rb"));
-  if (file == nullptr) return text;
+  if (file == nullptr) return;
+  std::string line;
   std::array<char, 16384> block;
   while (const std::size_t size = std::fread(block.data(), 1, block.size(), file.get())) {
-    text.append(block.data(), size);
+    std::string_view rest(block.data(), size);
+    for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos; line.clear()) {
+      line += rest.substr(0, end);
+      take(line);
+      rest.remove_prefix(end + 1);
+    }
+    line += rest;
   }
-  return text;
+  take(line);  // It is empty after a last line feed.
 }
 
 /// The line up to its comment. A '#' anywhere makes every '/' ordinary, and a "//" counts only
@@ -33,18 +41,6 @@ std::string_view WithoutComment(std::string_view line) {
     return line.substr(0, slash);
   }
   return line;
-}
-
-/// The lines of the text, without their comments. Empty lines are dropped, but a line that its
-/// comment leaves empty is kept.
-std::vector<std::string> StoredLines(std::string_view text) {
-  std::vector<std::string> lines;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    if (end != 0) lines.emplace_back(WithoutComment(text.substr(0, end)));
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return lines;
 }
 
 /// Prints every line as its tokens in a row, each followed by the mark.
@@ -61,11 +57,17 @@ void printLines(const std::vector<std::list<std::string>>& lines, std::string_vi
 void IDL::load(std::string path) {
   writeLine(stdout, {"idl path:", path});
 
-  std::vector<std::list<std::string>> cutAtSpaces;
-  splitBySpace(StoredLines(ReadFile(path)), cutAtSpaces);
-  std::vector<std::list<std::string>> cutAtColons;
-  splitByColon(std::move(cutAtSpaces), cutAtColons);
-  splitByBrace(std::move(cutAtColons), tokenLines);
+  // The passes give the same line by line as for the whole file at once, and take less memory.
+  forEachLine(path, [this](std::string_view line) {
+    if (line.empty()) return;
+    std::vector<std::string> stored;
+    stored.emplace_back(WithoutComment(line));
+    std::vector<std::list<std::string>> cutAtSpaces;
+    splitBySpace(std::move(stored), cutAtSpaces);
+    std::vector<std::list<std::string>> cutAtColons;
+    splitByColon(std::move(cutAtSpaces), cutAtColons);
+    splitByBrace(std::move(cutAtColons), tokenLines);
+  });
 }
 
 void IDL::split(std::string text, std::list<std::string>& output, char separator) {
@@ -79,17 +81,13 @@ void IDL::split(std::string text, std::list<std::string>& output, char separator
 
 void IDL::splitBySpace(std::vector<std::string> lines,
                        std::vector<std::list<std::string>>& output) {
-  output.reserve(output.size() + lines.size());
   for (std::string& line : lines) split(std::move(line), output.emplace_back(), ' ');
 }
 
 void IDL::splitByColon(std::vector<std::list<std::string>> lines,
                        std::vector<std::list<std::string>>& output) {
   for (std::list<std::string>& line : lines) {
-    // Each token is freed as soon as it is cut, here and below: the file is in memory only once.
-    for (; !line.empty(); line.pop_front()) {
-      split(std::move(line.front()), output.emplace_back(), ':');
-    }
+    for (std::string& token : line) split(std::move(token), output.emplace_back(), ':');
   }
 }
 
@@ -107,10 +105,9 @@ void IDL::splitByBrace(std::string token, std::list<std::string>& output) {
 
 void IDL::splitByBrace(std::vector<std::list<std::string>> lines,
                        std::vector<std::list<std::string>>& output) {
-  output.reserve(output.size() + lines.size());
   for (std::list<std::string>& line : lines) {
     std::list<std::string>& cut = output.emplace_back();
-    for (; !line.empty(); line.pop_front()) splitByBrace(std::move(line.front()), cut);
+    for (std::string& token : line) splitByBrace(std::move(token), cut);
   }
 }
 
