@@ -1,0 +1,46 @@
+"""What scripts/bench feeds to the tool: messages for it and its peers, and texts that grow."""
+
+FIELDS = ["int8", "int16", "int32", "int64", "float32", "float64", "string", "int32"]
+
+PROTOC = {"int8": "int32", "int16": "int32", "float32": "float", "float64": "double"}
+FLATC = {"int8": "byte", "int16": "short", "int32": "int", "int64": "long", "float32": "float",
+         "float64": "double"}
+LCM = {"int8": "int8_t", "int16": "int16_t", "int32": "int32_t", "int64": "int64_t",
+       "float32": "float", "float64": "double"}
+
+
+def messages(count, head, opening, field, names):
+    """A schema of messages with eight fields each, in the words of one of the tools."""
+    body = "".join(field.format(type=names.get(t, t), i=i, n=i + 1) for i, t in enumerate(FIELDS))
+    return head + "".join(opening.format(i=i) + body + "}\n" for i in range(count))
+
+
+def idlgen(count):
+    return messages(count, "", "message Message{i} {{\n", "    field{i}: {type}\n", {})
+
+
+# For each peer: the extension of its files, its command line, and how it puts the same messages.
+PEERS = {
+    "protoc": ("proto", "protoc -I{dir} --cpp_out={dir} {file}", lambda count: messages(
+        count, 'syntax = "proto3";\n', "message Message{i} {{\n", "  {type} field{i} = {n};\n", PROTOC)),
+    "flatc": ("fbs", "flatc --cpp -o {dir} {file}", lambda count: messages(
+        count, "", "table Message{i} {{\n", "  field{i}:{type};\n", FLATC)),
+    "lcm-gen": ("lcm", "lcm-gen -x --cpp-hpath {dir} {file}", lambda count: messages(
+        count, "", "struct Message{i} {{\n", "  {type} field{i};\n", LCM)),
+}
+
+# Each text is one of n parts, and the time for it must grow as n does.
+GROWING = {
+    "members in one line": lambda n: "message M { " + "x: int8 " * n + "}",
+    "brackets of a type": lambda n: "message M { x: " + "[" * (n // 2) + "int8" + "]" * (n // 2) + " }",
+    "dots of a type": lambda n: "message M { x: " + "." * n + " }",
+    "braces of a token": lambda n: "{" * n,
+    "colons of a token": lambda n: ":" * n,
+    "blank lines": lambda n: "\n" * n,
+    "comment lines": lambda n: "# comment\n" * n,
+    "items of an enum": lambda n: "enum E {\n" + "ITEM: 0\n" * n + "}",
+    "members of a message": lambda n: "message M {\n" + "x: int8\n" * n + "}",
+    "components of a namespace": lambda n: "namespace " + "a." * n,
+    "includes": lambda n: 'include "a.idl"\n' * n,
+    "tokens before a fault": lambda n: "enum E { " + "A 0 " * (n // 2) + "} fault",
+}
