@@ -31,7 +31,7 @@ class BytesBuffer {
   }
 
   /// The number of bytes written and not yet read.
-  std::size_t unread() const { return content.size() - position; }
+  [[nodiscard]] std::size_t unread() const { return content.size() - position; }
 
  private:
   std::string content;
