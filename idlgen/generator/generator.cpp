@@ -130,6 +130,14 @@ void closeNamespaces(std::FILE* header, const std::vector<std::string>& namespac
   }
 }
 
+void writeDeclarations(std::FILE* header, const Schema& schema) {
+  openNamespaces(header, schema.namespaces);
+  for (const Enum& record : schema.enums) writeEnum(header, record);
+  for (const Message& message : schema.messages) writeMessage(header, message);
+  for (const Service& service : schema.services) writeService(header, service);
+  closeNamespaces(header, schema.namespaces);
+}
+
 // The bodies below close with "};" although they are functions: headers are compared byte for byte,
 // and this is how they have always ended.
 
@@ -173,14 +181,6 @@ void writeServiceSerialization(std::FILE* header, const std::string& typePrefix,
   // No empty line here, alone among all neighbours: it has never been part of the header's text.
   writeDeserializer(header, type + "::Response", type + " Response", service.response);
   writeLine(header, {});
-}
-
-void writeDeclarations(std::FILE* header, const Schema& schema) {
-  openNamespaces(header, schema.namespaces);
-  for (const Enum& record : schema.enums) writeEnum(header, record);
-  for (const Message& message : schema.messages) writeMessage(header, message);
-  for (const Service& service : schema.services) writeService(header, service);
-  closeNamespaces(header, schema.namespaces);
 }
 
 void writeSerialization(std::FILE* header, const Schema& schema) {
