@@ -121,6 +121,7 @@ TEST(WriteLine, LeavesNoHoleAfterARefusal) {
   writeLine(file.get(), {"ab"});
   writeLine(file.get(), {"cd"});
   setrlimit(RLIMIT_FSIZE, &unlimited);
+  std::signal(SIGXFSZ, SIG_DFL);
   writeLine(file.get(), {"ef"});
   EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\nc");
 }

@@ -31,7 +31,8 @@ Result RunProgram(const Scratch& scratch, const std::string& command, bool liste
   std::array<char*, 4> arguments = {const_cast<char*>("sh"), const_cast<char*>("-c"),
                                     const_cast<char*>(script.c_str()), nullptr};
   std::array<int, 2> sockets{};
-  EXPECT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets.data()), 0);
+  const int type = (listener ? SOCK_SEQPACKET : SOCK_STREAM) | SOCK_CLOEXEC;
+  EXPECT_EQ(socketpair(AF_UNIX, type, 0, sockets.data()), 0);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, sockets[1], STDOUT_FILENO);
