@@ -5,11 +5,14 @@
 #
 #   FILES     relative to the current source directory, or absolute
 #   BASE_DIR  where the paths in include statements start; the current source directory unless given
-#   DEPENDS   what makes those IDL files that the build itself makes
+#   DEPENDS   what makes those IDL files that the build itself makes; a file that is made in another
+#             directory has to be marked GENERATED in this one
 #
 # The program writes next to its input. So each file is copied below the build tree, at its path
 # below BASE_DIR, and its header goes on from there to the target's include directory, which holds
 # headers only, and only whole ones.
+cmake_minimum_required(VERSION 3.23)
+
 function(idlgen_generate)
   foreach(argument IN LISTS ARGV)
     if(argument STREQUAL "")
@@ -25,6 +28,9 @@ function(idlgen_generate)
   endif()
   if(NOT DEFINED arg_TARGET)
     message(FATAL_ERROR "idlgen_generate: TARGET is missing")
+  endif()
+  if(NOT arg_TARGET MATCHES "^[A-Za-z0-9_.+-]+$")
+    message(FATAL_ERROR "idlgen_generate: no target can have the name ${arg_TARGET}")
   endif()
   if(NOT DEFINED arg_FILES)
     message(FATAL_ERROR "idlgen_generate: FILES is missing for the target ${arg_TARGET}")
@@ -43,7 +49,7 @@ function(idlgen_generate)
     cmake_path(ABSOLUTE_PATH arg_BASE_DIR NORMALIZE OUTPUT_VARIABLE base)
   endif()
 
-  set(directory ${CMAKE_CURRENT_BINARY_DIR}/idlgen/${arg_TARGET})
+  set(directory ${CMAKE_CURRENT_BINARY_DIR}/${arg_TARGET}.idlgen)
   set(script ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/idlgen_make_header.cmake)
   set(headers)
   foreach(file IN LISTS arg_FILES)
@@ -66,7 +72,14 @@ function(idlgen_generate)
       VERBATIM)
   endforeach()
 
-  add_custom_target(${arg_TARGET}_generate DEPENDS ${headers})
+  # What an IDL file has left that is no longer one of the target's.
+  file(GLOB_RECURSE left ${directory}/include/*.h)
+  list(REMOVE_ITEM left ${headers})
+  if(left)
+    file(REMOVE ${left})
+  endif()
+
+  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})  # Some are only installed.
   add_library(${arg_TARGET} INTERFACE)
   add_dependencies(${arg_TARGET} ${arg_TARGET}_generate)
   target_sources(${arg_TARGET} INTERFACE
@@ -84,6 +97,10 @@ function(_idlgen_locate file base idl_variable copy_variable header_variable)
   cmake_path(IS_PREFIX base ${idl} NORMALIZE inside)
   if(NOT inside)
     message(FATAL_ERROR "idlgen_generate: ${file} is not below the base directory ${base}")
+  endif()
+
+  if(file MATCHES "[#<>]")
+    message(FATAL_ERROR "idlgen_generate: ${file} has one of # < > in its name, as no output can")
   endif()
 
   # The last extension only, as the program has it.

@@ -58,9 +58,6 @@ class Walk {
 };
 
 Walk::Walk(const IDL& idl, Schema& target) : schema(target) {
-  std::size_t count = 0;
-  for (const std::list<std::string>& line : idl.tokenLines) count += line.size();
-  tokens.reserve(count);
   for (const std::list<std::string>& line : idl.tokenLines) {
     tokens.insert(tokens.end(), line.begin(), line.end());
   }

@@ -52,7 +52,7 @@ macro(configure_consumer)
   file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer DESTINATION ${place})
   set(source ${place}/consumer)
   set(build ${place}/build)
-  set(headers ${build}/idl/idlgen)
+  set(headers ${build}/idl)
   set(configure ${CMAKE_COMMAND} -G ${GENERATOR} -S ${source} -B ${build}
                 -D CMAKE_PREFIX_PATH=${PREFIX} -D FRAMEWORK_DIR=${FRAMEWORK_DIR})
   set(make ${CMAKE_COMMAND} --build ${build} --parallel 2)
