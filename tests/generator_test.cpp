@@ -62,19 +62,6 @@ TEST(Generator, PutsTheHeaderWhereTheLastDotSays) {
   }
 }
 
-TEST(Generator, IsSilentWhenTheHeaderCannotBeOpened) {
-  const Scratch scratch;
-  scratch.write("dir.h/file", "");
-  scratch.write("plain", "");
-  EXPECT_EQ(Printed([&] {
-              Generator({}).generate(scratch.path("dir.idl"));
-              Generator({}).generate(scratch.path("plain/x.idl"));
-            }),
-            "");
-  EXPECT_TRUE(std::filesystem::is_directory(scratch.path("dir.h")));
-  EXPECT_EQ(ReadAll(scratch.path("plain")), "");
-}
-
 TEST(CreateFile, MakesWhatIsMissingAndLeavesWhatIsThere) {
   const Scratch scratch;
   const std::string made = scratch.path("a/b/new.h");

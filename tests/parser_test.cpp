@@ -35,13 +35,6 @@ TEST(Parser, FillsTheModelThatTheDumpShows) {
   EXPECT_EQ(Printed([&] { schema.output(); }), Data("fleet.dump"));
 }
 
-TEST(Parser, LeavesTheModelOfAnEmptyFileEmpty) {
-  Schema schema;
-  EXPECT_EQ(Parse("// nothing\n", schema), "");
-  EXPECT_EQ(Printed([&] { schema.output(); }),
-            "includes:\nnamespace:\n\nenum:\nmessages:\nservices:\n");
-}
-
 TEST(Parser, IncludeLosesItsFirstCharacterAndItsExtension) {
   Schema schema;
   Parse(
