@@ -59,7 +59,6 @@ void IDL::load(std::string path) {
 
   // The passes give the same line by line as for the whole file at once, and take less memory.
   forEachLine(path, [this](std::string_view line) {
-    if (line.empty()) return;
     std::vector<std::string> stored;
     stored.emplace_back(WithoutComment(line));
     std::vector<std::list<std::string>> cutAtSpaces;
