@@ -1,11 +1,12 @@
 // Takes any bytes through all stages and holds what comes out against what must be true of it.
-#include <stdio.h>
 #include <unistd.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -27,19 +28,16 @@ void require(bool holds, const char* what) {
   std::abort();
 }
 
-/// What the action prints; the C library lets its standard output be replaced.
+/// What the action prints, caught in a file that standard output goes to from the first call on.
 template <typename Action>
 std::string Printed(const Action& action) {
-  char* text = nullptr;
-  std::size_t size = 0;
-  std::FILE* const original = stdout;
-  stdout = open_memstream(&text, &size);
+  const std::string path = stem + ".out";
+  static const bool caught = std::freopen(path.c_str(), "a", stdout) != nullptr;
+  require(caught, "standard output goes to a file");
+  std::filesystem::resize_file(path, 0);
   action();
-  std::fclose(stdout);
-  stdout = original;
-  std::string printed(text, size);
-  std::free(text);
-  return printed;
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 IDL Load(const std::string& text) {

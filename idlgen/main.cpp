@@ -1,5 +1,4 @@
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <string>
@@ -7,7 +6,7 @@
 #include <vector>
 
 #include "generator/generator.h"
-#include "io/file.h"
+#include "io/line_writer.h"
 #include "reader/idl.h"
 #include "schema/parser.h"
 #include "schema/schema.h"
@@ -36,7 +35,7 @@ void processFile(const std::string& path, const Parser& parser, bool verbose) {
 /// Runs the mode that the command line asks for and gives the value for main to return.
 int run(int argc, char** argv) {
   if (argc < 2) {
-    writeLine(stdout, {"no param found."});
+    printLine({"no param found."});
     return -1;
   }
   const std::string_view mode = argv[1];
@@ -47,7 +46,7 @@ int run(int argc, char** argv) {
     return 0;
   }
   if (mode == "-d") return 0;  // Accepted, and does nothing.
-  writeLine(stdout, {"mode not supported"});
+  printLine({"mode not supported"});
   return -1;
 }
 
@@ -58,7 +57,6 @@ int main(int argc, char** argv) {
   // What the system refuses to take, the run loses; it is not killed for it.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  std::setvbuf(stdout, nullptr, _IONBF, 0);  // So that a line of any length is a single write.
   try {
     return zentho::run(argc, argv);
   } catch (...) {

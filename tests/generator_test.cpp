@@ -5,7 +5,7 @@
 
 #include <csignal>
 
-#include "io/file.h"
+#include "io/line_writer.h"
 #include "support.h"
 
 namespace zentho {
@@ -79,25 +79,18 @@ TEST(CreateFile, MakesWhatIsMissingAndLeavesWhatIsThere) {
   }
 }
 
-TEST(WriteLine, HoldsNothingBack) {
+TEST(LineWriter, HoldsNothingBack) {
   const Scratch scratch;
-  const File buffered(std::fopen(scratch.path("lines").c_str(), "w"));
-  writeLine(buffered.get(), {"a", "", "b"});
-  writeLine(buffered.get(), {});
-  writeLine(nullptr, {"lost"});
+  scratch.write("lines", "earlier content");
+  LineWriter writer(scratch.path("lines"));
+  writer.writeLine({"a", "", "b"});
+  writer.writeLine({});
   EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\n\n");
 }
 
-TEST(WriteLine, HasNoBufferOnItsWayIntoAHeader) {
+TEST(LineWriter, LeavesNoHoleAfterARefusal) {
   const Scratch scratch;
-  const File header = createUnbuffered(scratch.path("x.h"));
-  std::fputs("at once", header.get());
-  EXPECT_EQ(ReadAll(scratch.path("x.h")), "at once");
-}
-
-TEST(WriteLine, LeavesNoHoleAfterARefusal) {
-  const Scratch scratch;
-  const File file = createUnbuffered(scratch.path("lines"));
+  LineWriter writer(scratch.path("lines"));
   rlimit unlimited{};
   getrlimit(RLIMIT_FSIZE, &unlimited);
   rlimit limited = unlimited;
@@ -105,11 +98,11 @@ TEST(WriteLine, LeavesNoHoleAfterARefusal) {
 
   std::signal(SIGXFSZ, SIG_IGN);
   setrlimit(RLIMIT_FSIZE, &limited);
-  writeLine(file.get(), {"ab"});
-  writeLine(file.get(), {"cd"});
+  writer.writeLine({"ab"});
+  writer.writeLine({"cd"});
   setrlimit(RLIMIT_FSIZE, &unlimited);
   std::signal(SIGXFSZ, SIG_DFL);
-  writeLine(file.get(), {"ef"});
+  writer.writeLine({"ef"});
   EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\nc");
 }
 

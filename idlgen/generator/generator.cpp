@@ -4,12 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <exception>
 #include <string_view>
 #include <vector>
 
-#include "io/file.h"
+#include "io/line_writer.h"
 
 namespace zentho {
 namespace {
@@ -68,69 +67,69 @@ std::string TypePrefix(const std::vector<std::string>& namespaces) {
 
 // The writers stand in the order of the header.
 
-void writePrologue(std::FILE* header, const Schema& schema) {
-  writeLine(header, {"#pragma once"});
-  writeLine(header, {});
-  writeLine(header, {"#include <zentho/serialization/serialization.h>"});
-  if (schema.hasIntType) writeLine(header, {"#include <cstdint>"});
-  if (schema.hasString) writeLine(header, {"#include <string>"});
-  if (schema.hasVector) writeLine(header, {"#include <vector>"});
-  if (schema.hasMat) writeLine(header, {"#include <opencv2/core/mat.hpp>"});
+void writePrologue(LineWriter& header, const Schema& schema) {
+  header.writeLine({"#pragma once"});
+  header.writeLine({});
+  header.writeLine({"#include <zentho/serialization/serialization.h>"});
+  if (schema.hasIntType) header.writeLine({"#include <cstdint>"});
+  if (schema.hasString) header.writeLine({"#include <string>"});
+  if (schema.hasVector) header.writeLine({"#include <vector>"});
+  if (schema.hasMat) header.writeLine({"#include <opencv2/core/mat.hpp>"});
   for (const std::string& include : schema.includes) {
-    writeLine(header, {"#include \"", include, ".h\""});
+    header.writeLine({"#include \"", include, ".h\""});
   }
-  writeLine(header, {});
+  header.writeLine({});
 }
 
-void openNamespaces(std::FILE* header, const std::vector<std::string>& namespaces) {
+void openNamespaces(LineWriter& header, const std::vector<std::string>& namespaces) {
   for (const std::string& component : namespaces) {
-    writeLine(header, {"namespace ", component, " {"});
+    header.writeLine({"namespace ", component, " {"});
   }
-  writeLine(header, {});  // Without a namespace too.
+  header.writeLine({});  // Without a namespace too.
 }
 
-void writeEnum(std::FILE* header, const Enum& record) {
-  writeLine(header, {"enum ", record.name, " {"});
+void writeEnum(LineWriter& header, const Enum& record) {
+  header.writeLine({"enum ", record.name, " {"});
   for (const EnumItem& item : record.items) {
-    writeLine(header, {"    ", item.name, " = ", item.value, ","});
+    header.writeLine({"    ", item.name, " = ", item.value, ","});
   }
-  writeLine(header, {"}; /* enum ", record.name, " */"});
-  writeLine(header, {});
+  header.writeLine({"}; /* enum ", record.name, " */"});
+  header.writeLine({});
 }
 
-void writeMembers(std::FILE* header, std::string_view indent,
+void writeMembers(LineWriter& header, std::string_view indent,
                   const std::vector<CommonMember>& members) {
   for (const CommonMember& member : members) {
-    writeLine(header, {indent, MemberType(member), " ", member.name, ";"});
+    header.writeLine({indent, MemberType(member), " ", member.name, ";"});
   }
 }
 
-void writeMessage(std::FILE* header, const Message& message) {
-  writeLine(header, {"struct ", message.name, " {"});
+void writeMessage(LineWriter& header, const Message& message) {
+  header.writeLine({"struct ", message.name, " {"});
   writeMembers(header, "    ", message.members);
-  writeLine(header, {"}; /* message ", message.name, " */"});
-  writeLine(header, {});
+  header.writeLine({"}; /* message ", message.name, " */"});
+  header.writeLine({});
 }
 
-void writeService(std::FILE* header, const Service& service) {
-  writeLine(header, {"struct ", service.name, " {"});
-  writeLine(header, {"    struct Request {"});
+void writeService(LineWriter& header, const Service& service) {
+  header.writeLine({"struct ", service.name, " {"});
+  header.writeLine({"    struct Request {"});
   writeMembers(header, "        ", service.request);
-  writeLine(header, {"    } request; /* struct Request */"});
-  writeLine(header, {"    struct Response {"});
+  header.writeLine({"    } request; /* struct Request */"});
+  header.writeLine({"    struct Response {"});
   writeMembers(header, "        ", service.response);
-  writeLine(header, {"    } response; /* struct Response */"});
-  writeLine(header, {"}; /* service ", service.name, " */"});
-  writeLine(header, {});
+  header.writeLine({"    } response; /* struct Response */"});
+  header.writeLine({"}; /* service ", service.name, " */"});
+  header.writeLine({});
 }
 
-void closeNamespaces(std::FILE* header, const std::vector<std::string>& namespaces) {
+void closeNamespaces(LineWriter& header, const std::vector<std::string>& namespaces) {
   for (auto component = namespaces.rbegin(); component != namespaces.rend(); ++component) {
-    writeLine(header, {"} /* namespace ", *component, " */"});
+    header.writeLine({"} /* namespace ", *component, " */"});
   }
 }
 
-void writeDeclarations(std::FILE* header, const Schema& schema) {
+void writeDeclarations(LineWriter& header, const Schema& schema) {
   openNamespaces(header, schema.namespaces);
   for (const Enum& record : schema.enums) writeEnum(header, record);
   for (const Message& message : schema.messages) writeMessage(header, message);
@@ -141,51 +140,51 @@ void writeDeclarations(std::FILE* header, const Schema& schema) {
 // The bodies below close with "};" although they are functions: headers are compared byte for byte,
 // and this is how they have always ended.
 
-void writeSerializer(std::FILE* header, std::string_view type, std::string_view title,
+void writeSerializer(LineWriter& header, std::string_view type, std::string_view title,
                      const std::vector<CommonMember>& members) {
-  writeLine(header, {"template<>"});
-  writeLine(header, {"inline void serialize(const ", type, "& data, BytesBuffer& buffer) {"});
+  header.writeLine({"template<>"});
+  header.writeLine({"inline void serialize(const ", type, "& data, BytesBuffer& buffer) {"});
   for (const CommonMember& member : members) {
-    writeLine(header, {"    serialize(data.", member.name, ", buffer);"});
+    header.writeLine({"    serialize(data.", member.name, ", buffer);"});
   }
-  writeLine(header, {"}; /* serialization of ", title, " */"});
+  header.writeLine({"}; /* serialization of ", title, " */"});
 }
 
-void writeDeserializer(std::FILE* header, std::string_view type, std::string_view title,
+void writeDeserializer(LineWriter& header, std::string_view type, std::string_view title,
                        const std::vector<CommonMember>& members) {
-  writeLine(header, {"template<>"});
-  writeLine(header, {"inline void deserialize(BytesBuffer& buffer, ", type, "& data) {"});
+  header.writeLine({"template<>"});
+  header.writeLine({"inline void deserialize(BytesBuffer& buffer, ", type, "& data) {"});
   for (const CommonMember& member : members) {
-    writeLine(header, {"    deserialize(buffer, data.", member.name, ");"});
+    header.writeLine({"    deserialize(buffer, data.", member.name, ");"});
   }
-  writeLine(header, {"}; /* de-serialization of ", title, " */"});
+  header.writeLine({"}; /* de-serialization of ", title, " */"});
 }
 
-void writeMessageSerialization(std::FILE* header, const std::string& typePrefix,
+void writeMessageSerialization(LineWriter& header, const std::string& typePrefix,
                                const Message& message) {
   const std::string type = typePrefix + message.name;
   writeSerializer(header, type, type, message.members);
-  writeLine(header, {});
+  header.writeLine({});
   writeDeserializer(header, type, type, message.members);
-  writeLine(header, {});
+  header.writeLine({});
 }
 
-void writeServiceSerialization(std::FILE* header, const std::string& typePrefix,
+void writeServiceSerialization(LineWriter& header, const std::string& typePrefix,
                                const Service& service) {
   const std::string type = typePrefix + service.name;
   writeSerializer(header, type + "::Request", type + " Request", service.request);
-  writeLine(header, {});
+  header.writeLine({});
   writeSerializer(header, type + "::Response", type + " Response", service.response);
-  writeLine(header, {});
+  header.writeLine({});
   writeDeserializer(header, type + "::Request", type + " Request", service.request);
   // No empty line here, alone among all neighbours: it has never been part of the header's text.
   writeDeserializer(header, type + "::Response", type + " Response", service.response);
-  writeLine(header, {});
+  header.writeLine({});
 }
 
-void writeSerialization(std::FILE* header, const Schema& schema) {
-  writeLine(header, {});
-  writeLine(header, {"namespace zentho {"});
+void writeSerialization(LineWriter& header, const Schema& schema) {
+  header.writeLine({});
+  header.writeLine({"namespace zentho {"});
   const std::string typePrefix = TypePrefix(schema.namespaces);
   for (const Message& message : schema.messages) {
     writeMessageSerialization(header, typePrefix, message);
@@ -193,8 +192,8 @@ void writeSerialization(std::FILE* header, const Schema& schema) {
   for (const Service& service : schema.services) {
     writeServiceSerialization(header, typePrefix, service);
   }
-  writeLine(header, {"} /* namespace zentho */"});
-  writeLine(header, {});
+  header.writeLine({"} /* namespace zentho */"});
+  header.writeLine({});
 }
 
 }  // namespace
@@ -202,10 +201,10 @@ void writeSerialization(std::FILE* header, const Schema& schema) {
 void Generator::generate(std::string idlPath) const {
   const std::string path = OutputPath(idlPath);
   util::FilePath::createFile(path.c_str());
-  const File header = createUnbuffered(path);
-  writePrologue(header.get(), *schema);
-  writeDeclarations(header.get(), *schema);
-  writeSerialization(header.get(), *schema);
+  LineWriter header(path);
+  writePrologue(header, *schema);
+  writeDeclarations(header, *schema);
+  writeSerialization(header, *schema);
 }
 
 }  // namespace zentho

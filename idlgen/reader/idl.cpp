@@ -4,10 +4,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdio>
+#include <memory>
 #include <string_view>
 #include <utility>
 
-#include "io/file.h"
+#include "io/line_writer.h"
 
 namespace zentho {
 namespace {
@@ -15,7 +16,8 @@ namespace {
 /// Calls `take` with each line of the file, up to its end or the first read error.
 template <typename Take>
 void forEachLine(const std::string& path, const Take& take) {
-  const File file(std::fopen(path.c_str(), "rb"));
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
+                                                             std::fclose);
   if (file == nullptr) return;
   std::string line;
   std::array<char, 16384> block;
@@ -48,14 +50,14 @@ void printLines(const std::vector<std::list<std::string>>& lines, std::string_vi
   for (const std::list<std::string>& line : lines) {
     std::string text;
     for (const std::string& token : line) text.append(token).append(mark);
-    writeLine(stdout, {text});
+    printLine({text});
   }
 }
 
 }  // namespace
 
 void IDL::load(std::string path) {
-  writeLine(stdout, {"idl path:", path});
+  printLine({"idl path:", path});
 
   // The passes give the same line by line as for the whole file at once, and take less memory.
   forEachLine(path, [this](std::string_view line) {
@@ -111,12 +113,12 @@ void IDL::splitByBrace(std::vector<std::list<std::string>> lines,
 }
 
 void IDL::outputFinal() const {
-  writeLine(stdout, {"output final idl:"});
+  printLine({"output final idl:"});
   printLines(tokenLines, "");
 }
 
 void IDL::output(const std::vector<std::list<std::string>>& lines) {
-  writeLine(stdout, {"output idl:"});
+  printLine({"output idl:"});
   printLines(lines, "[~]");
 }
 

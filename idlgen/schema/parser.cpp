@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <exception>
 #include <list>
 #include <string>
@@ -10,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "io/file.h"
+#include "io/line_writer.h"
 
 namespace zentho {
 namespace {
@@ -21,7 +20,7 @@ bool IsIntType(std::string_view type) {
 }
 
 [[noreturn]] void failFormat(std::string_view offender) {
-  writeLine(stdout, {"WRONG format in ", offender});
+  printLine({"WRONG format in ", offender});
   throw std::exception();
 }
 
@@ -79,14 +78,14 @@ void Walk::parseStatements() {
     } else {
       failFormat(keyword);
     }
-    writeLine(stdout, {keyword, " done."});
+    printLine({keyword, " done."});
   }
 }
 
 void Walk::printTokensRead() const {
-  writeLine(stdout, {});
-  writeLine(stdout, {"lines:"});
-  for (std::size_t i = 0; i < position; ++i) writeLine(stdout, {tokens[i]});
+  printLine({});
+  printLine({"lines:"});
+  for (std::size_t i = 0; i < position; ++i) printLine({tokens[i]});
 }
 
 void Walk::parseInclude() {
@@ -97,7 +96,7 @@ void Walk::parseInclude() {
 
 void Walk::parseNamespace() {
   if (schema.namespaceSet) {
-    writeLine(stdout, {"namespace can be set only once."});
+    printLine({"namespace can be set only once."});
     throw std::exception();
   }
   schema.namespaceSet = true;  // Before the path is read: one without components counts as well.
@@ -164,7 +163,7 @@ CommonMember Walk::parseMember(std::string_view name) {
 
 std::string_view Walk::next() {
   if (position == tokens.size()) {
-    writeLine(stdout, {"unexpected end of file."});
+    printLine({"unexpected end of file."});
     throw std::exception();
   }
   return tokens[position++];

@@ -1,50 +1,48 @@
 #include "schema/schema.h"
 
-#include <cstdio>
-
-#include "io/file.h"
+#include "io/line_writer.h"
 
 namespace zentho {
 namespace {
 
 void printMembers(const std::vector<CommonMember>& members) {
   for (const CommonMember& member : members) {
-    writeLine(stdout, {" - ", member.name, ", ", member.type, ", ",
-                       member.isVector != 0 ? "vector" : "base"});
+    printLine(
+        {" - ", member.name, ", ", member.type, ", ", member.isVector != 0 ? "vector" : "base"});
   }
 }
 
 }  // namespace
 
 void Schema::output() const {
-  writeLine(stdout, {"includes:"});
-  for (const std::string& include : includes) writeLine(stdout, {"include ", include});
+  printLine({"includes:"});
+  for (const std::string& include : includes) printLine({"include ", include});
 
-  writeLine(stdout, {"namespace:"});
+  printLine({"namespace:"});
   std::string path;
   for (const std::string& component : namespaces) path.append(component).append(" ");
-  writeLine(stdout, {path});
+  printLine({path});
 
-  writeLine(stdout, {"enum:"});
+  printLine({"enum:"});
   for (const Enum& record : enums) {
-    writeLine(stdout, {"enum name ", record.name});
+    printLine({"enum name ", record.name});
     for (const EnumItem& item : record.items) {
-      writeLine(stdout, {" - ", item.name, " = ", item.value});
+      printLine({" - ", item.name, " = ", item.value});
     }
   }
 
-  writeLine(stdout, {"messages:"});
+  printLine({"messages:"});
   for (const Message& message : messages) {
-    writeLine(stdout, {"message name: ", message.name});
+    printLine({"message name: ", message.name});
     printMembers(message.members);
   }
 
-  writeLine(stdout, {"services:"});
+  printLine({"services:"});
   for (const Service& service : services) {
-    writeLine(stdout, {"service name: ", service.name});
-    writeLine(stdout, {"request: "});
+    printLine({"service name: ", service.name});
+    printLine({"request: "});
     printMembers(service.request);
-    writeLine(stdout, {"response: "});
+    printLine({"response: "});
     printMembers(service.response);
   }
 }

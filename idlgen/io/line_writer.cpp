@@ -1,0 +1,42 @@
+#include "io/line_writer.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstddef>
+
+namespace zentho {
+
+LineWriter::LineWriter(const std::string& path)
+    : LineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {}
+
+LineWriter::LineWriter(int openFile) : file(openFile), refused(openFile < 0) {}
+
+LineWriter& LineWriter::standardOutput() {
+  static LineWriter& writer = *new LineWriter(STDOUT_FILENO);
+  return writer;  // Never destroyed: at the exit a library may have something left to print.
+}
+
+LineWriter::~LineWriter() {
+  if (file >= 0) ::close(file);
+}
+
+void LineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
+  if (refused) return;
+  line.clear();
+  for (const std::string_view piece : pieces) line += piece;
+  line += '\n';
+
+  // A second round is for what a disk that is nearly full, say, has not taken of it.
+  for (std::string_view rest = line; !rest.empty() && !refused;) {
+    const ssize_t written = ::write(file, rest.data(), rest.size());
+    refused = written <= 0;
+    if (!refused) rest.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+void printLine(std::initializer_list<std::string_view> pieces) {
+  LineWriter::standardOutput().writeLine(pieces);
+}
+
+}  // namespace zentho

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace zentho {
+
+/// Writes text line by line, each line in a single write and without a buffer that could hold it
+/// back. Owns the file that it writes to.
+///
+/// Nothing is reported. A file that could not be opened takes no line, and neither does one that
+/// has refused a line: what it got stays a beginning of the whole text, without holes.
+class LineWriter {
+ public:
+  /// Opens the file at `path`, without its earlier content; makes it if there is none.
+  explicit LineWriter(const std::string& path);
+
+  /// The writer to standard output.
+  static LineWriter& standardOutput();
+
+  LineWriter(const LineWriter&) = delete;
+  LineWriter& operator=(const LineWriter&) = delete;
+  ~LineWriter();
+
+  /// Writes the pieces with nothing between them, then a line feed. Throws only for want of memory.
+  void writeLine(std::initializer_list<std::string_view> pieces);
+
+ private:
+  explicit LineWriter(int openFile);
+
+  int file;          ///< Its descriptor.
+  bool refused;      ///< Whether it takes no more.
+  std::string line;  ///< The last one, kept for its memory.
+};
+
+/// Writes one line to standard output, like `LineWriter::writeLine`.
+void printLine(std::initializer_list<std::string_view> pieces);
+
+}  // namespace zentho
