@@ -20,10 +20,10 @@ std::string OutputPath(std::string_view idlPath) {
 }
 
 /// The text with every occurrence of the pattern, a single character, replaced.
-std::string replace(std::string_view text, std::string_view pattern, std::string_view replacement) {
+std::string replace(std::string text, std::string pattern, std::string replacement) {
   std::string result;
   std::size_t begin = 0;
-  for (std::size_t match = text.find(pattern); match != std::string_view::npos;
+  for (std::size_t match = text.find(pattern); match != std::string::npos;
        match = text.find(pattern, begin)) {
     result.append(text, begin, match - begin).append(replacement);
     begin = match + 1;
@@ -33,13 +33,14 @@ std::string replace(std::string_view text, std::string_view pattern, std::string
 
 /// The C++ type of a built-in keyword; any other name stays as it is.
 std::string CheckAndTransStdType(std::string type) {
-  if (type == "uint8" || type == "uint16" || type == "uint32" || type == "uint64" ||
-      type == "int8" || type == "int16" || type == "int32" || type == "int64") {
+  using namespace std::string_view_literals;
+  if (type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
+      type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv) {
     return "std::" + type + "_t";
   }
-  if (type == "float32") return "float";
-  if (type == "float64") return "double";
-  if (type == "string") return "std::string";
+  if (type == "float32"sv) return "float";
+  if (type == "float64"sv) return "double";
+  if (type == "string"sv) return "std::string";
   return type;
 }
 

@@ -14,9 +14,10 @@
 namespace zentho {
 namespace {
 
-bool IsIntType(std::string_view type) {
-  return type == "uint8" || type == "uint16" || type == "uint32" || type == "uint64" ||
-         type == "int8" || type == "int16" || type == "int32" || type == "int64";
+bool IsIntType(std::string type) {
+  using namespace std::string_view_literals;
+  return type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
+         type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv;
 }
 
 [[noreturn]] void failFormat(std::string_view offender) {
@@ -152,13 +153,17 @@ CommonMember Walk::parseMember(std::string_view name) {
     type = type.substr(1, type.size() - 2);
   }
 
-  if (IsIntType(type)) {
+  CommonMember member;
+  member.vectorDepth = static_cast<std::int32_t>(levels);
+  member.type = type;
+  member.isVector = levels > 0 ? 1 : 0;
+  member.name = name;
+  if (IsIntType(member.type)) {
     schema.hasIntType = true;
-  } else if (type == "string") {
+  } else if (member.type == "string") {
     schema.hasString = true;
   }
-  return {static_cast<std::int32_t>(levels), std::string(type), levels > 0 ? 1 : 0,
-          std::string(name)};
+  return member;
 }
 
 std::string_view Walk::next() {
