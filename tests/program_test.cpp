@@ -89,6 +89,16 @@ TEST(Program, WritesALineOfAnyLengthInOneGo) {
   EXPECT_TRUE(result.lineByLine);
 }
 
+TEST(Program, GoesOnWithALineThatAPipeTookAPartOf) {
+  const Scratch scratch;
+  const std::string word(100000, 'x');
+  scratch.write("a.idl", word);
+  const Result result = RunProgram(scratch,
+                                   "mkfifo pipe; \"$IDLGEN\" -f a.idl >pipe & { sleep 0.2;"
+                                   " kill -STOP $!; sleep 0.1; kill -CONT $!; cat; } <pipe");
+  EXPECT_EQ(result.out, "idl path:a.idl\nWRONG format in " + word + "\n\nlines:\n" + word + "\n");
+}
+
 TEST(Program, OutlivesWhatTheSystemRefuses) {
   const Scratch scratch;
   const std::string path = scratch.write("fleet.idl", Data("program/several_files/fleet.idl"));

@@ -67,7 +67,7 @@ TEST(Reader, PassesAppendAndKeepTheLinesThatTheyShould) {
 
   Lines braced{{"old"}};
   IDL::splitByBrace(Lines{{"a{b", "c{"}, {}, {""}, {"{d"}}, braced);
-  EXPECT_EQ(Show(braced), "old;a|{|b|c{;;;{|d;");
+  EXPECT_EQ(braced, (Lines{{"old"}, {"a", "{", "b", "c{"}, {}, {}, {"{", "d"}}));
 }
 
 TEST(Reader, DumpsMarkTokensOnlyInTheGeneralForm) {

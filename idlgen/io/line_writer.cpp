@@ -8,9 +8,9 @@
 namespace zentho {
 
 LineWriter::LineWriter(const std::string& path)
-    : LineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {}
+    : LineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)) {}
 
-LineWriter::LineWriter(int openFile) : file(openFile), refused(openFile < 0) {}
+LineWriter::LineWriter(int openFile) : file(openFile) {}
 
 LineWriter& LineWriter::standardOutput() {
   static LineWriter& writer = *new LineWriter(STDOUT_FILENO);
@@ -27,11 +27,12 @@ void LineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
   for (const std::string_view piece : pieces) line += piece;
   line += '\n';
 
-  // A second round is for what a disk that is nearly full, say, has not taken of it.
-  for (std::string_view rest = line; !rest.empty() && !refused;) {
+  // One round, unless the process was stopped while a pipe had taken only a part of a long line.
+  for (std::string_view rest = line; !rest.empty();) {
     const ssize_t written = ::write(file, rest.data(), rest.size());
     refused = written <= 0;
-    if (!refused) rest.remove_prefix(static_cast<std::size_t>(written));
+    if (refused) return;
+    rest.remove_prefix(static_cast<std::size_t>(written));
   }
 }
 

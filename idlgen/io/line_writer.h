@@ -6,8 +6,9 @@
 
 namespace zentho {
 
-/// Writes text line by line, each line in a single write and without a buffer that could hold it
-/// back. Owns the file that it writes to.
+/// Writes text line by line. Each line goes out in a single write before the next one is made, slow
+/// as this is: whoever follows the output sees how far the program has come, and a run that is cut
+/// off leaves all lines up to then. Owns the file that it writes to.
 ///
 /// Nothing is reported. A file that could not be opened takes no line, and neither does one that
 /// has refused a line: what it got stays a beginning of the whole text, without holes.
@@ -29,9 +30,9 @@ class LineWriter {
  private:
   explicit LineWriter(int openFile);
 
-  int file;          ///< Its descriptor.
-  bool refused;      ///< Whether it takes no more.
-  std::string line;  ///< The last one, kept for its memory.
+  int file;              ///< Its descriptor; negative if it could not be opened.
+  bool refused = false;  ///< Whether it takes no more.
+  std::string line;      ///< The last one, kept for its memory.
 };
 
 /// Writes one line to standard output, like `LineWriter::writeLine`.
