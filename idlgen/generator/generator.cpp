@@ -31,9 +31,10 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
   return result.append(text, begin);
 }
 
-/// The C++ type of a built-in keyword; any other name stays as it is.
+/// The C++ type of a built-in keyword; any other name stays as it is. The parser has to know the
+/// integer ones as well.
 std::string CheckAndTransStdType(std::string type) {
-  using namespace std::string_view_literals;
+  using namespace std::string_view_literals;  // Such a text is compared by its length first.
   if (type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
       type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv) {
     return "std::" + type + "_t";

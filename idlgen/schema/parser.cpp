@@ -14,8 +14,9 @@
 namespace zentho {
 namespace {
 
+/// Whether it is one of the integer keywords, all of which the generator has to know as well.
 bool IsIntType(std::string type) {
-  using namespace std::string_view_literals;
+  using namespace std::string_view_literals;  // Such a text is compared by its length first.
   return type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
          type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv;
 }
