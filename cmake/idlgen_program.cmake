@@ -9,6 +9,7 @@ function(idlgen_import_program own_path problem_variable)
     cmake_path(ABSOLUTE_PATH IDLGEN_EXECUTABLE OUTPUT_VARIABLE program)
     set(problem "IDLGEN_EXECUTABLE names no program: ${program}")
   elseif(CMAKE_CROSSCOMPILING)
+    set(program NOTFOUND)  # A variable of the caller's with this name would be taken for the result.
     find_program(program idlgen PATHS ENV PATH NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
     set(problem "This is a cross build, and there is no idlgen for the build machine in its PATH. \
 Install one there or set IDLGEN_EXECUTABLE to it.")

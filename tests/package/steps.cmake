@@ -58,3 +58,8 @@ macro(configure_consumer)
   set(make ${CMAKE_COMMAND} --build ${build} --parallel 2)
   step(SUCCEEDS COMMAND ${configure} ${ARGV})
 endmacro()
+
+# The next configuration of the consumer starts anew.
+macro(forget_configuration)
+  file(REMOVE_RECURSE ${build}/CMakeCache.txt ${build}/CMakeFiles)
+endmacro()
