@@ -22,6 +22,13 @@ namespace {
 
 const std::string stem = "/dev/shm/idlgen_fuzz_" + std::to_string(getpid());
 
+/// Takes the files away when the fuzzer ends; a fault leaves them.
+struct Cleaner {
+  ~Cleaner() {
+    for (const char* extension : {".idl", ".h", ".out"}) std::remove((stem + extension).c_str());
+  }
+} cleaner;
+
 void require(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "Not so: %s\n", what);
