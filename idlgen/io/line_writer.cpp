@@ -10,13 +10,6 @@ namespace zentho {
 LineWriter::LineWriter(const std::string& path)
     : LineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)) {}
 
-LineWriter::LineWriter(int openFile) : file(openFile) {}
-
-LineWriter& LineWriter::standardOutput() {
-  static LineWriter& writer = *new LineWriter(STDOUT_FILENO);
-  return writer;  // Never destroyed: at the exit a library may have something left to print.
-}
-
 LineWriter::~LineWriter() {
   if (file >= 0) ::close(file);
 }
@@ -37,7 +30,9 @@ void LineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
 }
 
 void printLine(std::initializer_list<std::string_view> pieces) {
-  LineWriter::standardOutput().writeLine(pieces);
+  // Never destroyed: at the exit a library may have something left to print.
+  static LineWriter& standardOutput = *new LineWriter(STDOUT_FILENO);
+  standardOutput.writeLine(pieces);
 }
 
 }  // namespace zentho

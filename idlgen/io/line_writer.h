@@ -17,8 +17,8 @@ class LineWriter {
   /// Opens the file at `path`, without its earlier content; makes it if there is none.
   explicit LineWriter(const std::string& path);
 
-  /// The writer to standard output.
-  static LineWriter& standardOutput();
+  /// Takes over an open file by its descriptor. A negative one stands for none.
+  explicit LineWriter(int openFile) : file(openFile) {}
 
   LineWriter(const LineWriter&) = delete;
   LineWriter& operator=(const LineWriter&) = delete;
@@ -28,9 +28,7 @@ class LineWriter {
   void writeLine(std::initializer_list<std::string_view> pieces);
 
  private:
-  explicit LineWriter(int openFile);
-
-  int file;              ///< Its descriptor; negative if it could not be opened.
+  int file;
   bool refused = false;  ///< Whether it takes no more.
   std::string line;      ///< The last one, kept for its memory.
 };
