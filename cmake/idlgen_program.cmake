@@ -1,29 +1,53 @@
-# The imported target idlgen::idlgen for a program that is there already: the one that
-# IDLGEN_EXECUTABLE names; else, in a cross build, which cannot run what it builds, one from the
-# PATH of the build machine; else the one at the path given. Sets the variable to what is wrong if
-# there is no such program, and to nothing otherwise.
+# idlgen_import_program(<directory> <variable>)
+#
+# Creates the imported target idlgen::idlgen for an existing program: the one that IDLGEN_EXECUTABLE
+# names; else, in a cross build, which cannot run what it builds, one from the PATH of the build
+# machine; else the one in the directory. idlgen-header is taken from beside the program, else from
+# the directory. Sets the variable to what is wrong if there is no such program, else to nothing.
 cmake_minimum_required(VERSION 3.23)
 
-function(idlgen_import_program own_path problem_variable)
+function(idlgen_import_program directory problem_variable)
+  set(IDLGEN_EXECUTABLE "" CACHE FILEPATH "The idlgen that generates headers; default: the package's")
   if(IDLGEN_EXECUTABLE)
-    cmake_path(ABSOLUTE_PATH IDLGEN_EXECUTABLE OUTPUT_VARIABLE program)
-    set(problem "IDLGEN_EXECUTABLE names no program: ${program}")
+    cmake_path(ABSOLUTE_PATH IDLGEN_EXECUTABLE BASE_DIRECTORY ${CMAKE_SOURCE_DIR} NORMALIZE
+               OUTPUT_VARIABLE program)
+    set(problem "IDLGEN_EXECUTABLE does not exist or is a directory: ${program}")
   elseif(CMAKE_CROSSCOMPILING)
-    set(program NOTFOUND)  # A variable of the caller's with this name would be taken for the result.
+    set(program NOTFOUND)  # Or find_program would take a caller's variable of this name as its result.
     find_program(program idlgen PATHS ENV PATH NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
     set(problem "This is a cross build, and there is no idlgen for the build machine in its PATH. \
 Install one there or set IDLGEN_EXECUTABLE to it.")
   else()
-    set(program ${own_path})
+    set(program ${directory}/idlgen)
     set(problem "The program is missing from its package: ${program}")
   endif()
 
   if(EXISTS "${program}" AND NOT IS_DIRECTORY "${program}")
     set(problem "")
     if(NOT TARGET idlgen::idlgen)
-      add_executable(idlgen::idlgen IMPORTED GLOBAL)
-      set_target_properties(idlgen::idlgen PROPERTIES IMPORTED_LOCATION ${program})
+      _idlgen_create_target(${program} ${directory})
     endif()
   endif()
   set(${problem_variable} ${problem} PARENT_SCOPE)
+endfunction()
+
+function(_idlgen_create_target program directory)
+  add_executable(idlgen::idlgen IMPORTED GLOBAL)
+  set_target_properties(idlgen::idlgen PROPERTIES IMPORTED_LOCATION ${program})
+
+  cmake_path(REPLACE_FILENAME program idlgen-header OUTPUT_VARIABLE command)
+  if(NOT EXISTS ${command})
+    set(command env IDLGEN=${program} ${directory}/idlgen-header)
+  endif()
+  set_property(GLOBAL PROPERTY IDLGEN_COMMAND ${command})
+
+  # A program that was installed today may be older than headers that another one generated. So they
+  # depend on a copy, which each build updates if the program has other contents.
+  set(copy ${CMAKE_BINARY_DIR}/CMakeFiles/idlgen.copy)
+  add_custom_target(idlgen_program
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${program} ${copy}
+    BYPRODUCTS ${copy}
+    COMMENT "Checking whether idlgen has changed"
+    VERBATIM)
+  set_property(GLOBAL PROPERTY IDLGEN_DEPENDENCIES ${copy} idlgen_program)
 endfunction()

@@ -26,8 +26,8 @@ step(SUCCEEDS COMMAND ${make} PRINTS "Generating common/geometry.h" HIDES "Gener
 file(READ ${geometry} text)
 want("text MATCHES \"struct Line\"")
 file(APPEND ${source}/idl/make/made.in "enum More { MORE: 2 }\n")
-step(SUCCEEDS COMMAND ${make} PRINTS "Generating made.h")
-file(READ ${headers}/made_idl.idlgen/include/made.h text)
+step(SUCCEEDS COMMAND ${make} PRINTS "Generating make/made.h")
+file(READ ${headers}/made_idl.idlgen/include/make/made.h text)
 want("text MATCHES \"MORE = 2\"")
 
 # A fault stops the build, with the user's path and all that the program says, until it is mended.
@@ -41,17 +41,22 @@ file(WRITE ${geometry_idl} "${sound}")
 step(SUCCEEDS COMMAND ${make})
 step(SUCCEEDS COMMAND ${make} HIDES "Generating")
 
-# A header goes when its file is no longer one of the target's.
-file(COPY_FILE ${source}/idl/spare.idl ${source}/idl/other.idl)
+# A header is deleted when its file or its target no longer exists, and nothing else is.
+set(neighbor ${place}/build1/idl/spare_idl.idlgen/include/spare.h)
+file(WRITE ${neighbor} "")
 file(READ ${source}/idl/CMakeLists.txt text)
+file(WRITE ${source}/idl/other.idl "")
 string(REPLACE "FILES spare.idl" "FILES other.idl" changed "${text}")
-file(WRITE ${source}/idl/CMakeLists.txt "${changed}")
+file(WRITE ${source}/idl/CMakeLists.txt "${changed}\nidlgen_generate(TARGET old FILES spare.idl)")
 step(SUCCEEDS COMMAND ${make})
 want("EXISTS \"${headers}/spare_idl.idlgen/include/other.h\"")
 want("NOT EXISTS \"${headers}/spare_idl.idlgen/include/spare.h\"")
+want("EXISTS \"${headers}/old.idlgen/include/spare.h\"")
 file(WRITE ${source}/idl/CMakeLists.txt "${text}")
 file(REMOVE ${source}/idl/other.idl)
 step(SUCCEEDS COMMAND ${make})
+want("NOT EXISTS \"${headers}/old.idlgen\"")
+want("EXISTS \"${neighbor}\"")
 
 # Nothing has been written into the source tree.
 file(GLOB_RECURSE sources_now ${source}/*)
@@ -76,3 +81,6 @@ int main() { return robot::Point{0, 0}.x == 0 ? 0 : 1; }
 step(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G ${GENERATOR} -S ${place}/other -B ${place}/other/build
                       -D CMAKE_PREFIX_PATH=${place}/installed)
 step(SUCCEEDS COMMAND ${CMAKE_COMMAND} --build ${place}/other/build)
+
+step(SUCCEEDS COMMAND ${make} --target clean)
+want("NOT EXISTS \"${headers}/robot_idl.idlgen\"")

@@ -51,7 +51,7 @@ endmacro()
 macro(configure_consumer)
   file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer DESTINATION ${place})
   set(source ${place}/consumer)
-  set(build ${place}/build)
+  set(build "${place}/build[1]")
   set(headers ${build}/idl)
   set(configure ${CMAKE_COMMAND} -G ${GENERATOR} -S ${source} -B ${build}
                 -D CMAKE_PREFIX_PATH=${PREFIX} -D FRAMEWORK_DIR=${FRAMEWORK_DIR})

@@ -1,5 +1,5 @@
 #include "common/geometry.h"
-#include "made.h"
+#include "make/made.h"
 #include "robot.nav.h"
 
 int main() {
