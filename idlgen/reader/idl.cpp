@@ -45,6 +45,11 @@ std::string_view WithoutComment(std::string_view line) {
   return line;
 }
 
+/// Moves the first token of the line to the end of the pieces without copying it.
+void moveFront(std::list<std::string>& line, std::list<std::string>& pieces) {
+  pieces.splice(pieces.end(), line, line.begin());
+}
+
 /// Prints every line as its tokens in a row, each followed by the mark.
 void printLines(const std::vector<std::list<std::string>>& lines, std::string_view mark) {
   for (const std::list<std::string>& line : lines) {
@@ -88,7 +93,16 @@ void IDL::splitBySpace(std::vector<std::string> lines,
 void IDL::splitByColon(std::vector<std::list<std::string>> lines,
                        std::vector<std::list<std::string>>& output) {
   for (std::list<std::string>& line : lines) {
-    for (std::string& token : line) split(std::move(token), output.emplace_back(), ':');
+    while (!line.empty()) {
+      std::list<std::string>& pieces = output.emplace_back();
+      std::string& token = line.front();
+      if (!token.empty() && token.find(':') == std::string::npos) {
+        moveFront(line, pieces);
+      } else {
+        split(std::move(token), pieces, ':');
+        line.pop_front();
+      }
+    }
   }
 }
 
@@ -107,8 +121,16 @@ void IDL::splitByBrace(std::string token, std::list<std::string>& output) {
 void IDL::splitByBrace(std::vector<std::list<std::string>> lines,
                        std::vector<std::list<std::string>>& output) {
   for (std::list<std::string>& line : lines) {
-    std::list<std::string>& cut = output.emplace_back();
-    for (std::string& token : line) splitByBrace(std::move(token), cut);
+    std::list<std::string>& pieces = output.emplace_back();
+    while (!line.empty()) {
+      std::string& token = line.front();
+      if (!token.empty() && token.find('{') == std::string::npos) {
+        moveFront(line, pieces);
+      } else {
+        splitByBrace(std::move(token), pieces);
+        line.pop_front();
+      }
+    }
   }
 }
 
