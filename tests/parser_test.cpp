@@ -116,11 +116,5 @@ TEST(Parser, KeepsWhatCameBeforeTheFault) {
   EXPECT_TRUE(schema.hasString && schema.hasIntType && schema.namespaceSet);
 }
 
-TEST(Parser, SetsTheNamespaceBeforeItReadsThePath) {
-  Schema schema;
-  Parse("namespace", schema, true);
-  EXPECT_TRUE(schema.namespaceSet);
-}
-
 }  // namespace
 }  // namespace zentho

@@ -1,11 +1,25 @@
 #include "io/line_writer.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstddef>
 
 namespace zentho {
+namespace {
+
+/// Returns whether a failed write can be repeated. Waits until the file accepts data again.
+bool WaitToRetry(int file) {
+  if (errno == EAGAIN) {
+    pollfd output = {file, POLLOUT, 0};
+    return ::poll(&output, 1, -1) > 0 || errno == EINTR;
+  }
+  return errno == EINTR;
+}
+
+}  // namespace
 
 LineWriter::LineWriter(const std::string& path)
     : LineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)) {}
@@ -15,22 +29,25 @@ LineWriter::~LineWriter() {
 }
 
 void LineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
-  if (refused) return;
-  line.clear();
-  for (const std::string_view piece : pieces) line += piece;
-  line += '\n';
+  if (failed) return;
+  buffer.clear();
+  for (const std::string_view piece : pieces) buffer += piece;
+  buffer += '\n';
 
-  // One round, unless the process was stopped while a pipe had taken only a part of a long line.
-  for (std::string_view rest = line; !rest.empty();) {
+  // One iteration, unless a pipe accepts only a part of the line.
+  for (std::string_view rest = buffer; !rest.empty();) {
     const ssize_t written = ::write(file, rest.data(), rest.size());
-    refused = written <= 0;
-    if (refused) return;
-    rest.remove_prefix(static_cast<std::size_t>(written));
+    if (written > 0) {
+      rest.remove_prefix(static_cast<std::size_t>(written));
+    } else if (written == 0 || !WaitToRetry(file)) {
+      failed = true;
+      return;
+    }
   }
 }
 
 void printLine(std::initializer_list<std::string_view> pieces) {
-  // Never destroyed: at the exit a library may have something left to print.
+  // Never destroyed: that would close standard output, and a library may still print at exit.
   static LineWriter& standardOutput = *new LineWriter(STDOUT_FILENO);
   standardOutput.writeLine(pieces);
 }

@@ -6,31 +6,33 @@
 
 namespace zentho {
 
-/// Writes text line by line. Each line goes out in a single write before the next one is made, slow
-/// as this is: whoever follows the output sees how far the program has come, and a run that is cut
-/// off leaves all lines up to then. Owns the file that it writes to.
+/// Writes text to a file line by line. Owns the file.
 ///
-/// Nothing is reported. A file that could not be opened takes no line, and neither does one that
-/// has refused a line: what it got stays a beginning of the whole text, without holes.
+/// Each line is one unbuffered write. This is slow but deliberate: anyone watching the output sees
+/// the progress, and an interrupted run keeps all lines so far.
+///
+/// Errors are not reported. After a failed open or write, further lines are dropped, so the file
+/// always holds a prefix of the text. A write that would block, because somebody has set O_NONBLOCK
+/// on a shared terminal or pipe, is not a failure: the writer waits.
 class LineWriter {
  public:
-  /// Opens the file at `path`, without its earlier content; makes it if there is none.
+  /// Opens the file at `path` and truncates it, or creates it.
   explicit LineWriter(const std::string& path);
 
-  /// Takes over an open file by its descriptor. A negative one stands for none.
-  explicit LineWriter(int openFile) : file(openFile) {}
+  /// Takes ownership of a file descriptor. A negative one drops all lines.
+  explicit LineWriter(int descriptor) : file(descriptor) {}
 
   LineWriter(const LineWriter&) = delete;
   LineWriter& operator=(const LineWriter&) = delete;
   ~LineWriter();
 
-  /// Writes the pieces with nothing between them, then a line feed. Throws only for want of memory.
+  /// Writes the concatenated pieces and a line feed. Throws only if memory runs out.
   void writeLine(std::initializer_list<std::string_view> pieces);
 
  private:
   int file;
-  bool refused = false;  ///< Whether it takes no more.
-  std::string line;      ///< The last one, kept for its memory.
+  bool failed = false;  ///< Set by the first failed write.
+  std::string buffer;   ///< The current line; a member so that its allocation is reused.
 };
 
 /// Writes one line to standard output, like `LineWriter::writeLine`.
