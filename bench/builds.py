@@ -1,9 +1,9 @@
-"""Builds of many small headers with Ninja: by idlgen_generate, and by custom commands that run flatc."""
+"""Ninja builds of many small headers: with idlgen_generate, and with custom commands that run flatc."""
 import shutil
 import statistics
 import subprocess
 
-from inputs import PEERS, idlgen
+from inputs import TOOLS, idlgen
 from timing import run
 
 COUNT = 500
@@ -17,7 +17,7 @@ PROJECTS = {
 find_package(idlgen CONFIG REQUIRED)
 idlgen_generate(TARGET headers FILES ${files})
 """),
-    "flatc": ("fbs", PEERS["flatc"][2], """
+    "flatc": ("fbs", TOOLS["flatc"][2], """
 foreach(file IN LISTS files)
   cmake_path(GET file STEM stem)
   add_custom_command(OUTPUT ${stem}_generated.h COMMAND flatc --cpp ${file} DEPENDS ${file})
@@ -31,10 +31,10 @@ def quietly(*command):
     subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
 
 
-def configured(peer, folder, prefix):
-    """Writes, configures and builds the peer's project. Returns its build directory."""
-    extension, text, project = PROJECTS[peer]
-    source = folder / peer
+def configured(tool, folder, prefix):
+    """Writes, configures and builds the tool's project. Returns its build directory."""
+    extension, text, project = PROJECTS[tool]
+    source = folder / tool
     source.mkdir()
     (source / "CMakeLists.txt").write_text(START + project)
     for i in range(COUNT):
@@ -46,12 +46,12 @@ def configured(peer, folder, prefix):
 
 
 def medians_of_builds(folder, prefix, runs=5):
-    """For each peer, the seconds of a full build and of one with nothing to do. They take turns."""
-    builds = {peer: configured(peer, folder, prefix) for peer in PROJECTS if shutil.which(peer)
-              or peer == "idlgen"}
-    times = {peer: [] for peer in builds}
+    """Returns, for each tool, the median seconds of a full build and of one with nothing to do."""
+    builds = {tool: configured(tool, folder, prefix) for tool in PROJECTS if shutil.which(tool)
+              or tool == "idlgen"}
+    times = {tool: [] for tool in builds}
     for _ in range(runs):
-        for peer, build in builds.items():
+        for tool, build in builds.items():
             quietly("ninja", "-C", build, "clean")
-            times[peer].append([run(["ninja", "-C", build])[0] for _ in ("full", "idle")])
-    return {peer: [statistics.median(kind) for kind in zip(*rounds)] for peer, rounds in times.items()}
+            times[tool].append([run(["ninja", "-C", build])[0] for _ in ("full", "idle")])
+    return {tool: [statistics.median(kind) for kind in zip(*rounds)] for tool, rounds in times.items()}

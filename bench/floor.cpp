@@ -1,6 +1,6 @@
-// The least that the tool has to do: write a header, one write a line.
-//   idlgen_floor HEADER COPY    writes the lines of HEADER to COPY
-//   idlgen_floor                does nothing, as the measure of a start
+// A lower bound for the tool's run time: only writes the header, with one write per line.
+//   idlgen_floor HEADER COPY    copies HEADER to COPY
+//   idlgen_floor                does nothing, to measure the start of a process
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-"""What scripts/bench feeds to the tool: messages for it and its peers, and texts that grow."""
+"""The inputs of scripts/bench: messages for idlgen and other tools, and inputs of growing size."""
 
 FIELDS = ["int8", "int16", "int32", "int64", "float32", "float64", "string", "int32"]
 
@@ -10,7 +10,7 @@ LCM = {"int8": "int8_t", "int16": "int16_t", "int32": "int32_t", "int64": "int64
 
 
 def messages(count, head, opening, field, names):
-    """A schema of messages with eight fields each, in the words of one of the tools."""
+    """A schema of messages with eight fields each, in the language of one tool."""
     body = "".join(field.format(type=names.get(t, t), i=i, n=i + 1) for i, t in enumerate(FIELDS))
     return head + "".join(opening.format(i=i) + body + "}\n" for i in range(count))
 
@@ -19,8 +19,8 @@ def idlgen(count):
     return messages(count, "", "message Message{i} {{\n", "    field{i}: {type}\n", {})
 
 
-# For each peer: the extension of its files, its command line, and how it puts the same messages.
-PEERS = {
+# Other tools: the extension of their files, the command line, and a function for the same messages.
+TOOLS = {
     "protoc": ("proto", "protoc -I{dir} --cpp_out={dir} {file}", lambda count: messages(
         count, 'syntax = "proto3";\n', "message Message{i} {{\n", "  {type} field{i} = {n};\n", PROTOC)),
     "flatc": ("fbs", "flatc --cpp -o {dir} {file}", lambda count: messages(
@@ -29,7 +29,7 @@ PEERS = {
         count, "", "struct Message{i} {{\n", "  {type} field{i};\n", LCM)),
 }
 
-# Each text is one of n parts, and the time for it must grow as n does.
+# Inputs of n parts each. The time must grow in proportion to n.
 GROWING = {
     "members in one line": lambda n: "message M { " + "x: int8 " * n + "}",
     "brackets of a type": lambda n: "message M { x: " + "[" * (n // 2) + "int8" + "]" * (n // 2) + " }",

@@ -1,4 +1,4 @@
-// How the time of each stage grows with the number of messages.
+// Measures how the time of each stage grows with the number of messages.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -16,7 +16,7 @@ namespace {
 
 const std::string path = "/dev/shm/idlgen_stages.idl";
 
-/// Writes a file of as many messages as the benchmark asks for.
+/// Writes a file with the number of messages that the benchmark asks for.
 void writeMessages(const benchmark::State& state) {
   std::ofstream file(path);
   for (int i = 0; i < state.range(0); ++i) {
@@ -79,7 +79,7 @@ BENCHMARK(generate)->RangeMultiplier(4)->Range(64, 16384)->Complexity();
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
-  // What the stages print goes nowhere; the report takes the other way out.
+  // Discards the output of the stages. The report goes to standard error.
   if (std::freopen("/dev/null", "w", stdout) == nullptr) return 1;
   benchmark::ConsoleReporter report;
   report.SetOutputStream(&std::cerr);

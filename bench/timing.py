@@ -1,4 +1,4 @@
-"""Whole processes timed from outside."""
+"""Measures whole processes."""
 import os
 import statistics
 import time
@@ -7,7 +7,7 @@ SILENCE = [(os.POSIX_SPAWN_OPEN, stream, "/dev/null", os.O_WRONLY, 0) for stream
 
 
 def run(command):
-    """Wall seconds, processor seconds and peak bytes of one run."""
+    """Returns the wall seconds, processor seconds and peak bytes of one run."""
     start = time.perf_counter()
     child = os.posix_spawnp(command[0], command, os.environ, file_actions=SILENCE)
     usage = os.wait4(child, 0)[2]
@@ -15,6 +15,6 @@ def run(command):
 
 
 def medians(commands, runs):
-    """The medians of each command's figures; the commands take turns."""
+    """Returns the medians of each command. The commands run in turn."""
     rounds = [[run(command) for command in commands] for _ in range(runs)]
     return [[statistics.median(figure) for figure in zip(*column)] for column in zip(*rounds)]

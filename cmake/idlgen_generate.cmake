@@ -16,7 +16,7 @@ cmake_minimum_required(VERSION 3.23)
 function(idlgen_generate)
   foreach(argument IN LISTS ARGV)
     if(argument STREQUAL "")
-      message(FATAL_ERROR "idlgen_generate: an argument is empty: ${ARGV}")
+      message(FATAL_ERROR "idlgen_generate: empty argument: ${ARGV}")
     endif()
   endforeach()
   cmake_parse_arguments(PARSE_ARGV 0 arg "" "TARGET;BASE_DIR" "FILES;DEPENDS")
@@ -24,23 +24,23 @@ function(idlgen_generate)
     message(FATAL_ERROR "idlgen_generate: unknown argument: ${arg_UNPARSED_ARGUMENTS}")
   endif()
   if(arg_KEYWORDS_MISSING_VALUES)
-    message(FATAL_ERROR "idlgen_generate: nothing follows ${arg_KEYWORDS_MISSING_VALUES}")
+    message(FATAL_ERROR "idlgen_generate: no value after ${arg_KEYWORDS_MISSING_VALUES}")
   endif()
   if(NOT DEFINED arg_TARGET)
-    message(FATAL_ERROR "idlgen_generate: TARGET is missing")
+    message(FATAL_ERROR "idlgen_generate: missing TARGET")
   endif()
   if(NOT arg_TARGET MATCHES "^[A-Za-z0-9_.+-]+$")
-    message(FATAL_ERROR "idlgen_generate: no target can have the name ${arg_TARGET}")
+    message(FATAL_ERROR "idlgen_generate: not a valid target name: ${arg_TARGET}")
   endif()
   if(NOT DEFINED arg_FILES)
-    message(FATAL_ERROR "idlgen_generate: FILES is missing for the target ${arg_TARGET}")
+    message(FATAL_ERROR "idlgen_generate: missing FILES for the target ${arg_TARGET}")
   endif()
   if(NOT TARGET idlgen::idlgen)
-    message(FATAL_ERROR "idlgen_generate: there is no program idlgen::idlgen to run")
+    message(FATAL_ERROR "idlgen_generate: the target idlgen::idlgen does not exist")
   endif()
   foreach(target ${arg_TARGET} ${arg_TARGET}_generate)
     if(TARGET ${target})
-      message(FATAL_ERROR "idlgen_generate: there is a target ${target} already")
+      message(FATAL_ERROR "idlgen_generate: the target ${target} already exists")
     endif()
   endforeach()
 
@@ -74,15 +74,15 @@ function(idlgen_generate)
   set_property(GLOBAL APPEND PROPERTY IDLGEN_DIRECTORIES ${directory})
   set_property(DIRECTORY APPEND PROPERTY ADDITIONAL_CLEAN_FILES ${directory})
 
-  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})  # Some are only installed.
+  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})  # Some headers are only installed.
   add_library(${arg_TARGET} INTERFACE)
   add_dependencies(${arg_TARGET} ${arg_TARGET}_generate)
   target_sources(${arg_TARGET} INTERFACE
     FILE_SET HEADERS BASE_DIRS ${include} FILES ${headers})
 endfunction()
 
-# Gives the absolute path of an IDL file, and the path of its header below the include directory.
-# Refuses a file that cannot have a header there.
+# Returns the absolute path of an IDL file, and the path of its header below the include directory.
+# Rejects files that cannot have a header there.
 function(_idlgen_locate file base idl_variable name_variable)
   if(file MATCHES "\\$<")
     message(FATAL_ERROR "idlgen_generate: FILES does not support generator expressions: ${file}")
@@ -105,20 +105,20 @@ break or, with make, a colon, which CMake does not support in the names of gener
 
   get_source_file_property(generated "${idl}" GENERATED)
   if(NOT generated AND (NOT EXISTS "${idl}" OR IS_DIRECTORY "${idl}"))
-    message(FATAL_ERROR "idlgen_generate: there is no file ${file}")
+    message(FATAL_ERROR "idlgen_generate: file not found: ${file}")
   endif()
   if(NOT inside)
     message(FATAL_ERROR "idlgen_generate: ${file} is not below the base directory ${base}")
   endif()
   cmake_path(RELATIVE_PATH idl BASE_DIRECTORY "${base}" OUTPUT_VARIABLE name)
 
-  # Like the program, only the last extension counts.
+  # As in idlgen, only the last extension is replaced.
   cmake_path(GET name EXTENSION LAST_ONLY extension)
   if(extension MATCHES "^\\.?$")
-    message(FATAL_ERROR "idlgen_generate: ${file} has no extension that .h could replace")
+    message(FATAL_ERROR "idlgen_generate: ${file} has no extension to replace with .h")
   endif()
   if(extension STREQUAL ".h")
-    message(FATAL_ERROR "idlgen_generate: ${file} has the name of its own header")
+    message(FATAL_ERROR "idlgen_generate: ${file} already has the extension .h")
   endif()
   cmake_path(REPLACE_EXTENSION name LAST_ONLY .h)
 
@@ -126,8 +126,8 @@ break or, with make, a colon, which CMake does not support in the names of gener
   set(${name_variable} "${name}" PARENT_SCOPE)
 endfunction()
 
-# Deletes the headers below a target's include directory that are not among its names: those of IDL
-# files that no longer belong to it. The files that running builds work on are left alone.
+# Deletes the headers of IDL files that no longer belong to the target: those that are not in the list
+# of names. Does not delete the temporary files of idlgen-header, as another build may be running.
 function(_idlgen_remove_old_headers include config_directory names)
   string(REGEX REPLACE "[][*?]" "[\\0]" pattern "${include}")
   file(GLOB_RECURSE paths RELATIVE "${include}" "${pattern}/*.h")
@@ -142,7 +142,7 @@ function(_idlgen_remove_old_headers include config_directory names)
   endforeach()
 endfunction()
 
-# Deletes the directories of targets that the configuration before this one had and this one has not.
+# Deletes the directories of targets that existed after the previous configuration but not any more.
 function(_idlgen_remove_old_targets)
   get_property(directories GLOBAL PROPERTY IDLGEN_DIRECTORIES)
   foreach(directory IN LISTS IDLGEN_DIRECTORIES)
@@ -150,10 +150,10 @@ function(_idlgen_remove_old_targets)
       file(REMOVE_RECURSE "${directory}")
     endif()
   endforeach()
-  set(IDLGEN_DIRECTORIES "${directories}" CACHE INTERNAL "What idlgen_generate has filled")
+  set(IDLGEN_DIRECTORIES "${directories}" CACHE INTERNAL "The directories of idlgen_generate")
 endfunction()
 
-# Once a configuration, at its end.
+# Runs once, at the end of the configuration.
 get_property(scheduled GLOBAL PROPERTY IDLGEN_DIRECTORIES SET)
 if(NOT scheduled)
   set_property(GLOBAL PROPERTY IDLGEN_DIRECTORIES "")

@@ -1,19 +1,21 @@
 # idlgen_import_program(<directory> <variable>)
 #
-# Creates the imported target idlgen::idlgen for an existing program: the one that IDLGEN_EXECUTABLE
-# names; else, in a cross build, which cannot run what it builds, one from the PATH of the build
-# machine; else the one in the directory. idlgen-header is taken from beside the program, else from
-# the directory. Sets the variable to what is wrong if there is no such program, else to nothing.
+# Creates the imported target idlgen::idlgen for an existing program:
+#   - the one that IDLGEN_EXECUTABLE names, if set,
+#   - otherwise, in a cross build, one from the PATH of the build machine,
+#   - otherwise, the one in the directory.
+# idlgen-header is taken from the directory of the program or, if it is not there, from the given one.
+# Sets the variable to an error message if the program does not exist, otherwise to an empty string.
 cmake_minimum_required(VERSION 3.23)
 
 function(idlgen_import_program directory problem_variable)
-  set(IDLGEN_EXECUTABLE "" CACHE FILEPATH "The idlgen that generates headers; default: the package's")
+  set(IDLGEN_EXECUTABLE "" CACHE FILEPATH "The idlgen to run, if not the one of the package")
   if(IDLGEN_EXECUTABLE)
     cmake_path(ABSOLUTE_PATH IDLGEN_EXECUTABLE BASE_DIRECTORY ${CMAKE_SOURCE_DIR} NORMALIZE
                OUTPUT_VARIABLE program)
     set(problem "IDLGEN_EXECUTABLE does not exist or is a directory: ${program}")
   elseif(CMAKE_CROSSCOMPILING)
-    set(program NOTFOUND)  # Or find_program would take a caller's variable of this name as its result.
+    set(program NOTFOUND)  # Otherwise find_program may return a variable of the caller.
     find_program(program idlgen PATHS ENV PATH NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
     set(problem "This is a cross build, and there is no idlgen for the build machine in its PATH. \
 Install one there or set IDLGEN_EXECUTABLE to it.")
@@ -41,8 +43,8 @@ function(_idlgen_create_target program directory)
   endif()
   set_property(GLOBAL PROPERTY IDLGEN_COMMAND ${command})
 
-  # A program that was installed today may be older than headers that another one generated. So they
-  # depend on a copy, which each build updates if the program has other contents.
+  # A new program may have an older timestamp than the headers. So they depend on a copy, which each
+  # build updates if the contents of the program have changed.
   set(copy ${CMAKE_BINARY_DIR}/CMakeFiles/idlgen.copy)
   add_custom_target(idlgen_program
     COMMAND ${CMAKE_COMMAND} -E copy_if_different ${program} ${copy}

@@ -14,7 +14,7 @@
 namespace zentho {
 namespace {
 
-/// Takes one IDL file from its text to its header. Any failure leaves as a std::exception.
+/// Generates the header of one IDL file. Throws std::exception on failure.
 void processFile(const std::string& path, const Parser& parser, bool verbose) {
   IDL idl;
   idl.load(path);
@@ -24,7 +24,7 @@ void processFile(const std::string& path, const Parser& parser, bool verbose) {
   try {
     parser.parse(idl, schema);
   } catch (const std::exception&) {
-    if (verbose) schema.output();  // As far as it was filled.
+    if (verbose) schema.output();  // The statements before the error.
     throw std::exception();
   }
   if (verbose) schema.output();
@@ -32,7 +32,7 @@ void processFile(const std::string& path, const Parser& parser, bool verbose) {
   Generator(schema).generate(path);
 }
 
-/// Runs the mode that the command line asks for and gives the value for main to return.
+/// Executes the command line. Returns the exit status.
 int run(int argc, char** argv) {
   if (argc < 2) {
     printLine({"no param found."});
@@ -45,7 +45,7 @@ int run(int argc, char** argv) {
     for (const std::string& path : paths) processFile(path, parser, mode == "-fv");
     return 0;
   }
-  if (mode == "-d") return 0;  // Accepted, and does nothing.
+  if (mode == "-d") return 0;  // Does nothing.
   printLine({"mode not supported"});
   return -1;
 }
@@ -54,12 +54,13 @@ int run(int argc, char** argv) {
 }  // namespace zentho
 
 int main(int argc, char** argv) {
-  // What the system refuses to take, the run loses; it is not killed for it.
+  // Ignored so that a closed pipe or a file size limit does not kill the program. Output that
+  // cannot be written is lost.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   try {
     return zentho::run(argc, argv);
   } catch (...) {
-    return EXIT_FAILURE;  // What there is to say has been printed.
+    return EXIT_FAILURE;  // The error has been printed.
   }
 }

@@ -12,7 +12,7 @@
 namespace zentho {
 namespace {
 
-/// The header of a model. Generating must print nothing.
+/// Generates the header of a model, which must print nothing, and returns it.
 std::string Header(const Schema& schema) {
   const Scratch scratch;
   EXPECT_EQ(Printed([&] { Generator(schema).generate(scratch.path("new/one.idl")); }), "");
@@ -22,7 +22,7 @@ std::string Header(const Schema& schema) {
 const std::string framework = "#pragma once\n\n#include <zentho/serialization/serialization.h>\n";
 const std::string noTypes = "\n\n\nnamespace zentho {\n} /* namespace zentho */\n\n";
 
-TEST(Generator, IncludesWhatEachFlagAsksFor) {
+TEST(Generator, WritesIncludesForFlags) {
   EXPECT_EQ(Header({}), framework + noTypes);
 
   const std::vector<std::pair<bool Schema::*, std::string>> flags = {
@@ -42,7 +42,7 @@ TEST(Generator, IncludesWhatEachFlagAsksFor) {
   EXPECT_EQ(Header(all), framework + everyLine + "#include \"a.b/c.h\"\n" + noTypes);
 }
 
-TEST(Generator, NamesTypesGloballyWithoutANamespace) {
+TEST(Generator, QualifiesTypesWithoutNamespace) {
   Schema schema;
   schema.messages.push_back({"Pose", {{3, "a", 0, "flat"}, {2, ".x..y", 1, "deep"}}});
   EXPECT_EQ(Header(schema), Data("pose.h.expected"));

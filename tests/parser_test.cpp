@@ -10,7 +10,7 @@
 namespace zentho {
 namespace {
 
-/// Parses the text into the schema and gives what is printed. A failure must be a plain exception.
+/// Parses the text and returns the output. If it fails, the exception must be a plain one.
 std::string Parse(const std::string& text, Schema& schema, bool fails = false) {
   const IDL idl = Load(text);
   return Printed([&] {
@@ -29,13 +29,13 @@ std::string Join(const std::vector<std::string>& strings) {
   return text;
 }
 
-TEST(Parser, FillsTheModelThatTheDumpShows) {
+TEST(Parser, FillsTheModel) {
   Schema schema;
   EXPECT_EQ(Parse(Data("program/several_files/fleet.idl"), schema), Data("fleet.progress"));
   EXPECT_EQ(Printed([&] { schema.output(); }), Data("fleet.dump"));
 }
 
-TEST(Parser, IncludeLosesItsFirstCharacterAndItsExtension) {
+TEST(Parser, IncludeDropsFirstCharacterAndExtension) {
   Schema schema;
   Parse(
       "include \"base.idl\" include <net/link.idl> include 'geo/point.old.idl' include base.idl "
@@ -44,7 +44,7 @@ TEST(Parser, IncludeLosesItsFirstCharacterAndItsExtension) {
   EXPECT_EQ(Join(schema.includes), "[base][net/link][geo/point.old][ase][ase][hidden][][][a]");
 }
 
-TEST(Parser, NamespaceIsCutAtItsDots) {
+TEST(Parser, SplitsNamespaceAtDots) {
   for (const auto& [path, components] : std::vector<std::pair<std::string, std::string>>{
            {"robot.msgs", "[robot][msgs]"}, {".robot..msgs.", "[robot][msgs]"}, {"a", "[a]"}}) {
     Schema schema;
@@ -54,7 +54,7 @@ TEST(Parser, NamespaceIsCutAtItsDots) {
   }
 }
 
-TEST(Parser, MemberTypesLoseTheirBrackets) {
+TEST(Parser, StripsBracketsFromTypes) {
   for (const auto& [declared, element, depth] :
        std::vector<std::tuple<const char*, const char*, int>>{{"int32", "int32", 0},
                                                               {"[string]", "string", 1},
@@ -72,7 +72,7 @@ TEST(Parser, MemberTypesLoseTheirBrackets) {
   }
 }
 
-TEST(Parser, ElementTypesSetTheFlags) {
+TEST(Parser, ElementTypesSetFlags) {
   for (const auto& [types, isInt, isString] : std::vector<std::tuple<const char*, bool, bool>>{
            {"uint8 uint16 uint32 uint64 int8 int16 int32 int64 [[uint8]] x[int8]]", true, false},
            {"string [string]", false, true},
@@ -82,7 +82,7 @@ TEST(Parser, ElementTypesSetTheFlags) {
       for (const char* before : {"message M { m ", "service S { request { m ",
                                  "service S { request { } response { m "}) {
         Schema schema;
-        Parse(before + type, schema, true);  // The flags are set although the statement fails.
+        Parse(before + type, schema, true);  // Flags are set even if the statement fails.
         EXPECT_EQ(schema.hasIntType, isInt) << type;
         EXPECT_EQ(schema.hasString, isString) << type;
         EXPECT_FALSE(schema.hasVector || schema.hasMat || schema.namespaceSet);
@@ -91,19 +91,19 @@ TEST(Parser, ElementTypesSetTheFlags) {
   }
 }
 
-/// The files of tests/data/faults are named after their one fault.
-TEST(Parser, NamesEachFaultAndTheTokensReadSoFar) {
-  for (const auto& file : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/faults")) {
+/// Each file in tests/data/errors is named after its one error.
+TEST(Parser, ReportsErrorAndTokensReadSoFar) {
+  for (const auto& file : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/errors")) {
     if (file.path().extension() != ".idl") continue;
-    const std::string fault = file.path().stem();
-    SCOPED_TRACE(fault);
+    const std::string error = file.path().stem();
+    SCOPED_TRACE(error);
     Schema schema;
-    EXPECT_EQ(Parse(ReadAll(file.path()), schema, true), Data("faults/" + fault + ".out"));
+    EXPECT_EQ(Parse(ReadAll(file.path()), schema, true), Data("errors/" + error + ".out"));
     EXPECT_TRUE(schema.enums.empty() && schema.messages.empty() && schema.services.empty());
   }
 }
 
-TEST(Parser, KeepsWhatCameBeforeTheFault) {
+TEST(Parser, KeepsStatementsBeforeTheError) {
   Schema schema;
   EXPECT_EQ(
       Parse("namespace ..\ninclude \"a.idl\" enum E { } message M { x string y int8 z [ }", schema,

@@ -72,7 +72,7 @@ Result RunProgram(const Scratch& scratch, const std::string& command,
 
 /// A case is a directory with a command, its expected output and status, the files that it reads,
 /// and those that it must write, with ".expected" after their names.
-TEST(Program, MatchesTheExpectedResultOfEachCase) {
+TEST(Program, MatchesExpectedResultOfEachCase) {
   for (const auto& directory : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/program")) {
     SCOPED_TRACE(directory.path().filename());
     const Scratch scratch;

@@ -8,7 +8,7 @@ namespace {
 
 using Lines = std::vector<std::list<std::string>>;
 
-/// The tokens of a line joined by '|', and ';' after each line.
+/// Joins the tokens of a line with '|' and ends each line with ';'.
 std::string Show(const Lines& lines) {
   std::string text;
   for (const std::list<std::string>& line : lines) {
@@ -24,30 +24,31 @@ struct Case {
   std::string lines;
 };
 
-TEST(Reader, CutsTextIntoTokenLines) {
+TEST(Reader, SplitsTextIntoTokenLines) {
   const std::vector<Case> cases = {
-      {"NothingGivesNothing", "", ""},
-      {"BlankAndCommentLinesLeaveNoLine", "\n   \n# a\n  // b\n#\n//", ""},
+      {"EmptyFileHasNoLines", "", ""},
+      {"IgnoresBlankAndCommentLines", "\n   \n# a\n  // b\n#\n//", ""},
       {"LastLineNeedsNoLineFeed", "a\nb", "a;b;"},
       {"CommentStartsAtTheFirstHash", "a#b#c\nd # e\n#f", "a;d;"},
-      {"HashMakesSlashesOrdinary", "x: float64 // see #3\n// y # z", "x;float64;//;see;//;y;"},
-      {"CommentStartsAtSlashesThatComeFirst", "x // y / z\nv//w", "x;v;"},
-      {"ALoneSlashMakesLaterOnesOrdinary", "a/b: c // d", "a/b;c;//;d;"},
-      {"SlashMayEndTheLine", "a /\nb/\n/", "a;/;b/;/;"},
-      {"SpacesOnlySeparate", "  a   b  ", "a;b;"},
-      {"ColonsCutATokenWithinItsLine", "x:float64 y : z :w:", "x|float64;y;;z;w;"},
-      {"ColonsAloneLeaveAnEmptyLine", ":: a:::b", ";a|b;"},
-      {"BraceBeforeMoreTextIsCutOut", "{x Pose{x a{b{c", "{|x;Pose|{|x;a|{|b|{|c;"},
-      {"BraceAtTheEndStays", "{ {{ Pose{ a{b{", "{;{|{;Pose{;a|{|b{;"},
-      {"ColonsCutBeforeBraces", "a:{b:c{d:{", "a|{|b|c|{|d|{;"},
+      {"SlashesAreOrdinaryInLinesWithHash", "x: float64 // see #3\n// y # z",
+       "x;float64;//;see;//;y;"},
+      {"CommentStartsAtFirstSlashes", "x // y / z\nv//w", "x;v;"},
+      {"SlashesAreOrdinaryAfterASingleSlash", "a/b: c // d", "a/b;c;//;d;"},
+      {"LineMayEndWithSlash", "a /\nb/\n/", "a;/;b/;/;"},
+      {"IgnoresRepeatedSpaces", "  a   b  ", "a;b;"},
+      {"SplitsAtColonsWithinALine", "x:float64 y : z :w:", "x|float64;y;;z;w;"},
+      {"ColonsOnlyGiveAnEmptyLine", ":: a:::b", ";a|b;"},
+      {"SplitsAtBraceBeforeText", "{x Pose{x a{b{c", "{|x;Pose|{|x;a|{|b|{|c;"},
+      {"KeepsBraceAtTheEnd", "{ {{ Pose{ a{b{", "{;{|{;Pose{;a|{|b{;"},
+      {"SplitsAtColonsBeforeBraces", "a:{b:c{d:{", "a|{|b|c|{|d|{;"},
       {"ClosingBraceIsOrdinary", "} x} }y", "};x};}y;"},
-      {"TabsAndReturnsAreOrdinary", "\ta\tb {\r\n}\r\n", "\ta\tb;{|\r;}\r;"},
-      {"EveryOtherByteIsKept", "a\0b \xff\x80\n\0"s, "a\0b;\xff\x80;\0;"s},
+      {"TabsAndCarriageReturnsAreOrdinary", "\ta\tb {\r\n}\r\n", "\ta\tb;{|\r;}\r;"},
+      {"KeepsAllOtherBytes", "a\0b \xff\x80\n\0"s, "a\0b;\xff\x80;\0;"s},
       {"LinesLongerThanABlock", std::string(20000, 'a') + " b", std::string(20000, 'a') + ";b;"}};
   for (const Case& row : cases) EXPECT_EQ(Show(Load(row.text).tokenLines), row.lines) << row.name;
 }
 
-TEST(Reader, SplitAppendsThePiecesThatAreNotEmpty) {
+TEST(Reader, SplitAppendsNonEmptyPieces) {
   std::list<std::string> pieces{"old"};
   IDL::split(",a,,b c,", pieces, ',');
   IDL::split("", pieces, ',');
@@ -56,7 +57,7 @@ TEST(Reader, SplitAppendsThePiecesThatAreNotEmpty) {
   EXPECT_EQ(Show({pieces}), "old|a|b c|whole;");
 }
 
-TEST(Reader, PassesAppendAndKeepTheLinesThatTheyShould) {
+TEST(Reader, PassesAppendAndHandleEmptyLines) {
   Lines spaced{{"old"}};
   IDL::splitBySpace({"a b:c", "", "  ", "{d"}, spaced);
   EXPECT_EQ(Show(spaced), "old;a|b:c;;;{d;");
@@ -70,14 +71,14 @@ TEST(Reader, PassesAppendAndKeepTheLinesThatTheyShould) {
   EXPECT_EQ(braced, (Lines{{"old"}, {"a", "{", "b", "c{"}, {}, {}, {"{", "d"}}));
 }
 
-TEST(Reader, DumpsMarkTokensOnlyInTheGeneralForm) {
+TEST(Reader, OnlyOutputMarksTokens) {
   IDL idl = Load("x:float64 :\n y{z");
   EXPECT_EQ(Printed([&] { idl.outputFinal(); }), "output final idl:\nxfloat64\n\ny{z\n");
   EXPECT_EQ(Printed([&] { IDL::output(idl.tokenLines); }),
             "output idl:\nx[~]float64[~]\n\ny[~]{[~]z[~]\n");
 }
 
-TEST(Reader, FilesThatCannotBeReadHaveNoLines) {
+TEST(Reader, UnreadableFilesHaveNoLines) {
   const Scratch scratch;
   IDL idl;
   idl.tokenLines = {{"kept"}};

@@ -11,7 +11,7 @@
 
 using namespace std::string_literals;
 
-// Values of the types in generated headers go through the framework's buffer and come back.
+// Serializes and deserializes values of the types in generated headers.
 
 namespace {
 
@@ -35,7 +35,7 @@ void ExpectEqual(const Numbers& one, const Numbers& other) {
   EXPECT_TRUE(one.x == other.x && one.y == other.y);
 }
 
-TEST(RoundTrip, KeepsARequestWithListsOfEveryKind) {
+TEST(RoundTrip, PreservesAllKindsOfLists) {
   Echo::Request request;
   request.text = "zero \0 byte"s;
   request.color = RED;
@@ -55,7 +55,7 @@ TEST(RoundTrip, KeepsARequestWithListsOfEveryKind) {
   EXPECT_EQ(result.lists.texts, request.lists.texts);
 }
 
-TEST(RoundTrip, KeepsAResponseAndOverwritesWhatWasThere) {
+TEST(RoundTrip, OverwritesOldValues) {
   zentho::BytesBuffer buffer;
   zentho::serialize(Echo::Response{most, {{INT32_MIN, 0, INT32_MAX}, {}}}, buffer);
   Echo::Response result{least, {{1}, {2}, {3}}};
@@ -64,7 +64,7 @@ TEST(RoundTrip, KeepsAResponseAndOverwritesWhatWasThere) {
   EXPECT_EQ(result.grid, (std::vector<std::vector<std::int32_t>>{{INT32_MIN, 0, INT32_MAX}, {}}));
 }
 
-TEST(RoundTrip, WritesIncludedTypesFieldByFieldInTheirOrder) {
+TEST(RoundTrip, WritesFieldsInOrder) {
   zentho::BytesBuffer buffer;
   zentho::serialize(robot::nav::Stop::Response{{robot::status::FAULT, "", 7}}, buffer);
   zentho::serialize(robot::geometry::Pose{{1.5, -2.5}, 3.5}, buffer);
@@ -79,7 +79,7 @@ TEST(RoundTrip, WritesIncludedTypesFieldByFieldInTheirOrder) {
   }
 }
 
-TEST(RoundTrip, EveryCutIsAnException) {
+TEST(RoundTrip, TruncatedInputThrows) {
   zentho::BytesBuffer whole;
   zentho::serialize(Lists{{least}, {{}, {}}, {{RED}}, {{{"text"}}}}, whole);
   std::string bytes(whole.unread(), 0);
@@ -92,7 +92,7 @@ TEST(RoundTrip, EveryCutIsAnException) {
   }
 }
 
-TEST(RoundTrip, LengthsBeyondTheBufferAreRefused) {
+TEST(RoundTrip, LengthsBeyondTheBufferThrow) {
   for (const std::uint64_t length : {std::uint64_t{9}, UINT64_MAX, UINT64_MAX / 8}) {
     zentho::BytesBuffer buffer;
     zentho::serialize(length, buffer);

@@ -15,12 +15,13 @@
 
 namespace zentho {
 
-/// A directory of a test's own, with a blank in its path, gone when the test ends.
+/// A temporary directory with a blank in its path, deleted at the end of the test.
 class Scratch {
  public:
   Scratch() {
     std::string pattern = (std::filesystem::temp_directory_path() / "idlgen test XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch directory");
+    if (mkdtemp(pattern.data()) == nullptr)
+      throw std::runtime_error("cannot create a scratch directory");
     root = pattern;
   }
   ~Scratch() { std::filesystem::remove_all(root); }
@@ -47,12 +48,12 @@ inline std::string ReadAll(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// A file of tests/data.
+/// Returns the contents of a file in tests/data.
 inline std::string Data(const std::string& name) {
   return ReadAll(IDLGEN_TEST_DATA "/" + name);
 }
 
-/// What the action writes to standard output.
+/// Returns what the action writes to standard output.
 template <typename Action>
 std::string Printed(const Action& action) {
   testing::internal::CaptureStdout();
@@ -60,7 +61,7 @@ std::string Printed(const Action& action) {
   return testing::internal::GetCapturedStdout();
 }
 
-/// The IDL that the reader makes of a text.
+/// Loads a file with the text.
 inline IDL Load(const std::string& text) {
   const Scratch scratch;
   IDL idl;

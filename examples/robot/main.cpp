@@ -3,7 +3,7 @@
 
 #include "nav/navigation.h"
 
-// Sends a request and its answer through a buffer, as a client and a service would.
+// Sends a request and a response through buffers, as a client and a service would.
 
 namespace {
 

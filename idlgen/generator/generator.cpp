@@ -19,7 +19,7 @@ std::string OutputPath(std::string_view idlPath) {
   return std::string(idlPath.substr(0, dot)) + ".h";
 }
 
-/// The text with every occurrence of the pattern, a single character, replaced.
+/// Returns the text with all occurrences of the pattern, a single character, replaced.
 std::string replace(std::string text, std::string pattern, std::string replacement) {
   std::string result;
   std::size_t begin = 0;
@@ -31,10 +31,10 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
   return result.append(text, begin);
 }
 
-/// The C++ type of a built-in keyword; any other name stays as it is. The parser has to know the
-/// integer ones as well.
+/// Returns the C++ type of a built-in keyword, and other names unchanged. The parser has the same
+/// list of integer types.
 std::string CheckAndTransStdType(std::string type) {
-  using namespace std::string_view_literals;  // Such a text is compared by its length first.
+  using namespace std::string_view_literals;  // Comparing with these checks the lengths first.
   if (type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
       type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv) {
     return "std::" + type + "_t";
@@ -57,7 +57,7 @@ std::string MemberType(const CommonMember& member) {
   return opening + element + closing;
 }
 
-/// What precedes the name of a struct where it is used outside the user's namespace.
+/// Returns the prefix that qualifies the names of the header's structs, with the trailing "::".
 std::string TypePrefix(const std::vector<std::string>& namespaces) {
   std::string prefix;
   for (const std::string& component : namespaces) {
@@ -67,7 +67,7 @@ std::string TypePrefix(const std::vector<std::string>& namespaces) {
   return prefix + "::";
 }
 
-// The writers stand in the order of the header.
+// The functions below are in the order of their output.
 
 void writePrologue(LineWriter& header, const Schema& schema) {
   header.writeLine({"#pragma once"});
@@ -87,7 +87,7 @@ void openNamespaces(LineWriter& header, const std::vector<std::string>& namespac
   for (const std::string& component : namespaces) {
     header.writeLine({"namespace ", component, " {"});
   }
-  header.writeLine({});  // Without a namespace too.
+  header.writeLine({});  // Even if there is no namespace.
 }
 
 void writeEnum(LineWriter& header, const Enum& record) {
@@ -139,8 +139,8 @@ void writeDeclarations(LineWriter& header, const Schema& schema) {
   closeNamespaces(header, schema.namespaces);
 }
 
-// The bodies below close with "};" although they are functions: headers are compared byte for byte,
-// and this is how they have always ended.
+// The functions in the header end with "};" although "}" would do: headers are compared byte for
+// byte and have always had it.
 
 void writeSerializer(LineWriter& header, std::string_view type, std::string_view title,
                      const std::vector<CommonMember>& members) {
@@ -179,7 +179,8 @@ void writeServiceSerialization(LineWriter& header, const std::string& typePrefix
   writeSerializer(header, type + "::Response", type + " Response", service.response);
   header.writeLine({});
   writeDeserializer(header, type + "::Request", type + " Request", service.request);
-  // No empty line here, alone among all neighbours: it has never been part of the header's text.
+  // No empty line here, unlike between all other functions: headers are compared byte for byte and
+  // have never had one.
   writeDeserializer(header, type + "::Response", type + " Response", service.response);
   header.writeLine({});
 }

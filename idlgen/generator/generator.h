@@ -6,17 +6,18 @@
 
 namespace zentho {
 
-/// Writes the C++ header of one IDL file. It refers to the file's model, which must outlive it, and
-/// changes nothing in it; names, values and types go into the header as they stand, unchecked.
+/// Generates the C++ header of one IDL file. Refers to the model, which must outlive it. Names,
+/// values and types are copied to the header unchecked.
 class Generator {
  public:
   explicit Generator(const Schema& model) : schema(&model) {}
 
-  /// Writes the header of the IDL file at `idlPath`: its path is that one up to the last '.', be it
-  /// in a directory's name, and ".h". Missing directories are made, an earlier file is replaced.
+  /// Writes the header of the IDL file at `idlPath`. The header's path is `idlPath` with everything
+  /// from the last '.' replaced by ".h", even if that '.' is in a directory's name. Creates missing
+  /// directories and overwrites an existing file.
   ///
-  /// Prints nothing. A header that cannot be opened or written to its end is not reported. Throws a
-  /// plain std::exception, before it touches any file, if the path holds no '.'.
+  /// Prints nothing, and does not report write errors. Throws a plain std::exception if the path
+  /// has no '.'; no file has been touched then.
   void generate(std::string idlPath) const;
 
  private:

@@ -13,9 +13,9 @@
 namespace zentho {
 namespace {
 
-/// Calls `take` with each line of the file, up to its end or the first read error.
-template <typename Take>
-void forEachLine(const std::string& path, const Take& take) {
+/// Calls `use` with each line of the file, up to its end or the first read error.
+template <typename Use>
+void forEachLine(const std::string& path, const Use& use) {
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
                                                              std::fclose);
   if (file == nullptr) return;
@@ -25,16 +25,16 @@ void forEachLine(const std::string& path, const Take& take) {
     std::string_view rest(block.data(), size);
     for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos; line.clear()) {
       line += rest.substr(0, end);
-      take(line);
+      use(line);
       rest.remove_prefix(end + 1);
     }
     line += rest;
   }
-  take(line);  // It is empty after a last line feed.
+  use(line);  // The last line, which is empty if the file ends with a line feed.
 }
 
-/// The line up to its comment. A '#' anywhere makes every '/' ordinary, and a "//" counts only
-/// where the line has its first '/'.
+/// Returns the line up to its comment, which starts at the first '#'. In a line without '#', it
+/// starts at "//" if that is the first '/' of the line.
 std::string_view WithoutComment(std::string_view line) {
   const std::size_t hash = line.find('#');
   if (hash != std::string_view::npos) return line.substr(0, hash);
@@ -45,12 +45,12 @@ std::string_view WithoutComment(std::string_view line) {
   return line;
 }
 
-/// Moves the first token of the line to the end of the pieces without copying it.
+/// Moves the first token of `line` to the end of `pieces`, without a new allocation.
 void moveFront(std::list<std::string>& line, std::list<std::string>& pieces) {
   pieces.splice(pieces.end(), line, line.begin());
 }
 
-/// Prints every line as its tokens in a row, each followed by the mark.
+/// Prints the tokens of each line, each followed by the mark.
 void printLines(const std::vector<std::list<std::string>>& lines, std::string_view mark) {
   for (const std::list<std::string>& line : lines) {
     std::string text;
@@ -64,15 +64,15 @@ void printLines(const std::vector<std::list<std::string>>& lines, std::string_vi
 void IDL::load(std::string path) {
   printLine({"idl path:", path});
 
-  // The passes give the same line by line as for the whole file at once, and take less memory.
+  // Running the passes line by line gives the same result as for the whole file, with less memory.
   forEachLine(path, [this](std::string_view line) {
     std::vector<std::string> stored;
     stored.emplace_back(WithoutComment(line));
-    std::vector<std::list<std::string>> cutAtSpaces;
-    splitBySpace(std::move(stored), cutAtSpaces);
-    std::vector<std::list<std::string>> cutAtColons;
-    splitByColon(std::move(cutAtSpaces), cutAtColons);
-    splitByBrace(std::move(cutAtColons), tokenLines);
+    std::vector<std::list<std::string>> splitAtSpaces;
+    splitBySpace(std::move(stored), splitAtSpaces);
+    std::vector<std::list<std::string>> splitAtColons;
+    splitByColon(std::move(splitAtSpaces), splitAtColons);
+    splitByBrace(std::move(splitAtColons), tokenLines);
   });
 }
 

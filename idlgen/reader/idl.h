@@ -6,48 +6,50 @@
 
 namespace zentho {
 
-/// The token lines of one IDL file, and the passes that cut them out of its text.
+/// The token lines of one IDL file, and the passes that split its text into them.
 ///
-/// A token is a non-empty byte string without spaces and colons; a token line is a list of tokens
-/// and may be empty. The class knows no grammar, quotes or escapes and refuses nothing: every
-/// sequence of bytes gives token lines. Only the line feed, '#', '/', the space, ':' and '{' mean
-/// anything to it. Where a token line begins and ends shows in the dumps alone.
+/// A token is a non-empty byte string without spaces and colons. A token line is a list of tokens
+/// and may be empty; line boundaries matter only to the dumps. The class knows no grammar, quotes
+/// or escapes. It accepts every sequence of bytes. Its only special characters are the line feed,
+/// '#',
+/// '/', the space, ':' and '{'.
 ///
-/// Whoever is done with a text or a list hands it over with std::move.
+/// Parameters are taken by value: move in what you no longer need.
 class IDL {
  public:
-  /// Prints "idl path:" and the path, reads the file, drops comments and empty lines, and appends
-  /// what the space, colon and brace passes make of the rest to `tokenLines`. A file that cannot be
-  /// opened has no lines; one that cannot be read to its end stops where the reading stopped.
+  /// Prints "idl path:" and the path. Runs the space, colon and brace passes on the lines of the file,
+  /// without comments and empty lines, and appends the results to `tokenLines`. Errors are not
+  /// reported: a file that cannot be opened has no lines, and a read error ends the file.
   void load(std::string path);
 
-  /// Appends to `output` the non-empty pieces of `text` between occurrences of `separator`.
+  /// Splits `text` at `separator` and appends the non-empty pieces to `output`.
   static void split(std::string text, std::list<std::string>& output, char separator);
 
-  /// The space pass: appends one token line for each of the `lines`, even for one without tokens.
+  /// The space pass: appends one token line per line, even if it has no tokens.
   static void splitBySpace(std::vector<std::string> lines,
                            std::vector<std::list<std::string>>& output);
 
-  /// The colon pass: appends one token line for each token of the `lines`, holding its pieces. A
-  /// line without tokens leaves nothing behind; a token made of colons leaves an empty line.
+  /// The colon pass: appends one token line per token, which contains the token's pieces. A line
+  /// without tokens adds nothing; a token of colons only adds an empty line.
   static void splitByColon(std::vector<std::list<std::string>> lines,
                            std::vector<std::list<std::string>>& output);
 
-  /// Cuts one token at its '{'s and appends the pieces, each such '{' being a piece of its own. A
-  /// '{' that ends the token is not cut off, and no other character is special, '}' included.
+  /// Splits one token at each '{' and appends the pieces. Each '{' is its own piece, except that a
+  /// '{' at the end stays attached: "a{b{" gives "a", "{" and "b{". No other character is special,
+  /// not even '}'.
   static void splitByBrace(std::string token, std::list<std::string>& output);
 
-  /// The brace pass: appends one token line for each of the `lines`, its tokens cut as above.
+  /// The brace pass: appends one token line per line, with its tokens split as above.
   static void splitByBrace(std::vector<std::list<std::string>> lines,
                            std::vector<std::list<std::string>>& output);
 
-  /// Prints "output final idl:", then a line for each of the `tokenLines`: its tokens in a row.
+  /// Prints "output final idl:", then each of the `tokenLines`: its tokens without separators.
   void outputFinal() const;
 
-  /// Prints "output idl:", then a line for each of the `lines`: its tokens, each followed by "[~]".
+  /// Prints "output idl:", then each line: its tokens, each followed by "[~]".
   static void output(const std::vector<std::list<std::string>>& lines);
 
-  /// In the order of the file. `load` only ever appends to it.
+  /// In the order of the file. `load` appends to it.
   std::vector<std::list<std::string>> tokenLines;
 };
 

@@ -14,28 +14,28 @@
 namespace zentho {
 namespace {
 
-/// Whether it is one of the integer keywords, all of which the generator has to know as well.
+/// Returns whether the type is an integer keyword. The generator has the same list.
 bool IsIntType(std::string type) {
-  using namespace std::string_view_literals;  // Such a text is compared by its length first.
+  using namespace std::string_view_literals;  // Comparing with these checks the lengths first.
   return type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
          type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv;
 }
 
-[[noreturn]] void failFormat(std::string_view offender) {
-  printLine({"WRONG format in ", offender});
+[[noreturn]] void failFormat(std::string_view token) {
+  printLine({"WRONG format in ", token});
   throw std::exception();
 }
 
-/// One walk over the tokens of a file, from the first to the last or to the first fault. Refers to
-/// the strings of the `IDL`, and writes into the `Schema`.
+/// One pass over the tokens of a file, up to the first error. Refers to the strings of the `IDL`
+/// and to the `Schema`, which must outlive it.
 class Walk {
  public:
   Walk(const IDL& idl, Schema& target);
 
-  /// Reads all statements. Prints the diagnostic of a fault, then throws.
+  /// Parses all statements. On an error, prints the diagnostic and throws.
   void parseStatements();
 
-  /// Prints the tokens that the walk has looked at, up to the one that it stopped at.
+  /// Prints the tokens read so far.
   void printTokensRead() const;
 
  private:
@@ -47,11 +47,11 @@ class Walk {
   std::vector<CommonMember> parseMembers();
   CommonMember parseMember(std::string_view name);
 
-  /// Gives the next token, or fails if there is none.
+  /// Returns the next token, or fails if there is none.
   std::string_view next();
 
-  /// Reads the next token and fails unless it is the one wanted.
-  void expect(std::string_view wanted);
+  /// Reads the next token and fails if it is not the expected one.
+  void expect(std::string_view expected);
 
   std::vector<std::string_view> tokens;
   std::size_t position = 0;
@@ -91,7 +91,8 @@ void Walk::printTokensRead() const {
 }
 
 void Walk::parseInclude() {
-  // The opening quote or bracket goes, whatever it is; the extension takes the closing one along.
+  // Drops the first character unchecked, normally the opening quote or '<', and everything from the
+  // last '.', which includes the closing one.
   const std::string_view file = next().substr(1);
   schema.includes.emplace_back(file.substr(0, file.rfind('.')));
 }
@@ -101,7 +102,7 @@ void Walk::parseNamespace() {
     printLine({"namespace can be set only once."});
     throw std::exception();
   }
-  schema.namespaceSet = true;  // Before the path is read: one without components counts as well.
+  schema.namespaceSet = true;  // Even if the path has no components.
   std::list<std::string> components;
   IDL::split(std::string(next()), components, '.');
   schema.namespaces.insert(schema.namespaces.end(), components.begin(), components.end());
@@ -146,9 +147,11 @@ std::vector<CommonMember> Walk::parseMembers() {
 }
 
 CommonMember Walk::parseMember(std::string_view name) {
-  // A level takes one character off either end, the first one unseen, until the last '[' is gone.
+  // Strips one character from each end per level until the last '[' is gone. The trailing one must
+  // be
+  // ']'; the leading one is not checked, so "x[int8]]" has depth 2.
   std::string_view type = next();
-  const std::size_t levels = type.rfind('[') + 1;  // 0 without a '['
+  const std::size_t levels = type.rfind('[') + 1;  // 0 if there is no '['.
   for (std::size_t level = 0; level < levels; ++level) {
     if (type.back() != ']') failFormat(type);
     type = type.substr(1, type.size() - 2);
@@ -175,9 +178,9 @@ std::string_view Walk::next() {
   return tokens[position++];
 }
 
-void Walk::expect(std::string_view wanted) {
+void Walk::expect(std::string_view expected) {
   const std::string_view token = next();
-  if (token != wanted) failFormat(token);
+  if (token != expected) failFormat(token);
 }
 
 }  // namespace

@@ -5,16 +5,15 @@
 
 namespace zentho {
 
-/// Reads the statements of an IDL file into its model. It has no state: one parser serves any
-/// number of files.
+/// Parses IDL files into their models. Has no state, so one parser can be used for many files.
 class Parser {
  public:
-  /// Reads all tokens of `idl`, in order and whatever their lines, and appends what they declare to
-  /// `schema`, which is to be a new one. Prints one line for each completed statement.
+  /// Parses the tokens of `idl` and appends the declarations to `schema`, which must be empty.
+  /// Prints one line per completed statement.
   ///
-  /// The first fault ends the file. Its diagnostic, an empty line, "lines:" and the tokens read so
-  /// far are printed, one a line, and a plain std::exception is thrown. The schema then holds the
-  /// statements before the failing one, and the includes, namespaces and flags met until then.
+  /// On the first error, prints a diagnostic, an empty line, "lines:" and the tokens read so far,
+  /// one per line. Then throws a plain std::exception. The schema then contains the statements
+  /// before the error, and the includes, namespaces and flags found so far.
   void parse(const IDL& idl, Schema& schema) const;
 };
 

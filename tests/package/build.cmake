@@ -1,4 +1,4 @@
-# The life of a project that uses idlgen_generate, with one of CMake's generators.
+# A project that uses idlgen_generate, with one of CMake's generators.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("${GENERATOR}")
 configure_consumer(-D CMAKE_VERIFY_INTERFACE_HEADER_SETS=ON)
@@ -7,7 +7,7 @@ set(geometry ${headers}/common_idl.idlgen/include/common/geometry.h)
 set(robot ${headers}/robot_idl.idlgen/include/robot.nav.h)
 file(GLOB_RECURSE sources ${source}/*)
 
-# The first build makes all headers, in silence, and the second one has nothing to do.
+# The first build generates all headers, without their messages. The second one has nothing to do.
 step(SUCCEEDS COMMAND ${make} HIDES "idl path:" "done.")
 step(SUCCEEDS COMMAND ${build}/app/app)
 if(CMAKE_VERSION VERSION_GREATER_EQUAL 3.24)
@@ -17,27 +17,27 @@ step(SUCCEEDS COMMAND ${make} HIDES "Generating" "Building")
 foreach(target common_idl made_idl robot_idl)
   file(GLOB_RECURSE others LIST_DIRECTORIES false ${headers}/${target}.idlgen/include/*)
   list(FILTER others EXCLUDE REGEX "\\.h$")
-  want("others STREQUAL \"\"")
+  check("others STREQUAL \"\"")
 endforeach()
 
-# A changed file, and what makes one, are seen; other headers stay.
+# A change of an IDL file, or of what generates one, regenerates its header but no other.
 file(APPEND ${geometry_idl} "message Line { from: Point to: Point }\n")
 step(SUCCEEDS COMMAND ${make} PRINTS "Generating common/geometry.h" HIDES "Generating robot.nav.h")
 file(READ ${geometry} text)
-want("text MATCHES \"struct Line\"")
+check("text MATCHES \"struct Line\"")
 file(APPEND ${source}/idl/make/made.in "enum More { MORE: 2 }\n")
 step(SUCCEEDS COMMAND ${make} PRINTS "Generating make/made.h")
 file(READ ${headers}/made_idl.idlgen/include/make/made.h text)
-want("text MATCHES \"MORE = 2\"")
+check("text MATCHES \"MORE = 2\"")
 
-# A fault stops the build, with the user's path and all that the program says, until it is mended.
-file(READ ${geometry_idl} sound)
+# An error stops the build and shows the user's path and all output of idlgen, until it is fixed.
+file(READ ${geometry_idl} valid)
 file(APPEND ${geometry_idl} "message Fault (\n")
 foreach(try first second)
   step(FAILS COMMAND ${make} PRINTS "${geometry_idl}:" "WRONG format in (" "lines:" "message Fault (")
-  want("NOT EXISTS \"${geometry}\"")
+  check("NOT EXISTS \"${geometry}\"")
 endforeach()
-file(WRITE ${geometry_idl} "${sound}")
+file(WRITE ${geometry_idl} "${valid}")
 step(SUCCEEDS COMMAND ${make})
 step(SUCCEEDS COMMAND ${make} HIDES "Generating")
 
@@ -49,23 +49,23 @@ file(WRITE ${source}/idl/other.idl "")
 string(REPLACE "FILES spare.idl" "FILES other.idl" changed "${text}")
 file(WRITE ${source}/idl/CMakeLists.txt "${changed}\nidlgen_generate(TARGET old FILES spare.idl)")
 step(SUCCEEDS COMMAND ${make})
-want("EXISTS \"${headers}/spare_idl.idlgen/include/other.h\"")
-want("NOT EXISTS \"${headers}/spare_idl.idlgen/include/spare.h\"")
-want("EXISTS \"${headers}/old.idlgen/include/spare.h\"")
+check("EXISTS \"${headers}/spare_idl.idlgen/include/other.h\"")
+check("NOT EXISTS \"${headers}/spare_idl.idlgen/include/spare.h\"")
+check("EXISTS \"${headers}/old.idlgen/include/spare.h\"")
 file(WRITE ${source}/idl/CMakeLists.txt "${text}")
 file(REMOVE ${source}/idl/other.idl)
 step(SUCCEEDS COMMAND ${make})
-want("NOT EXISTS \"${headers}/old.idlgen\"")
-want("EXISTS \"${neighbor}\"")
+check("NOT EXISTS \"${headers}/old.idlgen\"")
+check("EXISTS \"${neighbor}\"")
 
-# Nothing has been written into the source tree.
+# Nothing is written to the source tree.
 file(GLOB_RECURSE sources_now ${source}/*)
-want("sources_now STREQUAL sources")
+check("sources_now STREQUAL sources")
 
-# The headers are installed, and another project compiles against them.
+# The headers are installed, and another project can use them.
 step(SUCCEEDS COMMAND ${CMAKE_COMMAND} --install ${build} --prefix ${place}/installed)
-want("EXISTS \"${place}/installed/include/common/geometry.h\"")
-want("EXISTS \"${place}/installed/include/spare.h\"")
+check("EXISTS \"${place}/installed/include/common/geometry.h\"")
+check("EXISTS \"${place}/installed/include/spare.h\"")
 file(WRITE ${place}/other/CMakeLists.txt "
 cmake_minimum_required(VERSION 3.23)
 project(other LANGUAGES CXX)
@@ -83,4 +83,4 @@ step(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G ${GENERATOR} -S ${place}/other -B ${pl
 step(SUCCEEDS COMMAND ${CMAKE_COMMAND} --build ${place}/other/build)
 
 step(SUCCEEDS COMMAND ${make} --target clean)
-want("NOT EXISTS \"${headers}/robot_idl.idlgen\"")
+check("NOT EXISTS \"${headers}/robot_idl.idlgen\"")

@@ -1,4 +1,4 @@
-# Projects that run idlgen-header from make and from Meson.
+# Projects that run idlgen-header with make and Meson.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("other builds")
 set(ENV{PATH} "${PREFIX}/bin:$ENV{PATH}")
@@ -25,13 +25,13 @@ function(build_robot header app nothing)
   step(SUCCEEDS COMMAND ${ARGN} PRINTS "${nothing}" HIDES "idlgen-header")
   file(WRITE ${place}/idl/pose.idl "message Pose (\n")
   step(FAILS COMMAND ${ARGN} PRINTS "idl/pose.idl:" "WRONG format in (")
-  want("NOT EXISTS \"${header}\"")
+  check("NOT EXISTS \"${header}\"")
   file(WRITE ${place}/idl/pose.idl "message Pose { x: float64 y: float64 }\n")
   step(SUCCEEDS COMMAND ${ARGN})
   file(READ ${header} text)
-  want("text MATCHES \"double y;\"")
+  check("text MATCHES \"double y;\"")
   file(GLOB left ${place}/idl/*)
-  want("left STREQUAL \"${place}/idl/pose.idl\"")
+  check("left STREQUAL \"${place}/idl/pose.idl\"")
 endfunction()
 
 build_robot(${place}/build/include/pose.h ${place}/app "Nothing to be done"

@@ -1,13 +1,13 @@
-# Which program the package runs, and what it makes of one that does not do its work.
+# Which program the package runs, and what happens if the program changes or fails.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start(program)
-# Only a copy that has been moved: nothing may remember where it was installed.
+# The package is moved first: it must not depend on where it was installed.
 file(COPY ${PREFIX}/ DESTINATION ${place}/moved)
 set(PREFIX ${place}/moved)
 configure_consumer()
 step(SUCCEEDS COMMAND ${make})
 
-# A program with other contents generates all headers anew, however old it is.
+# A program with other contents regenerates all headers, even if it is older.
 file(TOUCH ${PREFIX}/bin/idlgen)
 step(SUCCEEDS COMMAND ${make} HIDES "Generating")
 file(APPEND ${PREFIX}/bin/idlgen "changed")
@@ -16,7 +16,7 @@ step(SUCCEEDS COMMAND ${make} PRINTS "Generating robot.nav.h" "Generating common
                                      "Generating make/made.h")
 step(SUCCEEDS COMMAND ${make} HIDES "Generating")
 
-# Another program, relative to the source directory.
+# IDLGEN_EXECUTABLE, relative to the source directory.
 set(fake ${place}/fake)
 file(WRITE ${fake} "#!/bin/sh\necho half > \"\$2\"\n")
 file(CHMOD ${fake} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
@@ -25,7 +25,7 @@ step(FAILS COMMAND ${make} PRINTS "${fake} did not write it to its last line")
 step(FAILS COMMAND ${configure} -D IDLGEN_EXECUTABLE=${place}/none
            PRINTS "IDLGEN_EXECUTABLE does not exist or is a directory: ${place}/none")
 
-# A cross build takes a program of the build machine, whatever variables the user has.
+# A cross build uses a program of the build machine, whatever variables the user has set.
 forget_configuration()
 set(cross ${configure} -D CMAKE_SYSTEM_NAME=Linux -D program=${fake})
 step(FAILS COMMAND ${cross} PRINTS "there is no idlgen for the build machine in its PATH")

@@ -1,4 +1,4 @@
-# idlgen as a part of the user's own tree.
+# A project that includes idlgen with add_subdirectory.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("source tree")
 set(GENERATOR "Ninja Multi-Config")
@@ -10,10 +10,10 @@ foreach(config Release Debug)
 endforeach()
 step(SUCCEEDS COMMAND ${make} --config Release HIDES "Generating")
 step(SUCCEEDS COMMAND ${CMAKE_COMMAND} --install ${build} --prefix ${place}/installed)
-want("EXISTS \"${place}/installed/include/common/geometry.h\"")
-want("NOT EXISTS \"${place}/installed/bin\"")
+check("EXISTS \"${place}/installed/include/common/geometry.h\"")
+check("NOT EXISTS \"${place}/installed/bin\"")
 
-# A program that is relative to the source directory, and a build below that.
+# IDLGEN_EXECUTABLE, relative to the source directory, and a build directory in the source tree.
 file(COPY ${PREFIX}/bin/idlgen DESTINATION ${source}/tools)
 step(SUCCEEDS COMMAND ${configure} -B ${source}/build -D IDLGEN_SOURCE_DIR=${IDLGEN_SOURCE_DIR}
                       -D IDLGEN_EXECUTABLE:FILEPATH=tools/idlgen)

@@ -1,53 +1,53 @@
-# Steps that the tests of the package are written in. Each wants an outcome and ends the test, with
-# what was printed, if it is another one.
+# Commands for the tests of the package. Each checks a result and otherwise ends the test, with the
+# output.
 cmake_minimum_required(VERSION 3.23)
 
-# step(SUCCEEDS|FAILS COMMAND ... [PRINTS text...] [HIDES text...])
+# step(SUCCEEDS|FAILS COMMAND ... [PRINTS <text>...] [HIDES <text>...])
 function(step outcome)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;PRINTS;HIDES")
   execute_process(COMMAND ${arg_COMMAND}
                   OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE status)
-  set(faults "")
+  set(errors "")
   if(NOT outcome STREQUAL "SUCCEEDS" AND status STREQUAL "0")
-    string(APPEND faults "It should have failed.\n")
+    string(APPEND errors "It succeeded.\n")
   elseif(NOT outcome STREQUAL "FAILS" AND NOT status STREQUAL "0")
-    string(APPEND faults "It failed: ${status}.\n")
+    string(APPEND errors "It failed: ${status}.\n")
   endif()
-  # CMake breaks its messages into lines.
+  # CMake wraps its messages.
   string(REGEX REPLACE "[ \n]+" " " flat "${output}")
   foreach(text IN LISTS arg_PRINTS)
     string(FIND "${flat}" "${text}" place)
     if(place EQUAL -1)
-      string(APPEND faults "It does not print \"${text}\".\n")
+      string(APPEND errors "It does not print \"${text}\".\n")
     endif()
   endforeach()
   foreach(text IN LISTS arg_HIDES)
     string(FIND "${flat}" "${text}" place)
     if(NOT place EQUAL -1)
-      string(APPEND faults "It prints \"${text}\".\n")
+      string(APPEND errors "It prints \"${text}\".\n")
     endif()
   endforeach()
-  if(faults)
-    message(FATAL_ERROR "${arg_COMMAND}\n${faults}${output}")
+  if(errors)
+    message(FATAL_ERROR "${arg_COMMAND}\n${errors}${output}")
   endif()
 endfunction()
 
-# want(condition): the condition, in the words of if(), holds.
-macro(want condition)
+# check(<condition>): the condition, in the syntax of if(), is true.
+macro(check condition)
   cmake_language(EVAL CODE "
     if(NOT (${condition}))
-      message(FATAL_ERROR [[Not so: ${condition}]])
+      message(FATAL_ERROR [[Check failed: ${condition}]])
     endif()")
 endmacro()
 
-# A place of the test's own with a blank in its path, empty to begin with.
+# Creates an empty directory for the test, with a blank in its path.
 macro(start name)
   set(place "${SCRATCH}/${name} with a blank")
   file(REMOVE_RECURSE ${place})
   file(MAKE_DIRECTORY ${place})
 endmacro()
 
-# Copies the consumer into the place and configures it.
+# Copies the consumer to the test's directory and configures it.
 macro(configure_consumer)
   file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer DESTINATION ${place})
   set(source ${place}/consumer)
@@ -59,7 +59,7 @@ macro(configure_consumer)
   step(SUCCEEDS COMMAND ${configure} ${ARGV})
 endmacro()
 
-# The next configuration of the consumer starts anew.
+# Deletes the configuration of the consumer.
 macro(forget_configuration)
   file(REMOVE_RECURSE ${build}/CMakeCache.txt ${build}/CMakeFiles)
 endmacro()

@@ -9,12 +9,12 @@
 #include <utility>
 #include <vector>
 
-// The least of the framework's serialization that a generated header needs, so that the headers can
-// be compiled and tried where the framework is not installed. The encoding is our own.
+// The minimum that generated headers need of the framework's serialization, to compile and try them
+// without the framework. The encoding is not the framework's.
 
 namespace zentho {
 
-/// Bytes that are written at the end and read from the front.
+/// A queue of bytes: writes append at the end, reads start at the front.
 class BytesBuffer {
  public:
   /// Appends `size` bytes.
@@ -22,15 +22,14 @@ class BytesBuffer {
     content.append(static_cast<const char*>(bytes), size);
   }
 
-  /// Reads the next `size` bytes into `bytes`. Throws std::out_of_range, and reads nothing, if
-  /// there are fewer.
+  /// Reads the next `size` bytes. Throws std::out_of_range if there are fewer, and reads none then.
   void read(void* bytes, std::size_t size) {
     if (size > unread()) throw std::out_of_range("read past the end of a BytesBuffer");
     content.copy(static_cast<char*>(bytes), size, position);
     position += size;
   }
 
-  /// The number of bytes written and not yet read.
+  /// Returns the number of bytes that have been written but not read.
   [[nodiscard]] std::size_t unread() const { return content.size() - position; }
 
  private:
@@ -52,11 +51,11 @@ template <typename T>
 inline constexpr bool isRecord =
     !isScalar<T> && !IsVector<T>::value && !std::is_same_v<T, std::string>;
 
-/// Stands before each record of a vector. A record may have no members, and so no bytes of its own;
-/// with the mark, a vector is never longer than the buffer that holds it.
+/// Written before each record in a vector. A record without members would otherwise take no bytes;
+/// with the mark, the element count never exceeds the number of bytes in the buffer.
 inline constexpr std::uint8_t recordMark = 1;
 
-/// Reads a length. Throws std::length_error for one that the rest of the buffer cannot hold.
+/// Reads a length. Throws std::length_error if it exceeds the number of unread bytes.
 inline std::size_t readLength(BytesBuffer& buffer) {
   std::uint64_t length = 0;
   buffer.read(&length, sizeof length);
@@ -67,7 +66,7 @@ inline std::size_t readLength(BytesBuffer& buffer) {
 }  // namespace detail
 
 /// Appends a value to the buffer: a number or an enum as its bytes in memory, a string or a vector
-/// as its length and its elements. A generated header specialises it for each of its structs.
+/// as its length and its elements. Generated headers specialize this for their structs.
 template <typename T>
 void serialize(const T& data, BytesBuffer& buffer) {
   static_assert(!detail::isRecord<T>, "no generated header with this type has been included");
@@ -88,8 +87,8 @@ void serialize(const T& data, BytesBuffer& buffer) {
   }
 }
 
-/// Reads the value that `serialize` has appended. Throws a std::logic_error, by then having changed
-/// no more than `data` and the buffer's position, if the bytes do not hold one.
+/// Reads a value that `serialize` has appended. Throws std::logic_error if the bytes are not valid.
+/// `data` and the buffer's position may have changed by then, nothing else.
 template <typename T>
 void deserialize(BytesBuffer& buffer, T& data) {
   static_assert(!detail::isRecord<T>, "no generated header with this type has been included");

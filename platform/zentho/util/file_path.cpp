@@ -7,13 +7,13 @@
 namespace zentho::util {
 
 void FilePath::createFile(const char* path) try {
-  std::error_code refused;
-  if (std::filesystem::exists(path, refused)) return;
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), refused);
-  // Appending nothing leaves the file alone if another process has made it in the meantime.
+  std::error_code ignored;
+  if (std::filesystem::exists(path, ignored)) return;
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
+  // Opened for appending, in case another process has created the file in the meantime.
   if (std::FILE* file = std::fopen(path, "a")) std::fclose(file);
 } catch (...) {
-  // Out of memory; the caller sees it by the file that is still not there.
+  // Out of memory. The caller notices when it opens the file.
 }
 
 }  // namespace zentho::util

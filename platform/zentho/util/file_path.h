@@ -5,12 +5,13 @@ namespace zentho::util {
 /// The one function of the framework that the generator calls.
 ///
 /// The program may be linked with the framework's own library instead of file_path.cpp, so the
-/// declaration promises no more than both keep: it is not noexcept.
+/// declaration promises only what both implementations guarantee; in particular, it is not
+/// noexcept.
 class FilePath {
  public:
-  /// Makes the file at `path`, a zero-terminated string, ready to be opened for writing: missing
-  /// parent directories are made and, where there is no file, an empty one. What exists is left
-  /// untouched. Reports nothing and throws nothing: a refusal shows when the file is opened.
+  /// Creates an empty file at `path`, a zero-terminated string, and its missing parent directories.
+  /// Does not change an existing file. Reports no errors: the caller notices when it opens the
+  /// file.
   static void createFile(const char* path);
 };
 
