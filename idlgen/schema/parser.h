@@ -11,9 +11,9 @@ class Parser {
   /// Parses the tokens of `idl` and appends the declarations to `schema`, which must be empty.
   /// Prints one line per completed statement.
   ///
-  /// On the first error, prints a diagnostic, an empty line, "lines:" and the tokens read so far,
-  /// one per line. Then throws a plain std::exception. The schema then contains the statements
-  /// before the error, and the includes, namespaces and flags found so far.
+  /// The first error prints a diagnostic, an empty line, "lines:" and each token read so far on its
+  /// own line, and throws a plain std::exception. The schema then contains the statements before
+  /// the error, and the includes, namespaces and flags found so far.
   void parse(const IDL& idl, Schema& schema) const;
 };
 
