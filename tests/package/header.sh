@@ -1,7 +1,6 @@
 #!/bin/sh
-# header.sh DIRECTORY SHELL...: tests the idlgen-header in DIRECTORY, run by SHELL, below the current
-# directory.
-# shellcheck disable=SC2015,SC2016,SC2030,SC2031
+# header.sh DIRECTORY SHELL...: tests the idlgen-header in DIRECTORY, run by SHELL.
+# shellcheck disable=SC2015,SC2016,SC2030,SC2031,SC2086
 set -eu
 script=$1/idlgen-header idlgen=$1/idlgen
 shift
@@ -10,69 +9,61 @@ rm -rf "header with $shell"
 mkdir -p "header with $shell/idl"
 cd "header with $shell"
 
-broken() {
-  echo "$1" && cat err
-  exit 1
-}
+broken() { echo "$1" && cat err && exit 1; }
 
-# generates IDL HEADER: the same as idlgen, and quietly.
+# generates IDL HEADER: the same header as idlgen, and no output.
 generates() {
   cp -- "$1" copy.idl && "$idlgen" -f copy.idl >/dev/null
-  $shell "$script" "$1" "$2" >err 2>&1 || broken "$1: status $?"
-  [ ! -s err ] && cmp -- copy.h "$2" || broken "$1: wrong output"
+  $shell "$script" "$1" "$2" >err 2>&1 && [ ! -s err ] && cmp -- copy.h "$2" || broken "$1 -> $2"
 }
 
-# fails REASON IDL HEADER: names IDL and the reason, and leaves nothing, not even an older header.
+# fails REASON IDL HEADER: prints IDL and the reason, and leaves no header, not even an older one.
 fails() {
   cp -- old.h "$3" 2>err || true
-  status=0
-  $shell "$script" "$2" "$3" 2>err || status=$?
-  [ $status = 1 ] && [ ! -f "$3" ] && [ -z "$(find . -name '.idlgen-*')" ] || broken "$1: $status"
-  grep -qxF -e "$2:" err && tail -n 1 err | grep -qF "no header: $1" || broken "not reported: $1"
+  status=0 && $shell "$script" "$2" "$3" 2>err || status=$?
+  [ $status = 1 ] && [ ! -f "$3" ] && [ -z "$(find . -name '.idlgen-*')" ] &&
+    grep -qxF -e "$2:" err && tail -n 1 err | grep -qF "no header: $1" || broken "$1: status $status"
 }
 
-# Any bytes and names, and nothing is written beside the IDL file.
+# Any bytes, any names, and nothing is written next to the IDL file.
 for name in 'a b.idl' "'\".idl" -f.idl '#.idl' '$HOME.idl' a.b.c.idl none; do
   printf 'message Pose { x\000: float64 }' >"idl/$name"
 done
 before=$(ls -l idl)
-cd idl
-for name in *; do (cd .. && generates "idl/$name" "out/$name"); done
-cd ..
-[ "$before" = "$(ls -l idl)" ] || broken "the source directory has changed"
-(cd idl && generates -f.idl -x.h && generates 'a b.idl' "$PWD/new/deep/\$(x)")
+for path in idl/*; do generates "$path" "new/$path"; done
+[ "$before" = "$(ls -l idl)" ] || broken 'the source directory has changed'
+(cd idl && generates -f.idl -x.h && generates -f.idl -d/x.h && generates none "$PWD/new/\$(x)")
 
-# Every failure.
-cp idl/none old.h
+# Errors.
+$shell "$script" idl 2>err && broken 'one argument' || [ $? = 2 ] || broken 'one argument'
 idl='idl/a b.idl'
+cp idl/none old.h
+echo 'message M (' >bad.idl
+fails "$idlgen ended with status 1" bad.idl x.h
+grep -q 'WRONG format in (' err || broken 'the output of idlgen is missing'
 fails 'missing is not a readable file' missing x.h
 fails 'idl is not a readable file' idl x.h
 fails 'idl is a directory' "$idl" idl
 fails 'cannot create the directory old.h/' "$idl" old.h/x.h
-echo 'message M (' >bad.idl
-fails "$idlgen ended with status 1" bad.idl x.h
-grep -q 'WRONG format in (' err || broken 'the output of idlgen is missing'
-$shell "$script" bad.idl ./bad.idl 2>err && broken 'an IDL file as its own header'
-[ -s bad.idl ] || broken 'the IDL file is gone'
+fails 'cannot create a file in /proc/' "$idl" /proc/x.h
 for program in ./missing ./idl false; do
   (export IDLGEN=$program && fails "$program ended with status" "$idl" x.h)
 done
-(export IDLGEN=true && fails 'true did not write it to its last line' "$idl" x.h)
+$shell "$script" bad.idl ./bad.idl 2>err || [ -s bad.idl ] || broken 'the IDL file is gone'
 
-# Short and long headers that lack the last byte, the last line or all lines, and a full disk.
-for i in 1 2 3 4 5 6 7 8 9; do printf 'message M%s { a: int8 b: int8 c: int8 }\n' $i; done >long.idl
-printf '#!/bin/sh\ncp copy.h "$2" && truncate -s "-$cut" "$2"\n' >cutter
-chmod +x cutter
+# Incomplete headers, short and long: without the last byte, the last lines or any line, and real ones.
+for i in $(seq 9); do printf 'message M%s { a: int8 b: int8 c: int8 }\n' "$i"; done >long.idl
+printf '#!/bin/sh\ncp copy.h "$2" && truncate -s "-$cut" "$2"\n' >cutter && chmod +x cutter
 for idl in idl/none long.idl; do
   generates "$idl" x.h
   for cut in 1 2 27 "$(wc -c <copy.h)"; do
     (export IDLGEN=./cutter cut && fails './cutter did not write it' "$idl" x.h)
   done
-  IDLGEN=./cutter cut=0 generates "$idl" x.h
+  (export IDLGEN=./cutter cut=0 && generates "$idl" x.h)
 done
 (ulimit -f 1 && fails "$idlgen did not write it to its last line" long.idl x.h)
 
-# Killed runs disturb nothing, and runs side by side do not either.
+# Killed and parallel runs do not disturb others, and files of other runs are not touched.
 for i in $(seq 600); do cat long.idl; done >longer.idl
 for pause in 0 0.005 0.01 0.02; do
   $shell "$script" longer.idl x.h &
@@ -81,6 +72,14 @@ for pause in 0 0.005 0.01 0.02; do
   [ ! -e x.h ] || cmp copy.h x.h || broken "half a header after $pause s"
   generates longer.idl x.h
 done
-for i in 1 2 3 4 5 6 7 8; do $shell "$script" longer.idl "many/$i.h" & done
+for i in $(seq 8); do $shell "$script" longer.idl "many/$i.h" & done
 wait
-for i in 1 2 3 4 5 6 7 8; do cmp copy.h many/$i.h || broken "$i of many"; done
+for i in $(seq 8); do cmp copy.h "many/$i.h" || broken "$i of many"; done
+sh -c 'echo old >".idlgen-$$-1.h" && exec "$@"' sh $shell "$script" longer.idl x.h
+grep -qx old .idlgen-*-1.h || broken 'the file of another run is gone'
+printf '#!/bin/sh\nsleep 0.1\n' >cutter
+rm .idlgen-*
+(export IDLGEN=./cutter && exec $shell "$script" idl/none x.h 2>err) &
+sleep 0.05
+kill $!
+wait $! && broken 'interrupted' || [ ! -e "$(echo .idlgen-*)" ] || broken 'interrupted: files left'
