@@ -27,7 +27,7 @@ struct Result {
 enum class Output {
   Packets,  ///< A socket that keeps the writes apart.
   Pipe,     ///< A non-blocking pipe that is full before somebody reads from it.
-  Closed,   ///< A socket that nobody reads from.
+  Closed,   ///< A pipe whose other end is closed.
 };
 
 /// Runs a shell command in the scratch directory, with the program in $IDLGEN.
@@ -39,11 +39,11 @@ Result RunProgram(const Scratch& scratch, const std::string& command,
   std::array<char*, 4> arguments = {const_cast<char*>("sh"), const_cast<char*>("-c"),
                                     const_cast<char*>(script.c_str()), nullptr};
   std::array<int, 2> ends{};
-  if (output == Output::Pipe) {
+  if (output == Output::Packets) {
+    EXPECT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()), 0);
+  } else {
     EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
     fcntl(ends[1], F_SETFL, O_NONBLOCK);
-  } else {
-    EXPECT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()), 0);
   }
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
