@@ -4,7 +4,8 @@
 #   - the one that IDLGEN_EXECUTABLE names, if set,
 #   - otherwise, in a cross build, one from the PATH of the build machine,
 #   - otherwise, the one in the directory.
-# idlgen-header is taken from the directory of the program or, if it is not there, from the given one.
+# idlgen-header is taken from the directory of the program, if it runs that program, otherwise from the
+# given one.
 # Sets the variable to an error message if the program does not exist, otherwise to an empty string.
 cmake_minimum_required(VERSION 3.23)
 
@@ -15,7 +16,7 @@ function(idlgen_import_program directory problem_variable)
                OUTPUT_VARIABLE program)
     set(problem "IDLGEN_EXECUTABLE does not exist or is a directory: ${program}")
   elseif(CMAKE_CROSSCOMPILING)
-    set(program NOTFOUND)  # Otherwise find_program may return a variable of the caller.
+    set(program NOTFOUND)  # find_program does not search if the user has set this variable.
     find_program(program idlgen PATHS ENV PATH NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
     set(problem "This is a cross build, and there is no idlgen for the build machine in its PATH. \
 Install one there or set IDLGEN_EXECUTABLE to it.")
@@ -37,11 +38,14 @@ function(_idlgen_create_target program directory)
   add_executable(idlgen::idlgen IMPORTED GLOBAL)
   set_target_properties(idlgen::idlgen PROPERTIES IMPORTED_LOCATION ${program})
 
-  cmake_path(REPLACE_FILENAME program idlgen-header OUTPUT_VARIABLE command)
-  if(NOT EXISTS ${command})
-    set(command env IDLGEN=${program} ${directory}/idlgen-header)
+  # The shell's way to reset the environment variable IDLGEN, which the user may have set. Running env
+  # takes longer.
+  cmake_path(REPLACE_FILENAME program idlgen-header OUTPUT_VARIABLE script)
+  if(program MATCHES "/idlgen$" AND EXISTS ${script})
+    set_property(GLOBAL PROPERTY IDLGEN_COMMAND IDLGEN= ${script})
+  else()
+    set_property(GLOBAL PROPERTY IDLGEN_COMMAND env IDLGEN=${program} ${directory}/idlgen-header)
   endif()
-  set_property(GLOBAL PROPERTY IDLGEN_COMMAND ${command})
 
   # A new program may have an older timestamp than the headers. So they depend on a copy, which each
   # build updates if the contents of the program have changed.

@@ -36,7 +36,7 @@ rejected("TARGET t FILES a.idl a.txt" "a.txt and another file would both generat
 rejected("TARGET t FILES a.idl a.idl" "a.idl and another file would both generate a.h")
 rejected("TARGET t::u FILES a.idl" "not a valid target name: t::u")
 foreach(name [[a#.idl]] [[a<.idl]] [[a\b.idl]] [[a$(b.idl]])
-  rejected("TARGET t FILES [[${name}]]" "${name} contains #, <, >")
+  rejected("TARGET t FILES [[${name}]]" "${name} contains a character that CMake does not support")
 endforeach()
 rejected("TARGET t FILES $<1:a.idl>" "FILES does not support generator expressions: $<1:a.idl>")
 rejected("TARGET t FILES a.idl)\nidlgen_generate(TARGET t FILES a.idl" "the target t already exists")

@@ -4,6 +4,7 @@ start(program)
 # The package is moved first: it must not depend on where it was installed.
 file(COPY ${PREFIX}/ DESTINATION ${place}/moved)
 set(PREFIX ${place}/moved)
+set(ENV{IDLGEN} false)  # Without effect.
 configure_consumer()
 step(SUCCEEDS COMMAND ${make})
 
@@ -17,11 +18,11 @@ step(SUCCEEDS COMMAND ${make} PRINTS "Generating robot.nav.h" "Generating common
 step(SUCCEEDS COMMAND ${make} HIDES "Generating")
 
 # IDLGEN_EXECUTABLE, relative to the source directory.
-set(fake ${place}/fake)
+set(fake ${PREFIX}/bin/fake)
 file(WRITE ${fake} "#!/bin/sh\necho half > \"\$2\"\n")
 file(CHMOD ${fake} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
-step(SUCCEEDS COMMAND ${configure} -D IDLGEN_EXECUTABLE:FILEPATH=../fake)
-step(FAILS COMMAND ${make} PRINTS "${fake} did not write it to its last line")
+step(SUCCEEDS COMMAND ${configure} -D IDLGEN_EXECUTABLE:FILEPATH=../moved/bin/fake)
+step(FAILS COMMAND ${make} PRINTS "the output of ${fake} is incomplete")
 step(FAILS COMMAND ${configure} -D IDLGEN_EXECUTABLE=${place}/none
            PRINTS "IDLGEN_EXECUTABLE does not exist or is a directory: ${place}/none")
 
