@@ -80,7 +80,7 @@ function(idlgen_generate)
   set_property(GLOBAL APPEND PROPERTY IDLGEN_DIRECTORIES ${directory})
   set_property(DIRECTORY APPEND PROPERTY ADDITIONAL_CLEAN_FILES ${directory})
 
-  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})  # Even if nothing links it.
+  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})  # ALL: it may only be installed.
   add_library(${arg_TARGET} INTERFACE)
   add_dependencies(${arg_TARGET} ${arg_TARGET}_generate)
   target_sources(${arg_TARGET} INTERFACE

@@ -55,7 +55,7 @@ IDL Load(const std::string& text) {
   return idl;
 }
 
-/// Parses the tokens. Returns the output of that and of the dump of the model.
+/// Returns what parsing the tokens and dumping the model print.
 std::string Parse(const IDL& idl, Schema& schema, bool& accepted) {
   return Printed([&] {
     try {
@@ -80,7 +80,7 @@ void checkTokens(const IDL& idl) {
     for (const std::string& token : line) {
       check(!token.empty(), "no token is empty");
       check(token.find_first_of(" :") == std::string::npos, "no token contains a separator");
-      check(token.find('{') >= token.size() - 1, "a brace ends its token");
+      check(token.find('{') >= token.size() - 1, "'{' occurs only at the end of a token");
     }
   }
 }

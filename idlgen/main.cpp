@@ -45,7 +45,7 @@ int run(int argc, char** argv) {
     for (const std::string& path : paths) processFile(path, parser, mode == "-fv");
     return 0;
   }
-  if (mode == "-d") return 0;  // Does nothing.
+  if (mode == "-d") return 0;
   printLine({"mode not supported"});
   return -1;
 }
@@ -61,6 +61,6 @@ int main(int argc, char** argv) {
   try {
     return zentho::run(argc, argv);
   } catch (...) {
-    return EXIT_FAILURE;  // The error has been printed.
+    return EXIT_FAILURE;  // Errors in files have been printed; others are silent.
   }
 }

@@ -12,7 +12,7 @@
 namespace zentho {
 namespace {
 
-/// Generates the header of a model, which must print nothing, and returns it.
+/// Returns the generated header. Generating must print nothing.
 std::string Header(const Schema& schema) {
   const Scratch scratch;
   EXPECT_EQ(Printed([&] { Generator(schema).generate(scratch.path("new/one.idl")); }), "");

@@ -10,7 +10,7 @@
 namespace zentho {
 namespace {
 
-/// Parses the text and returns the output. If it fails, the exception must be a plain one.
+/// Returns the output of parsing the text. With `fails`, it must throw a plain std::exception.
 std::string Parse(const std::string& text, Schema& schema, bool fails = false) {
   const IDL idl = Load(text);
   return Printed([&] {

@@ -11,7 +11,7 @@
 
 extern char** environ;
 
-// The program with files: exit statuses, output, and which files are written.
+// Runs the program and checks the exit status, the output, and which files are written.
 
 namespace zentho {
 namespace {
@@ -70,8 +70,8 @@ Result RunProgram(const Scratch& scratch, const std::string& command,
   return result;
 }
 
-/// A case is a directory with a command, its expected output and status, the files that it reads,
-/// and those that it must write, with ".expected" after their names.
+/// A case is a directory with a command, its expected output and status, input files, and for each
+/// file that must be written one with ".expected" after its name. Other headers fail the test.
 TEST(Program, MatchesExpectedResultOfEachCase) {
   for (const auto& directory : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/program")) {
     SCOPED_TRACE(directory.path().filename());
@@ -93,7 +93,7 @@ TEST(Program, MatchesExpectedResultOfEachCase) {
   }
 }
 
-TEST(Program, WritesLongLinesInOnePiece) {
+TEST(Program, WritesALongLineInOneWrite) {
   const Scratch scratch;
   const std::string name(50000, 'm');
   scratch.write("a.idl", "enum " + name + " { }");

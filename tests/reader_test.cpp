@@ -37,7 +37,7 @@ TEST(Reader, SplitsTextIntoTokenLines) {
       {"LineMayEndWithSlash", "a /\nb/\n/", "a;/;b/;/;"},
       {"IgnoresRepeatedSpaces", "  a   b  ", "a;b;"},
       {"SplitsAtColonsWithinALine", "x:float64 y : z :w:", "x|float64;y;;z;w;"},
-      {"ColonsOnlyGiveAnEmptyLine", ":: a:::b", ";a|b;"},
+      {"WordOfColonsGivesAnEmptyLine", ":: a:::b", ";a|b;"},
       {"SplitsAtBraceBeforeText", "{x Pose{x a{b{c", "{|x;Pose|{|x;a|{|b|{|c;"},
       {"KeepsBraceAtTheEnd", "{ {{ Pose{ a{b{", "{;{|{;Pose{;a|{|b{;"},
       {"SplitsAtColonsBeforeBraces", "a:{b:c{d:{", "a|{|b|c|{|d|{;"},
@@ -63,15 +63,15 @@ TEST(Reader, PassesAppendAndHandleEmptyLines) {
   EXPECT_EQ(Show(spaced), "old;a|b:c;;;{d;");
 
   Lines coloned{{"old"}};
-  IDL::splitByColon({{"a", "b:c"}, {}, {":"}, {"{d"}}, coloned);
-  EXPECT_EQ(Show(coloned), "old;a;b|c;;{d;");
+  IDL::splitByColon({{"a", "b:c"}, {}, {":"}, {""}, {"{d"}}, coloned);
+  EXPECT_EQ(Show(coloned), "old;a;b|c;;;{d;");
 
   Lines braced{{"old"}};
   IDL::splitByBrace(Lines{{"a{b", "c{"}, {}, {""}, {"{d"}}, braced);
   EXPECT_EQ(braced, (Lines{{"old"}, {"a", "{", "b", "c{"}, {}, {}, {"{", "d"}}));
 }
 
-TEST(Reader, OnlyOutputMarksTokens) {
+TEST(Reader, DumpsTokensWithAndWithoutMarks) {
   IDL idl = Load("x:float64 :\n y{z");
   EXPECT_EQ(Printed([&] { idl.outputFinal(); }), "output final idl:\nxfloat64\n\ny{z\n");
   EXPECT_EQ(Printed([&] { IDL::output(idl.tokenLines); }),

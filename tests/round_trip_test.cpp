@@ -29,7 +29,7 @@ const Numbers least = {INT8_MIN, INT16_MIN, INT32_MIN, INT64_MIN, 0, 0, 0, 0, -0
 const Numbers most = {INT8_MAX,   INT16_MAX,  INT32_MAX,  INT64_MAX, UINT8_MAX,
                       UINT16_MAX, UINT32_MAX, UINT64_MAX, 3e38F,     5e-324};
 
-void ExpectEqual(const Numbers& one, const Numbers& other) {
+void expectEqual(const Numbers& one, const Numbers& other) {
   EXPECT_TRUE(one.a == other.a && one.b == other.b && one.c == other.c && one.d == other.d);
   EXPECT_TRUE(one.e == other.e && one.f == other.f && one.g == other.g && one.h == other.h);
   EXPECT_TRUE(one.x == other.x && one.y == other.y);
@@ -48,8 +48,8 @@ TEST(RoundTrip, PreservesAllKindsOfLists) {
   EXPECT_EQ(result.text, request.text);
   EXPECT_EQ(result.color, RED);
   ASSERT_EQ(result.lists.numbers.size(), 2U);
-  ExpectEqual(result.lists.numbers[0], least);
-  ExpectEqual(result.lists.numbers[1], most);
+  expectEqual(result.lists.numbers[0], least);
+  expectEqual(result.lists.numbers[1], most);
   EXPECT_EQ(result.lists.nothings.size(), 1000U);
   EXPECT_EQ(result.lists.colors, request.lists.colors);
   EXPECT_EQ(result.lists.texts, request.lists.texts);
@@ -60,7 +60,7 @@ TEST(RoundTrip, OverwritesOldValues) {
   zentho::serialize(Echo::Response{most, {{INT32_MIN, 0, INT32_MAX}, {}}}, buffer);
   Echo::Response result{least, {{1}, {2}, {3}}};
   zentho::deserialize(buffer, result);
-  ExpectEqual(result.numbers, most);
+  expectEqual(result.numbers, most);
   EXPECT_EQ(result.grid, (std::vector<std::vector<std::int32_t>>{{INT32_MIN, 0, INT32_MAX}, {}}));
 }
 

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <list>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,8 +36,6 @@ class Scratch {
     std::ofstream(path(name), std::ios::binary) << text;
     return path(name);
   }
-
-  bool has(const std::string& name) const { return std::filesystem::exists(path(name)); }
 
  private:
   std::filesystem::path root;

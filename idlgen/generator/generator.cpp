@@ -19,7 +19,8 @@ std::string OutputPath(std::string_view idlPath) {
   return std::string(idlPath.substr(0, dot)) + ".h";
 }
 
-/// Returns the text with all occurrences of the pattern, a single character, replaced.
+/// Returns the text with all occurrences of the pattern replaced. The pattern must be one
+/// character.
 std::string replace(std::string text, std::string pattern, std::string replacement) {
   std::string result;
   std::size_t begin = 0;
@@ -34,7 +35,7 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
 /// Returns the C++ type of a built-in keyword, and other names unchanged. The parser has the same
 /// list of integer types.
 std::string CheckAndTransStdType(std::string type) {
-  using namespace std::string_view_literals;  // Comparing with these checks the lengths first.
+  using namespace std::string_view_literals;  // Fails fast if the lengths differ.
   if (type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
       type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv) {
     return "std::" + type + "_t";

@@ -8,17 +8,17 @@ namespace zentho {
 
 /// The token lines of one IDL file, and the passes that split its text into them.
 ///
-/// A token is a non-empty byte string without spaces and colons. A token line is a list of tokens
-/// and may be empty; line boundaries matter only to the dumps. The class knows no grammar, quotes
-/// or escapes. It accepts every sequence of bytes. Its only special characters are the line feed,
-/// '#',
-/// '/', the space, ':' and '{'.
+/// A token is a non-empty byte string without spaces and colons. A token line holds the tokens of
+/// one space-separated word, so it is not a line of the file; it may be empty. Its boundaries
+/// matter only to the dumps. The class knows no grammar, quotes or escapes, and accepts every
+/// sequence of bytes. Its only special characters are the line feed, '#', '/', the space, ':' and
+/// '{'.
 ///
 /// Parameters are taken by value: move in what you no longer need.
 class IDL {
  public:
-  /// Prints "idl path:" and the path. Runs the space, colon and brace passes on the lines of the file,
-  /// without comments and empty lines, and appends the results to `tokenLines`. Errors are not
+  /// Prints "idl path:" and the path. Removes the comment from each line of the file, runs the
+  /// space, colon and brace passes on it, and appends the results to `tokenLines`. Errors are not
   /// reported: a file that cannot be opened has no lines, and a read error ends the file.
   void load(std::string path);
 
@@ -30,7 +30,7 @@ class IDL {
                            std::vector<std::list<std::string>>& output);
 
   /// The colon pass: appends one token line per token, which contains the token's pieces. A line
-  /// without tokens adds nothing; a token of colons only adds an empty line.
+  /// without tokens adds nothing; a word of colons adds an empty line.
   static void splitByColon(std::vector<std::list<std::string>> lines,
                            std::vector<std::list<std::string>>& output);
 

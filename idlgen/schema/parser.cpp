@@ -16,7 +16,7 @@ namespace {
 
 /// Returns whether the type is an integer keyword. The generator has the same list.
 bool IsIntType(std::string type) {
-  using namespace std::string_view_literals;  // Comparing with these checks the lengths first.
+  using namespace std::string_view_literals;  // Fails fast if the lengths differ.
   return type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
          type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv;
 }
@@ -91,8 +91,8 @@ void Walk::printTokensRead() const {
 }
 
 void Walk::parseInclude() {
-  // Drops the first character unchecked, normally the opening quote or '<', and everything from the
-  // last '.', which includes the closing one.
+  // Drops the first character, normally '"' or '<', without checking it. Drops everything from the
+  // last '.', normally the extension and the closing '"' or '>'.
   const std::string_view file = next().substr(1);
   schema.includes.emplace_back(file.substr(0, file.rfind('.')));
 }
@@ -148,8 +148,7 @@ std::vector<CommonMember> Walk::parseMembers() {
 
 CommonMember Walk::parseMember(std::string_view name) {
   // Strips one character from each end per level until the last '[' is gone. The trailing one must
-  // be
-  // ']'; the leading one is not checked, so "x[int8]]" has depth 2.
+  // be ']'. The leading one is not checked, so "x[int8]]" has depth 2.
   std::string_view type = next();
   const std::size_t levels = type.rfind('[') + 1;  // 0 if there is no '['.
   for (std::size_t level = 0; level < levels; ++level) {

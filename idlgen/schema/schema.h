@@ -22,8 +22,8 @@ struct Enum {
   std::vector<EnumItem> items;
 };
 
-/// A field of a message, request or response. The type is that of the elements, without brackets.
-/// If the field is not a vector, `vectorDepth` and `isVector` are both 0.
+/// A member of a message, request or response. The type is that of the elements, without brackets.
+/// If it is not a vector, `vectorDepth` and `isVector` are both 0.
 struct CommonMember {
   std::int32_t vectorDepth = 0;  ///< The number of brackets around the type.
   std::string type;
@@ -48,8 +48,9 @@ struct Service {
 struct Schema {
   std::vector<std::string> includes;  ///< The included files, without extension.
 
-  // The includes that the header needs. Nothing sets the last two yet: the framework's header
-  // includes <vector>, and there is no keyword for a matrix. The generator supports all four.
+  // Whether the header needs <cstdint>, <string>, <vector> and OpenCV. Nothing sets the last two
+  // yet: the framework's header includes <vector>, and there is no keyword for a matrix. The
+  // generator supports all four.
   bool hasIntType = false;
   bool hasString = false;
   bool hasVector = false;

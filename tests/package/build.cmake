@@ -42,6 +42,7 @@ step(SUCCEEDS COMMAND ${make})
 step(SUCCEEDS COMMAND ${make} HIDES "Generating")
 
 # A header is deleted when its file or its target no longer exists, and nothing else is.
+# build[1], as a glob, matches build1.
 set(neighbor ${place}/build1/idl/spare_idl.idlgen/include/spare.h)
 file(WRITE ${neighbor} "")
 file(READ ${source}/idl/CMakeLists.txt text)

@@ -1,8 +1,9 @@
-# Commands for the tests of the package. Each checks a result and otherwise ends the test, with the
-# output.
+# Commands for the tests of the package. step() and check() end the test if a result is wrong.
 cmake_minimum_required(VERSION 3.23)
 
 # step(SUCCEEDS|FAILS COMMAND ... [PRINTS <text>...] [HIDES <text>...])
+#
+# Runs the command. It must succeed or fail, print all texts of PRINTS and none of HIDES.
 function(step outcome)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;PRINTS;HIDES")
   execute_process(COMMAND ${arg_COMMAND}
@@ -40,14 +41,14 @@ macro(check condition)
     endif()")
 endmacro()
 
-# Creates an empty directory for the test, with a blank in its path.
+# Creates an empty directory for the test, ${place}, with a blank in its path.
 macro(start name)
   set(place "${SCRATCH}/${name} with a blank")
   file(REMOVE_RECURSE ${place})
   file(MAKE_DIRECTORY ${place})
 endmacro()
 
-# Copies the consumer to the test's directory and configures it.
+# Copies the consumer to ${place} and configures it. ${make} builds it.
 macro(configure_consumer)
   file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer DESTINATION ${place})
   set(source ${place}/consumer)

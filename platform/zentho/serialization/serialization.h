@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-// The minimum that generated headers need of the framework's serialization, to compile and try them
-// without the framework. The encoding is not the framework's.
+// The part of the framework's serialization that generated headers use, to try them without the
+// framework. The encoding is not the framework's.
 
 namespace zentho {
 
