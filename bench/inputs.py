@@ -42,5 +42,5 @@ GROWING = {
     "members of a message": lambda n: "message M {\n" + "x: int8\n" * n + "}",
     "components of a namespace": lambda n: "namespace " + "a." * n,
     "includes": lambda n: 'include "a.idl"\n' * n,
-    "tokens before a fault": lambda n: "enum E { " + "A 0 " * (n // 2) + "} fault",
+    "tokens before an error": lambda n: "enum E { " + "A 0 " * (n // 2) + "} fault",
 }
