@@ -38,8 +38,8 @@ function(_idlgen_create_target program directory)
   add_executable(idlgen::idlgen IMPORTED GLOBAL)
   set_target_properties(idlgen::idlgen PROPERTIES IMPORTED_LOCATION ${program})
 
-  # The shell's way to reset the environment variable IDLGEN, which the user may have set. Running env
-  # takes longer.
+  # "IDLGEN=" makes the shell reset this environment variable, which the user may have set. Using env
+  # as below would take longer.
   cmake_path(REPLACE_FILENAME program idlgen-header OUTPUT_VARIABLE script)
   if(program MATCHES "/idlgen$" AND EXISTS ${script})
     set_property(GLOBAL PROPERTY IDLGEN_COMMAND IDLGEN= ${script})
