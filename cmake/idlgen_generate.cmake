@@ -4,10 +4,11 @@
 # custom target <target>_generate, which generates them.
 #
 #   FILES     relative to the current source directory, or absolute
-#   BASE_DIR  the directory that the paths in include statements start from; default: the current
-#             source directory, and the current binary directory for files below it
-#   DEPENDS   targets or files that generate IDL files; those that are generated in another directory
-#             must be marked GENERATED in this directory
+#   BASE_DIR  the directory that paths in include statements are relative to; default: the current
+#             source directory. Files in the current binary directory use that instead, unless
+#             BASE_DIR is inside it.
+#   DEPENDS   targets or files that generate IDL files. Files that another CMakeLists.txt generates
+#             need the source file property GENERATED in this directory.
 #
 # The headers are written to ${CMAKE_CURRENT_BINARY_DIR}/<target>.idlgen/include, at the path of the
 # IDL file relative to BASE_DIR.
@@ -73,14 +74,15 @@ function(idlgen_generate)
   endforeach()
   list(LENGTH arg_FILES files_count)
   list(LENGTH headers headers_count)
-  if(NOT headers_count EQUAL files_count)  # CMake does not split a list in brackets.
+  if(NOT headers_count EQUAL files_count)  # CMake does not split lists inside [ ].
     message(FATAL_ERROR "idlgen_generate: unbalanced [ or ] in a path below ${directory}")
   endif()
   _idlgen_remove_old_headers(${directory}/include "${config_directory}" "${names}")
   set_property(GLOBAL APPEND PROPERTY IDLGEN_DIRECTORIES ${directory})
   set_property(DIRECTORY APPEND PROPERTY ADDITIONAL_CLEAN_FILES ${directory})
 
-  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})  # ALL: it may only be installed.
+  # ALL: headers that nothing links can be installed, too.
+  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})
   add_library(${arg_TARGET} INTERFACE)
   add_dependencies(${arg_TARGET} ${arg_TARGET}_generate)
   target_sources(${arg_TARGET} INTERFACE

@@ -4,8 +4,8 @@
 #   - the one that IDLGEN_EXECUTABLE names, if set,
 #   - otherwise, in a cross build, one from the PATH of the build machine,
 #   - otherwise, the one in the directory.
-# idlgen-header is taken from the directory of the program, if it runs that program, otherwise from the
-# given one.
+# Uses the idlgen-header next to the program if the program is named idlgen, otherwise the one in the
+# directory.
 # Sets the variable to an error message if the program does not exist, otherwise to an empty string.
 cmake_minimum_required(VERSION 3.23)
 
@@ -38,7 +38,7 @@ function(_idlgen_create_target program directory)
   add_executable(idlgen::idlgen IMPORTED GLOBAL)
   set_target_properties(idlgen::idlgen PROPERTIES IMPORTED_LOCATION ${program})
 
-  # "IDLGEN=" makes the shell reset this environment variable, which the user may have set. Using env
+  # "IDLGEN=" makes the shell clear this environment variable, which the user may have set. Using env
   # as below would take longer.
   cmake_path(REPLACE_FILENAME program idlgen-header OUTPUT_VARIABLE script)
   if(program MATCHES "/idlgen$" AND EXISTS ${script})

@@ -70,8 +70,8 @@ Result RunProgram(const Scratch& scratch, const std::string& command,
   return result;
 }
 
-/// A case is a directory with a command, its expected output and status, input files, and for each
-/// file that must be written one with ".expected" after its name. Other headers fail the test.
+/// A case is a directory with a command, its expected output and status, input files, and a
+/// NAME.expected for each file NAME that must be written. Any other header fails the test.
 TEST(Program, MatchesExpectedResultOfEachCase) {
   for (const auto& directory : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/program")) {
     SCOPED_TRACE(directory.path().filename());

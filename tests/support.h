@@ -16,7 +16,7 @@
 
 namespace zentho {
 
-/// A temporary directory with a blank in its path, deleted at the end of the test.
+/// A temporary directory with a space in its path, deleted at the end of the test.
 class Scratch {
  public:
   Scratch() {

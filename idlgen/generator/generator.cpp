@@ -35,7 +35,7 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
 /// Returns the C++ type of a built-in keyword, and other names unchanged. The parser has the same
 /// list of integer types.
 std::string CheckAndTransStdType(std::string type) {
-  using namespace std::string_view_literals;  // Fails fast if the lengths differ.
+  using namespace std::string_view_literals;  // Comparing checks the lengths first.
   if (type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
       type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv) {
     return "std::" + type + "_t";

@@ -34,7 +34,7 @@ void LineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
   for (const std::string_view piece : pieces) buffer += piece;
   buffer += '\n';
 
-  // One iteration, unless a pipe accepts only a part of the line.
+  // Usually one iteration; more if the write is partial, interrupted or would block.
   for (std::string_view rest = buffer; !rest.empty();) {
     const ssize_t written = ::write(file, rest.data(), rest.size());
     if (written > 0) {

@@ -19,7 +19,7 @@ class IDL {
  public:
   /// Prints "idl path:" and the path. Removes the comment from each line of the file, runs the
   /// space, colon and brace passes on it, and appends the results to `tokenLines`. Errors are not
-  /// reported: a file that cannot be opened has no lines, and a read error ends the file.
+  /// reported: a file that cannot be opened has no lines, and reading stops at the first error.
   void load(std::string path);
 
   /// Splits `text` at `separator` and appends the non-empty pieces to `output`.

@@ -16,7 +16,7 @@ namespace {
 
 /// Returns whether the type is an integer keyword. The generator has the same list.
 bool IsIntType(std::string type) {
-  using namespace std::string_view_literals;  // Fails fast if the lengths differ.
+  using namespace std::string_view_literals;  // Comparing checks the lengths first.
   return type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
          type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv;
 }

@@ -7,7 +7,8 @@ set(geometry ${headers}/common_idl.idlgen/include/common/geometry.h)
 set(robot ${headers}/robot_idl.idlgen/include/robot.nav.h)
 file(GLOB_RECURSE sources ${source}/*)
 
-# The first build generates all headers, without their messages. The second one has nothing to do.
+# The first build generates all headers and does not print idlgen's messages. The second one has
+# nothing to do.
 step(SUCCEEDS COMMAND ${make} HIDES "idl path:" "done.")
 step(SUCCEEDS COMMAND ${build}/app/app)
 if(CMAKE_VERSION VERSION_GREATER_EQUAL 3.24)
@@ -41,7 +42,8 @@ file(WRITE ${geometry_idl} "${valid}")
 step(SUCCEEDS COMMAND ${make})
 step(SUCCEEDS COMMAND ${make} HIDES "Generating")
 
-# A header is deleted when its file or its target no longer exists, and nothing else is.
+# A header is deleted when its IDL file is not listed any more or its target no longer exists. Nothing
+# else is deleted.
 # build[1], as a glob, matches build1.
 set(neighbor ${place}/build1/idl/spare_idl.idlgen/include/spare.h)
 file(WRITE ${neighbor} "")

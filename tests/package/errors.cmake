@@ -46,7 +46,7 @@ step(FAILS COMMAND ${configure} -D "CALL=find_package(idlgen REQUIRED COMPONENTS
            PRINTS "idlgen_FOUND to FALSE")
 step(SUCCEEDS COMMAND ${configure} -D "CALL=idlgen_generate(TARGET t BASE_DIR sub FILES sub/c.idl)")
 
-# Makefiles have no colons in names.
+# The Makefile generators do not support colons in file names.
 string(REPLACE Ninja "Unix Makefiles" configure "${configure}")
 file(REMOVE_RECURSE ${place}/build)
 rejected("TARGET t FILES a:b.idl" "a:b.idl contains")

@@ -11,13 +11,13 @@ cd "header with $shell"
 
 broken() { echo "$1" && cat err && exit 1; }
 
-# generates IDL HEADER: the same header as idlgen, and no output.
+# generates IDL HEADER: checks that idlgen-header writes the same header as idlgen and prints nothing.
 generates() {
   cp -- "$1" copy.idl && "$idlgen" -f copy.idl >/dev/null
   $shell "$script" "$1" "$2" >err 2>&1 && [ ! -s err ] && cmp -- copy.h "$2" || broken "$1 -> $2"
 }
 
-# fails REASON IDL HEADER: prints IDL and the reason, and leaves no header, not even an older one.
+# fails REASON IDL HEADER: checks that it prints IDL and the reason and leaves no header or other file.
 fails() {
   cp -- old.h "$3" 2>err || true
   status=0 && $shell "$script" "$2" "$3" 2>err || status=$?
@@ -51,8 +51,8 @@ for program in ./missing ./idl false; do
 done
 $shell "$script" bad.idl ./bad.idl 2>err || [ -s bad.idl ] || broken 'the IDL file is gone'
 
-# Incomplete headers, short and long: without the last byte, the last lines, everything after the
-# declarations, and all bytes; and one that exceeds the file size limit.
+# Short and long headers that lack the last bytes, the last lines, the serialization functions or all
+# bytes, and one that exceeds the file size limit.
 echo 'namespace zentho message M { }' >short.idl
 for i in $(seq 9); do printf 'message M%s { a: int8 b: int8 c: int8 }\n' "$i"; done >long.idl
 echo 'namespace zentho' >>long.idl

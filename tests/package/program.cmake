@@ -4,7 +4,7 @@ start(program)
 # The package is moved first: it must not depend on where it was installed.
 file(COPY ${PREFIX}/ DESTINATION ${place}/moved)
 set(PREFIX ${place}/moved)
-set(ENV{IDLGEN} false)  # Without effect.
+set(ENV{IDLGEN} false)  # Must have no effect.
 configure_consumer()
 step(SUCCEEDS COMMAND ${make})
 

@@ -41,7 +41,7 @@ macro(check condition)
     endif()")
 endmacro()
 
-# Creates an empty directory for the test, ${place}, with a blank in its path.
+# Creates an empty directory for the test, ${place}, with a space in its path.
 macro(start name)
   set(place "${SCRATCH}/${name} with a blank")
   file(REMOVE_RECURSE ${place})

@@ -13,7 +13,7 @@ void FilePath::createFile(const char* path) try {
   // Opened for appending, in case another process has created the file in the meantime.
   if (std::FILE* file = std::fopen(path, "a")) std::fclose(file);
 } catch (...) {
-  // Out of memory. The caller notices when it opens the file.
+  // Out of memory.
 }
 
 }  // namespace zentho::util

@@ -10,8 +10,7 @@ namespace zentho::util {
 class FilePath {
  public:
   /// Creates an empty file at `path`, a zero-terminated string, and its missing parent directories.
-  /// Does not change an existing file. Reports no errors: the caller notices when it opens the
-  /// file.
+  /// Does not change an existing file. Ignores errors; opening the file fails then, too.
   static void createFile(const char* path);
 };
 
