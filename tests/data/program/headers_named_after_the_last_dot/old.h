@@ -1,1 +1,10 @@
-An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. An older header, which is longer than the new one. 
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
+// An older header that is longer than the new one.
