@@ -1,10 +1,2 @@
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
-// An older header that is longer than the new one.
+// An older header, which the new one replaces although it is shorter than these two long lines are.
+// An older header, which the new one replaces although it is shorter than these two long lines are.
