@@ -19,15 +19,14 @@ std::string OutputPath(std::string_view idlPath) {
   return std::string(idlPath.substr(0, dot)) + ".h";
 }
 
-/// Returns the text with all occurrences of the pattern replaced. The pattern must be one
-/// character.
+/// Returns the text with all occurrences of the pattern replaced.
 std::string replace(std::string text, std::string pattern, std::string replacement) {
   std::string result;
   std::size_t begin = 0;
   for (std::size_t match = text.find(pattern); match != std::string::npos;
        match = text.find(pattern, begin)) {
     result.append(text, begin, match - begin).append(replacement);
-    begin = match + 1;
+    begin = match + pattern.size();
   }
   return result.append(text, begin);
 }
@@ -35,7 +34,7 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
 /// Returns the C++ type of a built-in keyword, and other names unchanged. The parser has the same
 /// list of integer types.
 std::string CheckAndTransStdType(std::string type) {
-  using namespace std::string_view_literals;  // Comparing checks the lengths first.
+  using namespace std::string_view_literals;  // Unlike "...", with a length known in advance.
   if (type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
       type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv) {
     return "std::" + type + "_t";
@@ -206,6 +205,10 @@ void Generator::generate(std::string idlPath) const {
   const std::string path = OutputPath(idlPath);
   util::FilePath::createFile(path.c_str());
   LineWriter header(path);
+  write(header);
+}
+
+void Generator::write(LineWriter& header) const {
   writePrologue(header, *schema);
   writeDeclarations(header, *schema);
   writeSerialization(header, *schema);

@@ -2,12 +2,15 @@
 
 #include <string>
 
+#include "io/line_writer.h"
 #include "schema/schema.h"
 
 namespace zentho {
 
 /// Generates the C++ header of one IDL file. Refers to the model, which must outlive it. Names,
 /// values and types are copied to the header unchecked.
+///
+/// Names and parameters are fixed, because other programs link this class, too.
 class Generator {
  public:
   explicit Generator(const Schema& model) : schema(&model) {}
@@ -19,6 +22,9 @@ class Generator {
   /// Prints nothing, and does not report write errors. Throws a plain std::exception if the path
   /// has no '.'; no file has been touched then.
   void generate(std::string idlPath) const;
+
+  /// Writes the text of the header.
+  void write(LineWriter& header) const;
 
  private:
   const Schema* schema;

@@ -1,37 +1,14 @@
 #include "reader/idl.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstdio>
-#include <memory>
-#include <string_view>
 #include <utility>
 
+#include "io/file.h"
 #include "io/line_writer.h"
 
 namespace zentho {
 namespace {
-
-/// Calls `use` with each line of the file, up to its end or the first read error.
-template <typename Use>
-void forEachLine(const std::string& path, const Use& use) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                             std::fclose);
-  if (file == nullptr) return;
-  std::string line;
-  std::array<char, 16384> block;
-  while (const std::size_t size = std::fread(block.data(), 1, block.size(), file.get())) {
-    std::string_view rest(block.data(), size);
-    for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos; line.clear()) {
-      line += rest.substr(0, end);
-      use(line);
-      rest.remove_prefix(end + 1);
-    }
-    line += rest;
-  }
-  use(line);  // The last line, which is empty if the file ends with a line feed.
-}
 
 /// Returns the line up to its comment, which starts at the first '#'. In a line without '#', it
 /// starts at "//" if that is the first '/' of the line.
@@ -45,9 +22,18 @@ std::string_view WithoutComment(std::string_view line) {
   return line;
 }
 
-/// Moves the first token of `line` to the end of `pieces`, without a new allocation.
-void moveFront(std::list<std::string>& line, std::list<std::string>& pieces) {
-  pieces.splice(pieces.end(), line, line.begin());
+/// Moves the first token of `line` to the end of `pieces`: whole, and without a new allocation, if
+/// it does not contain the separator, otherwise as the pieces that `split` makes of it.
+template <typename Split>
+void moveFront(std::list<std::string>& line, std::list<std::string>& pieces, char separator,
+               const Split& split) {
+  std::string& token = line.front();
+  if (!token.empty() && token.find(separator) == std::string::npos) {
+    pieces.splice(pieces.end(), line, line.begin());
+  } else {
+    split(std::move(token), pieces);
+    line.pop_front();
+  }
 }
 
 /// Prints the tokens of each line, each followed by the mark.
@@ -63,17 +49,25 @@ void printLines(const std::vector<std::list<std::string>>& lines, std::string_vi
 
 void IDL::load(std::string path) {
   printLine({"idl path:", path});
+  std::string text;
+  ReadFile(path, text);
+  tokenize(text);
+}
 
-  // Running the passes line by line gives the same result as for the whole file, with less memory.
-  forEachLine(path, [this](std::string_view line) {
+void IDL::tokenize(std::string_view text) {
+  // Running the passes line by line gives the same result as for the whole text, with less memory.
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
     std::vector<std::string> stored;
-    stored.emplace_back(WithoutComment(line));
+    stored.emplace_back(WithoutComment(text.substr(0, end)));
+    text.remove_prefix(std::min(end + 1, text.size()));
+
     std::vector<std::list<std::string>> splitAtSpaces;
     splitBySpace(std::move(stored), splitAtSpaces);
     std::vector<std::list<std::string>> splitAtColons;
     splitByColon(std::move(splitAtSpaces), splitAtColons);
     splitByBrace(std::move(splitAtColons), tokenLines);
-  });
+  }
 }
 
 void IDL::split(std::string text, std::list<std::string>& output, char separator) {
@@ -92,17 +86,11 @@ void IDL::splitBySpace(std::vector<std::string> lines,
 
 void IDL::splitByColon(std::vector<std::list<std::string>> lines,
                        std::vector<std::list<std::string>>& output) {
+  const auto splitToken = [](std::string token, std::list<std::string>& pieces) {
+    split(std::move(token), pieces, ':');
+  };
   for (std::list<std::string>& line : lines) {
-    while (!line.empty()) {
-      std::list<std::string>& pieces = output.emplace_back();
-      std::string& token = line.front();
-      if (!token.empty() && token.find(':') == std::string::npos) {
-        moveFront(line, pieces);
-      } else {
-        split(std::move(token), pieces, ':');
-        line.pop_front();
-      }
-    }
+    while (!line.empty()) moveFront(line, output.emplace_back(), ':', splitToken);
   }
 }
 
@@ -120,17 +108,12 @@ void IDL::splitByBrace(std::string token, std::list<std::string>& output) {
 
 void IDL::splitByBrace(std::vector<std::list<std::string>> lines,
                        std::vector<std::list<std::string>>& output) {
+  const auto splitToken = [](std::string token, std::list<std::string>& pieces) {
+    splitByBrace(std::move(token), pieces);
+  };
   for (std::list<std::string>& line : lines) {
     std::list<std::string>& pieces = output.emplace_back();
-    while (!line.empty()) {
-      std::string& token = line.front();
-      if (!token.empty() && token.find('{') == std::string::npos) {
-        moveFront(line, pieces);
-      } else {
-        splitByBrace(std::move(token), pieces);
-        line.pop_front();
-      }
-    }
+    while (!line.empty()) moveFront(line, pieces, '{', splitToken);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zentho {
@@ -9,18 +10,21 @@ namespace zentho {
 /// The token lines of one IDL file, and the passes that split its text into them.
 ///
 /// A token is a non-empty byte string without spaces and colons. A token line holds the tokens of
-/// one space-separated word, so it is not a line of the file; it may be empty. Its boundaries
+/// one word: `x:int8` gives the token line {"x", "int8"}, and `:` an empty one. Its boundaries
 /// matter only to the dumps. The class knows no grammar, quotes or escapes, and accepts every
 /// sequence of bytes. Its only special characters are the line feed, '#', '/', the space, ':' and
 /// '{'.
 ///
-/// Parameters are taken by value: move in what you no longer need.
+/// Names and parameters are fixed, because other programs link this class, too.
 class IDL {
  public:
-  /// Prints "idl path:" and the path. Removes the comment from each line of the file, runs the
-  /// space, colon and brace passes on it, and appends the results to `tokenLines`. Errors are not
-  /// reported: a file that cannot be opened has no lines, and reading stops at the first error.
+  /// Prints "idl path:" and the path, and tokenizes the file. Errors are not reported: a file that
+  /// cannot be opened has no lines, and reading stops at the first error.
   void load(std::string path);
+
+  /// Removes the comment from each line of the text, runs the space, colon and brace passes on it,
+  /// and appends the results to `tokenLines`.
+  void tokenize(std::string_view text);
 
   /// Splits `text` at `separator` and appends the non-empty pieces to `output`.
   static void split(std::string text, std::list<std::string>& output, char separator);
@@ -29,8 +33,8 @@ class IDL {
   static void splitBySpace(std::vector<std::string> lines,
                            std::vector<std::list<std::string>>& output);
 
-  /// The colon pass: appends one token line per token, which contains the token's pieces. A line
-  /// without tokens adds nothing; a word of colons adds an empty line.
+  /// The colon pass: appends one token line per token, with its pieces: the line {"a", "b:c", "::"}
+  /// gives {"a"}, {"b", "c"} and {}. Tokens without a colon are moved, not copied.
   static void splitByColon(std::vector<std::list<std::string>> lines,
                            std::vector<std::list<std::string>>& output);
 
@@ -39,7 +43,8 @@ class IDL {
   /// not even '}'.
   static void splitByBrace(std::string token, std::list<std::string>& output);
 
-  /// The brace pass: appends one token line per line, with its tokens split as above.
+  /// The brace pass: appends one token line per line, with its tokens split as above. Tokens
+  /// without a '{' are moved, not copied.
   static void splitByBrace(std::vector<std::list<std::string>> lines,
                            std::vector<std::list<std::string>>& output);
 

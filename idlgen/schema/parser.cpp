@@ -16,24 +16,21 @@ namespace {
 
 /// Returns whether the type is an integer keyword. The generator has the same list.
 bool IsIntType(std::string type) {
-  using namespace std::string_view_literals;  // Comparing checks the lengths first.
+  using namespace std::string_view_literals;  // Unlike "...", with a length known in advance.
   return type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
          type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv;
 }
 
-[[noreturn]] void failFormat(std::string_view token) {
-  printLine({"WRONG format in ", token});
-  throw std::exception();
-}
-
 /// One pass over the tokens of a file, up to the first error. Refers to the strings of the `IDL`
-/// and to the `Schema`, which must outlive it.
+/// and to the `Schema`, which must outlive it. Prints only on request.
 class Walk {
  public:
   Walk(const IDL& idl, Schema& target);
 
-  /// Parses all statements. On an error, prints the diagnostic and throws.
-  void parseStatements();
+  [[nodiscard]] bool atEnd() const { return position == tokens.size(); }
+
+  /// Parses one statement. Returns its keyword, or throws a ParseError.
+  std::string_view parseStatement();
 
   /// Prints the tokens read so far.
   void printTokensRead() const;
@@ -53,6 +50,9 @@ class Walk {
   /// Reads the next token and fails if it is not the expected one.
   void expect(std::string_view expected);
 
+  [[noreturn]] void fail(std::string reason) const;
+  [[noreturn]] void failFormat(std::string_view token) const;
+
   std::vector<std::string_view> tokens;
   std::size_t position = 0;
   Schema& schema;
@@ -64,24 +64,22 @@ Walk::Walk(const IDL& idl, Schema& target) : schema(target) {
   }
 }
 
-void Walk::parseStatements() {
-  while (position < tokens.size()) {
-    const std::string_view keyword = next();
-    if (keyword == "include") {
-      parseInclude();
-    } else if (keyword == "namespace") {
-      parseNamespace();
-    } else if (keyword == "enum") {
-      parseEnum();
-    } else if (keyword == "message") {
-      parseMessage();
-    } else if (keyword == "service") {
-      parseService();
-    } else {
-      failFormat(keyword);
-    }
-    printLine({keyword, " done."});
+std::string_view Walk::parseStatement() {
+  const std::string_view keyword = next();
+  if (keyword == "include") {
+    parseInclude();
+  } else if (keyword == "namespace") {
+    parseNamespace();
+  } else if (keyword == "enum") {
+    parseEnum();
+  } else if (keyword == "message") {
+    parseMessage();
+  } else if (keyword == "service") {
+    parseService();
+  } else {
+    failFormat(keyword);
   }
+  return keyword;
 }
 
 void Walk::printTokensRead() const {
@@ -98,10 +96,7 @@ void Walk::parseInclude() {
 }
 
 void Walk::parseNamespace() {
-  if (schema.namespaceSet) {
-    printLine({"namespace can be set only once."});
-    throw std::exception();
-  }
+  if (schema.namespaceSet) fail("namespace can be set only once.");
   schema.namespaceSet = true;  // Even if the path has no components.
   std::list<std::string> components;
   IDL::split(std::string(next()), components, '.');
@@ -152,6 +147,7 @@ CommonMember Walk::parseMember(std::string_view name) {
   std::string_view type = next();
   const std::size_t levels = type.rfind('[') + 1;  // 0 if there is no '['.
   for (std::size_t level = 0; level < levels; ++level) {
+    // Never empty: a '[' is left, because each level strips at most the first one.
     if (type.back() != ']') failFormat(type);
     type = type.substr(1, type.size() - 2);
   }
@@ -170,10 +166,7 @@ CommonMember Walk::parseMember(std::string_view name) {
 }
 
 std::string_view Walk::next() {
-  if (position == tokens.size()) {
-    printLine({"unexpected end of file."});
-    throw std::exception();
-  }
+  if (atEnd()) fail("unexpected end of file.");
   return tokens[position++];
 }
 
@@ -182,16 +175,31 @@ void Walk::expect(std::string_view expected) {
   if (token != expected) failFormat(token);
 }
 
+void Walk::fail(std::string reason) const {
+  throw ParseError(std::move(reason), position);
+}
+
+void Walk::failFormat(std::string_view token) const {
+  fail(std::string("WRONG format in ").append(token));
+}
+
 }  // namespace
 
 void Parser::parse(const IDL& idl, Schema& schema) const {
   Walk walk(idl, schema);
   try {
-    walk.parseStatements();
-  } catch (const std::exception&) {
+    while (!walk.atEnd()) printLine({walk.parseStatement(), " done."});
+  } catch (const std::exception& error) {
+    const auto* const parseError = dynamic_cast<const ParseError*>(&error);
+    if (parseError != nullptr) printLine({parseError->reason});
     walk.printTokensRead();
     throw std::exception();
   }
+}
+
+void Parser::parseSilently(const IDL& idl, Schema& schema) const {
+  Walk walk(idl, schema);
+  while (!walk.atEnd()) walk.parseStatement();
 }
 
 }  // namespace zentho

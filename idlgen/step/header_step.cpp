@@ -1,0 +1,113 @@
+#include "step/header_step.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+#include "generator/generator.h"
+#include "io/file.h"
+#include "io/line_writer.h"
+#include "reader/idl.h"
+#include "schema/parser.h"
+#include "schema/schema.h"
+#include "step/diagnostic.h"
+#include "step/replace_file.h"
+
+namespace zentho {
+namespace {
+
+constexpr std::string_view firstLine = "#pragma once";
+
+std::string ErrorLine(const std::string& path, const std::string& reason) {
+  return "idlgen-header: " + Printable(path) + ": " + reason + "\n";
+}
+
+StepError SystemError(const std::string& path, int error) {
+  return StepError(ErrorLine(path, std::strerror(error)));
+}
+
+StepError Refusal(const std::string& header, const std::string& reason) {
+  return StepError(ErrorLine(header, reason + "; it is left as it is"));
+}
+
+/// Throws StepError if there is a file in the header's place that must not be replaced. Returns 0
+/// or the errno of a failure that leaves this open.
+int CheckReplaceable(const std::string& idl, const std::string& header) {
+  if (header.empty()) return ENOENT;
+  if (header.back() == '/') return EISDIR;
+  struct stat there {};
+  if (lstat(header.c_str(), &there) != 0) {
+    return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+  }
+  for (const auto status : {stat, lstat}) {
+    struct stat source {};
+    if (status(idl.c_str(), &source) == 0 && source.st_dev == there.st_dev &&
+        source.st_ino == there.st_ino) {
+      throw Refusal(header, "is the IDL file");
+    }
+  }
+  if (S_ISLNK(there.st_mode)) return 0;
+  if (!S_ISREG(there.st_mode)) throw Refusal(header, "is not a regular file");
+  std::string start;
+  if (const int error = ReadFile(header, start, firstLine.size())) return error;
+  if (!start.empty() && start != firstLine) {
+    throw Refusal(header, "does not begin with \"" + std::string(firstLine) + "\"");
+  }
+  return 0;
+}
+
+/// Returns the text of the IDL file's header, or throws StepError.
+std::string HeaderText(const std::string& idlPath) {
+  std::string source;
+  if (const int error = ReadFile(idlPath, source)) throw SystemError(idlPath, error);
+  Schema schema;
+  try {
+    IDL idl;
+    idl.tokenize(source);
+    Parser().parseSilently(idl, schema);
+  } catch (const ParseError& error) {
+    throw StepError(Diagnostic(idlPath, source, error));
+  }
+  std::string text;
+  LineWriter writer(&text);
+  Generator(schema).write(writer);
+  return text;
+}
+
+/// Returns whether `path` is a regular file with this text. If that cannot be found out, it is not.
+bool HasText(const std::string& path, const std::string& text) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  std::string old;
+  return ReadFile(path, old, text.size() + 1) == 0 && old == text;
+}
+
+}  // namespace
+
+void generateHeader(const std::string& idl, const std::string& header, bool ifChanged) {
+  int error = CheckReplaceable(idl, header);
+  // A second try, because after a spurious failure an outdated header would stay.
+  if (error != 0) error = CheckReplaceable(idl, header);
+  if (error != 0) throw SystemError(header, error);
+  try {
+    const std::string text = HeaderText(idl);
+    if (ifChanged && HasText(header, text)) return;
+    error = ReplaceFile(header, text);
+    if (error != 0) throw SystemError(header, error);
+  } catch (StepError& failure) {
+    error = RemoveFile(header);
+    if (error != 0) {
+      failure.message +=
+          ErrorLine(header, std::string("cannot be removed: ") + std::strerror(error));
+    }
+    throw;
+  } catch (...) {
+    RemoveFile(header);
+    throw;
+  }
+}
+
+}  // namespace zentho
