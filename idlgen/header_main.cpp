@@ -11,19 +11,25 @@
 namespace zentho {
 namespace {
 
+void printError(std::string_view lines) {
+  // Twice, because a reason that gets lost costs its reader more than one that is shown twice.
+  if (WriteAll(STDERR_FILENO, lines) != 0) WriteAll(STDERR_FILENO, lines);
+}
+
+/// Executes the command line. Returns the exit status.
 int run(int argc, char** argv) {
   const bool ifChanged = argc == 4 && std::string_view(argv[1]) == "--if-changed";
   if (argc != 3 && !ifChanged) {
-    WriteAll(STDERR_FILENO, "usage: idlgen-header [--if-changed] IDL HEADER\n");
+    printError("usage: idlgen-header [--if-changed] IDL HEADER\n");
     return 2;
   }
   try {
     generateHeader(argv[argc - 2], argv[argc - 1], ifChanged);
     return EXIT_SUCCESS;
   } catch (const StepError& failure) {
-    WriteAll(STDERR_FILENO, failure.message);
+    printError(failure.message);
   } catch (const std::exception&) {
-    WriteAll(STDERR_FILENO, "idlgen-header: Cannot allocate memory\n");
+    printError("idlgen-header: Cannot allocate memory\n");
   }
   return EXIT_FAILURE;
 }

@@ -32,7 +32,7 @@ void processFile(const std::string& path, const Parser& parser, bool verbose) {
   Generator(schema).generate(path);
 }
 
-/// Executes the command line. Returns the exit status.
+/// Executes the command line. Returns the exit status, where -1 becomes 255.
 int run(int argc, char** argv) {
   if (argc < 2) {
     printLine({"no param found."});

@@ -6,9 +6,10 @@
 
 namespace zentho {
 
-// The model of one IDL file. Lists are in the order of declaration, and strings are copied
-// unchanged from the file. Records refer to each other by name only. Names may repeat or be
-// undeclared.
+// The model of one IDL file. Lists are in the order of declaration. Names and enum values are
+// copied unchanged. Records refer to each other by name only. Names may repeat or be undeclared.
+//
+// Names of types and members are fixed, because other programs link these records, too.
 
 /// One item of an enum. The value is text; it is not interpreted as a number.
 struct EnumItem {
@@ -16,28 +17,24 @@ struct EnumItem {
   std::string value;
 };
 
-/// An enum, possibly without items.
 struct Enum {
   std::string name;
   std::vector<EnumItem> items;
 };
 
 /// A member of a message, request or response. The type is that of the elements, without brackets.
-/// If it is not a vector, `vectorDepth` and `isVector` are both 0.
 struct CommonMember {
-  std::int32_t vectorDepth = 0;  ///< The number of brackets around the type.
+  std::int32_t vectorDepth = 0;  ///< The number of brackets around the type; 0 if no vector.
   std::string type;
   std::int32_t isVector = 0;  ///< 1 if the depth is above 0, otherwise 0.
   std::string name;
 };
 
-/// A message, possibly without members.
 struct Message {
   std::string name;
   std::vector<CommonMember> members;
 };
 
-/// A service with the members of its request and of its response, possibly none.
 struct Service {
   std::string name;
   std::vector<CommonMember> request;
@@ -48,9 +45,9 @@ struct Service {
 struct Schema {
   std::vector<std::string> includes;  ///< The included files, without extension.
 
-  // Whether the header needs <cstdint>, <string>, <vector> and OpenCV. Nothing sets the last two
-  // yet: the framework's header includes <vector>, and there is no keyword for a matrix. The
-  // generator supports all four.
+  // Whether a member has an integer type, is a string, is a vector or is a matrix. The generator
+  // turns these into includes. Nothing sets the last two yet: the framework's header includes
+  // <vector>, and there is no keyword for a matrix.
   bool hasIntType = false;
   bool hasString = false;
   bool hasVector = false;

@@ -36,16 +36,19 @@ StepError Refusal(const std::string& header, const std::string& reason) {
 /// Throws StepError if there is a file in the header's place that must not be replaced. Returns 0
 /// or the errno of a failure that leaves this open.
 int CheckReplaceable(const std::string& idl, const std::string& header) {
-  if (header.empty()) return ENOENT;
-  if (header.back() == '/') return EISDIR;
+  // Each call twice, because a spurious failure must not cost a file that is not a header.
   struct stat there {};
-  if (lstat(header.c_str(), &there) != 0) {
-    return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+  if (lstat(header.c_str(), &there) != 0 && lstat(header.c_str(), &there) != 0) {
+    const int error = errno;
+    if (error != ENOENT && error != ENOTDIR) return error;
+    if (header.empty()) return ENOENT;
+    const std::string name = header.substr(header.rfind('/') + 1);
+    return name.empty() || name == "." || name == ".." ? EISDIR : 0;
   }
   for (const auto status : {stat, lstat}) {
     struct stat source {};
-    if (status(idl.c_str(), &source) == 0 && source.st_dev == there.st_dev &&
-        source.st_ino == there.st_ino) {
+    const bool known = status(idl.c_str(), &source) == 0 || status(idl.c_str(), &source) == 0;
+    if (known && source.st_dev == there.st_dev && source.st_ino == there.st_ino) {
       throw Refusal(header, "is the IDL file");
     }
   }

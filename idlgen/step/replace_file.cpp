@@ -22,7 +22,6 @@ class SignalDelay {
     sigset_t ending;
     sigemptyset(&ending);
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) sigaddset(&ending, signal);
-    sigemptyset(&before);
     sigprocmask(SIG_BLOCK, &ending, &before);
   }
   SignalDelay(const SignalDelay&) = delete;
@@ -47,8 +46,10 @@ int CreateTemporary(const std::string& path, std::string& name) {
     if (errno == ENOENT && i == 0) {
       std::error_code error;
       std::filesystem::create_directories(directory, error);
-      errno = error.value();
-      if (error) return -1;
+      if (error) {
+        errno = error.value();
+        return -1;
+      }
     } else if (errno != EEXIST) {
       return -1;
     }
@@ -72,12 +73,9 @@ int ReplaceFile(const std::string& path, std::string_view bytes) {
 }
 
 int RemoveFile(const std::string& path) {
-  // A second try, because a file that stays after a spurious failure does harm.
-  for (int i = 0; i < 2 && ::unlink(path.c_str()) != 0; ++i) {
-    if (errno == ENOENT || errno == ENOTDIR) return 0;
-    if (i == 1) return errno;
-  }
-  return 0;
+  // Twice, because a file that stays after a spurious failure does harm.
+  if (::unlink(path.c_str()) == 0 || ::unlink(path.c_str()) == 0) return 0;
+  return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
 }
 
 }  // namespace zentho

@@ -4,13 +4,12 @@ namespace zentho::util {
 
 /// The one function of the framework that the generator calls.
 ///
-/// The program may be linked with the framework's own library instead of file_path.cpp, so the
-/// declaration promises only what both implementations guarantee; in particular, it is not
-/// noexcept.
+/// The program may be linked with the framework's own library instead of file_path.cpp. Not
+/// noexcept: the framework's implementation may throw.
 class FilePath {
  public:
   /// Creates an empty file at `path`, a zero-terminated string, and its missing parent directories.
-  /// Does not change an existing file. Ignores errors; opening the file fails then, too.
+  /// Does not change an existing file. Ignores errors: the caller notices when it opens the file.
   static void createFile(const char* path);
 };
 
