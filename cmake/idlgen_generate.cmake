@@ -5,101 +5,112 @@
 #
 #   FILES     relative to the current source directory, or absolute
 #   BASE_DIR  the directory that paths in include statements are relative to; default: the current
-#             source directory. Files in the current binary directory use that instead, unless
-#             BASE_DIR is inside it.
+#             source directory. For IDL files in the current binary directory, paths are relative to
+#             that directory, unless BASE_DIR is below it.
 #   DEPENDS   targets or files that generate IDL files. Files that another CMakeLists.txt generates
 #             need the source file property GENERATED in this directory.
 #
 # The headers are written to ${CMAKE_CURRENT_BINARY_DIR}/<target>.idlgen/include, at the path of the
 # IDL file relative to BASE_DIR.
-cmake_minimum_required(VERSION 3.23)
+cmake_policy(VERSION 3.23)
 
 function(idlgen_generate)
-  foreach(argument IN LISTS ARGV)
-    if(argument STREQUAL "")
-      message(FATAL_ERROR "idlgen_generate: empty argument: ${ARGV}")
-    endif()
-  endforeach()
   cmake_parse_arguments(PARSE_ARGV 0 arg "" "TARGET;BASE_DIR" "FILES;DEPENDS")
+  list(REMOVE_ITEM arg_KEYWORDS_MISSING_VALUES DEPENDS)
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "idlgen_generate: unknown argument: ${arg_UNPARSED_ARGUMENTS}")
   endif()
   if(arg_KEYWORDS_MISSING_VALUES)
     message(FATAL_ERROR "idlgen_generate: no value after ${arg_KEYWORDS_MISSING_VALUES}")
   endif()
-  if(NOT DEFINED arg_TARGET)
-    message(FATAL_ERROR "idlgen_generate: missing TARGET")
+  if(NOT DEFINED arg_TARGET OR NOT DEFINED arg_FILES)
+    message(FATAL_ERROR "idlgen_generate: TARGET and FILES are required")
   endif()
-  if(NOT arg_TARGET MATCHES "^[A-Za-z0-9_.+-]+$")
-    message(FATAL_ERROR "idlgen_generate: not a valid target name: ${arg_TARGET}")
-  endif()
-  if(NOT DEFINED arg_FILES)
-    message(FATAL_ERROR "idlgen_generate: missing FILES for the target ${arg_TARGET}")
-  endif()
-  if(NOT TARGET idlgen::idlgen)
-    get_property(problem GLOBAL PROPERTY IDLGEN_PROBLEM)
-    message(FATAL_ERROR "idlgen_generate: the target idlgen::idlgen does not exist. ${problem}")
-  endif()
-  foreach(target ${arg_TARGET} ${arg_TARGET}_generate)
-    if(TARGET ${target})
-      message(FATAL_ERROR "idlgen_generate: the target ${target} already exists")
-    endif()
-  endforeach()
 
   set(base ${CMAKE_CURRENT_SOURCE_DIR})
   if(DEFINED arg_BASE_DIR)
     cmake_path(ABSOLUTE_PATH arg_BASE_DIR NORMALIZE OUTPUT_VARIABLE base)
   endif()
+  set(include ${CMAKE_CURRENT_BINARY_DIR}/${arg_TARGET}.idlgen/include)
+  # Ninja compiles nothing again if a command leaves the header as it is. make would repeat the command
+  # in each build.
+  set(options)
+  if(CMAKE_GENERATOR MATCHES "^Ninja")
+    set(options --if-changed)
+  endif()
+  # idlgen_import_program writes this file if the program is not built here.
+  set(stamp ${CMAKE_BINARY_DIR}/CMakeFiles/idlgen-header.sha256)
+  if(EXISTS ${stamp})
+    list(APPEND arg_DEPENDS ${stamp})
+  endif()
 
-  get_property(command GLOBAL PROPERTY IDLGEN_COMMAND)
-  get_property(dependencies GLOBAL PROPERTY IDLGEN_DEPENDENCIES)
-  get_property(config_directory GLOBAL PROPERTY IDLGEN_CONFIG_DIRECTORY)
-  set(directory ${CMAKE_CURRENT_BINARY_DIR}/${arg_TARGET}.idlgen)
-  set(include ${directory}/include${config_directory})
   set(names)
-  set(headers)
   foreach(file IN LISTS arg_FILES)
-    _idlgen_locate("${file}" "${base}" idl name)
-    if(name IN_LIST names)
-      message(FATAL_ERROR "idlgen_generate: ${file} and another file would both generate ${name}")
+    _idlgen_locate("${file}" "${base}" "${include}" idl name)
+    if(DEFINED "first_${name}")
+      message(FATAL_ERROR
+              "idlgen_generate: ${first_${name}} and ${file} would both generate ${name}")
     endif()
-    list(APPEND names ${name})
-    list(APPEND headers ${include}/${name})
+    set("first_${name}" "${file}")
+    list(APPEND names "${name}")
     add_custom_command(
       OUTPUT ${include}/${name}
-      COMMAND ${command} ${idl} ${include}/${name}
-      DEPENDS ${idl} ${dependencies} ${arg_DEPENDS}
+      COMMAND idlgen::idlgen-header ${options} ${idl} ${include}/${name}
+      DEPENDS ${idl} idlgen::idlgen-header ${arg_DEPENDS}
       COMMENT "Generating ${name}"
       VERBATIM)
   endforeach()
-  list(LENGTH arg_FILES files_count)
-  list(LENGTH headers headers_count)
-  if(NOT headers_count EQUAL files_count)  # CMake does not split lists inside [ ].
-    message(FATAL_ERROR "idlgen_generate: unbalanced [ or ] in a path below ${directory}")
-  endif()
-  _idlgen_remove_old_headers(${directory}/include "${config_directory}" "${names}")
-  set_property(GLOBAL APPEND PROPERTY IDLGEN_DIRECTORIES ${directory})
-  set_property(DIRECTORY APPEND PROPERTY ADDITIONAL_CLEAN_FILES ${directory})
+
+  # The headers of IDL files that are not listed any more.
+  string(REPLACE "*" "[*]" pattern "${include}")
+  file(GLOB_RECURSE old RELATIVE ${include} "${pattern}/*.h")
+  list(REMOVE_ITEM old ${names})
+  foreach(name IN LISTS old)
+    file(REMOVE "${include}/${name}")
+  endforeach()
 
   # ALL: headers that nothing links can be installed, too.
+  list(TRANSFORM names PREPEND ${include}/ OUTPUT_VARIABLE headers)
   add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})
   add_library(${arg_TARGET} INTERFACE)
   add_dependencies(${arg_TARGET} ${arg_TARGET}_generate)
   target_sources(${arg_TARGET} INTERFACE
     FILE_SET HEADERS BASE_DIRS ${include} FILES ${headers})
+  # SYSTEM: the functions of empty requests have unused parameters.
+  target_include_directories(${arg_TARGET} SYSTEM INTERFACE $<BUILD_INTERFACE:${include}>)
+endfunction()
+
+# idlgen_import_program(<installed> <variable>)
+#
+# Creates the imported target idlgen::idlgen-header:
+#   - for the program that IDLGEN_HEADER_EXECUTABLE names, if set,
+#   - otherwise, in a cross build, for one from the PATH of the build machine,
+#   - otherwise, for the installed program.
+# Sets the variable to an error message if the program does not exist, otherwise to an empty string.
+function(idlgen_import_program installed problem_variable)
+  set(IDLGEN_HEADER_EXECUTABLE "" CACHE FILEPATH "The idlgen-header to run, if not the default")
+  set(program ${installed})
+  set(problem "The program is missing from its package: ${program}")
+  if(IDLGEN_HEADER_EXECUTABLE)
+    cmake_path(ABSOLUTE_PATH IDLGEN_HEADER_EXECUTABLE BASE_DIRECTORY ${CMAKE_SOURCE_DIR} NORMALIZE
+               OUTPUT_VARIABLE program)
+    set(problem "IDLGEN_HEADER_EXECUTABLE does not exist or is a directory: ${program}")
+  elseif(CMAKE_CROSSCOMPILING)
+    set(program NOTFOUND)  # find_program does not search if the user has set this variable.
+    find_program(program idlgen-header PATHS ENV PATH
+                 NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+    set(problem "This is a cross build, and there is no idlgen-header for the build machine in its \
+PATH. Install one there or set IDLGEN_HEADER_EXECUTABLE to it.")
+  endif()
+  if(EXISTS "${program}" AND NOT IS_DIRECTORY "${program}")
+    set(problem "")
+    _idlgen_create_target(${program})
+  endif()
+  set(${problem_variable} ${problem} PARENT_SCOPE)
 endfunction()
 
 # Returns the absolute path of an IDL file, and the path of its header below the include directory.
-# Rejects files that cannot have a header there.
-function(_idlgen_locate file base idl_variable name_variable)
-  if(file MATCHES "\\$<")
-    message(FATAL_ERROR "idlgen_generate: FILES does not support generator expressions: ${file}")
-  endif()
-  if(file MATCHES "[#<>|\\;\t\n]|\\$\\(" OR (file MATCHES ":" AND CMAKE_GENERATOR MATCHES "Makefiles"))
-    message(FATAL_ERROR "idlgen_generate: ${file} contains a character that CMake does not support \
-in the names of generated files: # < > | \\ ; $( tab, line break or, with make, colon")
-  endif()
-
+function(_idlgen_locate file base include idl_variable name_variable)
   cmake_path(ABSOLUTE_PATH file NORMALIZE OUTPUT_VARIABLE idl)
   cmake_path(IS_PREFIX base "${idl}" NORMALIZE inside)
   cmake_path(IS_PREFIX base "${CMAKE_CURRENT_BINARY_DIR}" NORMALIZE base_is_above)
@@ -110,7 +121,6 @@ in the names of generated files: # < > | \\ ; $( tab, line break or, with make, 
       set(inside TRUE)
     endif()
   endif()
-
   get_source_file_property(generated "${idl}" GENERATED)
   if(NOT generated AND (NOT EXISTS "${idl}" OR IS_DIRECTORY "${idl}"))
     message(FATAL_ERROR "idlgen_generate: file not found: ${file}")
@@ -118,52 +128,47 @@ in the names of generated files: # < > | \\ ; $( tab, line break or, with make, 
   if(NOT inside)
     message(FATAL_ERROR "idlgen_generate: ${file} is not below the base directory ${base}")
   endif()
-  cmake_path(RELATIVE_PATH idl BASE_DIRECTORY "${base}" OUTPUT_VARIABLE name)
 
   # As in idlgen, only the last extension is replaced.
+  cmake_path(RELATIVE_PATH idl BASE_DIRECTORY "${base}" OUTPUT_VARIABLE name)
   cmake_path(GET name EXTENSION LAST_ONLY extension)
   if(extension MATCHES "^\\.?$")
     message(FATAL_ERROR "idlgen_generate: ${file} has no extension to replace with .h")
   endif()
-  if(extension STREQUAL ".h")
-    message(FATAL_ERROR "idlgen_generate: ${file} already has the extension .h")
-  endif()
   cmake_path(REPLACE_EXTENSION name LAST_ONLY .h)
-
+  _idlgen_check_path("${idl}")
+  _idlgen_check_path("${include}/${name}")
   set(${idl_variable} "${idl}" PARENT_SCOPE)
   set(${name_variable} "${name}" PARENT_SCOPE)
 endfunction()
 
-# Deletes the headers of IDL files that no longer belong to the target: those that are not in the list
-# of names. Does not delete the temporary files of idlgen-header, as another build may be running.
-function(_idlgen_remove_old_headers include config_directory names)
-  string(REGEX REPLACE "[][*?]" "[\\0]" pattern "${include}")
-  file(GLOB_RECURSE paths RELATIVE "${include}" "${pattern}/*.h")
-  foreach(path IN LISTS paths)
-    set(name "${path}")
-    if(config_directory)
-      string(REGEX REPLACE "^[^/]*/" "" name "${path}")
+function(_idlgen_create_target program)
+  if(TARGET idlgen::idlgen-header)
+    get_target_property(first idlgen::idlgen-header IMPORTED_LOCATION)
+    if(NOT first STREQUAL program)
+      string(REPLACE first-NOTFOUND "the idlgen-header that it builds" first "${first}")
+      message(WARNING "This build generates headers with ${first}. It ignores ${program}.")
     endif()
-    if(NOT name IN_LIST names AND NOT name MATCHES "(^|/)\\.idlgen-[0-9]+-[0-9]+\\.h$")
-      file(REMOVE "${include}/${path}")
-    endif()
-  endforeach()
+    return()
+  endif()
+  _idlgen_check_path(${program})
+  add_executable(idlgen::idlgen-header IMPORTED GLOBAL)
+  set_target_properties(idlgen::idlgen-header PROPERTIES IMPORTED_LOCATION ${program})
+
+  # A program with other contents may be older than the headers. They depend on this file, too, which
+  # is written only if the contents have changed.
+  file(SHA256 ${program} hash)
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/CMakeFiles/idlgen-header.sha256 CONTENT "${hash}\n")
 endfunction()
 
-# Deletes the directories of targets that existed after the previous configuration but not any more.
-function(_idlgen_remove_old_targets)
-  get_property(directories GLOBAL PROPERTY IDLGEN_DIRECTORIES)
-  foreach(directory IN LISTS IDLGEN_DIRECTORIES)
-    if(NOT directory IN_LIST directories)
-      file(REMOVE_RECURSE "${directory}")
-    endif()
-  endforeach()
-  set(IDLGEN_DIRECTORIES "${directories}" CACHE INTERNAL "The directories of idlgen_generate")
+# CMake writes some characters to build files unquoted. Ninja, make or the shell would then read another
+# path, or several.
+function(_idlgen_check_path path)
+  set(unsupported "[][?|\\;\t\r\n]|\\$\\(")
+  if(CMAKE_GENERATOR MATCHES "Makefiles")
+    string(APPEND unsupported "|[*:%]")
+  endif()
+  if(path MATCHES "${unsupported}")
+    message(FATAL_ERROR "idlgen: CMake does not support \"${CMAKE_MATCH_0}\" in the path ${path}")
+  endif()
 endfunction()
-
-# Runs once, at the end of the configuration.
-get_property(scheduled GLOBAL PROPERTY IDLGEN_DIRECTORIES SET)
-if(NOT scheduled)
-  set_property(GLOBAL PROPERTY IDLGEN_DIRECTORIES "")
-  cmake_language(DEFER DIRECTORY ${CMAKE_SOURCE_DIR} CALL _idlgen_remove_old_targets)
-endif()
