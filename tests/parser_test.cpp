@@ -1,8 +1,8 @@
 #include "schema/parser.h"
 
+#include <algorithm>
 #include <exception>
 #include <sstream>
-#include <tuple>
 #include <typeinfo>
 
 #include "support.h"
@@ -10,23 +10,23 @@
 namespace zentho {
 namespace {
 
-/// Returns the output of parsing the text. With `fails`, it must throw a plain std::exception.
-std::string Parse(const std::string& text, Schema& schema, bool fails = false) {
+/// Returns the output of parsing the text, which must have no error.
+std::string Parse(const std::string& text, Schema& schema) {
+  const IDL idl = Load(text);
+  return Printed([&] { EXPECT_NO_THROW(Parser().parse(idl, schema)); });
+}
+
+/// Returns the output of parsing the text, which must throw a plain std::exception.
+std::string ParseWithError(const std::string& text, Schema& schema) {
   const IDL idl = Load(text);
   return Printed([&] {
     try {
       Parser().parse(idl, schema);
-      EXPECT_FALSE(fails);
+      ADD_FAILURE() << "no error";
     } catch (const std::exception& failure) {
-      EXPECT_TRUE(fails && typeid(failure) == typeid(std::exception));
+      EXPECT_STREQ(typeid(failure).name(), typeid(std::exception).name());
     }
   });
-}
-
-std::string Join(const std::vector<std::string>& strings) {
-  std::string text;
-  for (const std::string& string : strings) text += "[" + string + "]";
-  return text;
 }
 
 TEST(Parser, FillsTheModel) {
@@ -41,79 +41,129 @@ TEST(Parser, IncludeDropsFirstCharacterAndExtension) {
       "include \"base.idl\" include <net/link.idl> include 'geo/point.old.idl' include base.idl "
       "include base include .hidden include x include \".idl\" include \"a.b/c\"",
       schema);
-  EXPECT_EQ(Join(schema.includes), "[base][net/link][geo/point.old][ase][ase][hidden][][][a]");
+  EXPECT_EQ(schema.includes, (std::vector<std::string>{"base", "net/link", "geo/point.old", "ase",
+                                                       "ase", "hidden", "", "", "a"}));
 }
 
-TEST(Parser, SplitsNamespaceAtDots) {
-  for (const auto& [path, components] : std::vector<std::pair<std::string, std::string>>{
-           {"robot.msgs", "[robot][msgs]"}, {".robot..msgs.", "[robot][msgs]"}, {"a", "[a]"}}) {
-    Schema schema;
-    EXPECT_EQ(Parse("namespace " + path, schema), "namespace done.\n");
-    EXPECT_EQ(Join(schema.namespaces), components) << path;
-    EXPECT_TRUE(schema.namespaceSet);
-  }
+struct Namespace {
+  const char* name;
+  const char* path;
+  std::vector<std::string> components;
+};
+using Namespaces = testing::TestWithParam<Namespace>;
+
+TEST_P(Namespaces, AreSplitAtDots) {
+  Schema schema;
+  EXPECT_EQ(Parse(std::string("namespace ") + GetParam().path, schema), "namespace done.\n");
+  EXPECT_EQ(schema.namespaces, GetParam().components);
+  EXPECT_TRUE(schema.namespaceSet);
 }
 
-TEST(Parser, StripsBracketsFromTypes) {
-  for (const auto& [declared, element, depth] :
-       std::vector<std::tuple<const char*, const char*, int>>{{"int32", "int32", 0},
-                                                              {"[string]", "string", 1},
-                                                              {"[[uint8]]", "uint8", 2},
-                                                              {"x[int8]]", "int8", 2},
-                                                              {"int32]", "int32]", 0},
-                                                              {"geo.Point", "geo.Point", 0},
-                                                              {"[]", "", 1}}) {
-    Schema schema;
-    Parse(std::string("message M { m ") + declared + " }", schema);
-    const CommonMember member = schema.messages.at(0).members.at(0);
-    EXPECT_EQ(member.name + " " + member.type, std::string("m ") + element);
-    EXPECT_EQ(member.vectorDepth, depth) << declared;
-    EXPECT_EQ(member.isVector, depth > 0 ? 1 : 0) << declared;
-  }
+const std::vector<Namespace> namespaces = {{"One", "a", {"a"}},
+                                           {"Two", "robot.msgs", {"robot", "msgs"}},
+                                           {"EmptyParts", ".a..b.", {"a", "b"}}};
+INSTANTIATE_TEST_SUITE_P(Parser, Namespaces, testing::ValuesIn(namespaces), RowName<Namespace>);
+
+struct Type {
+  const char* name;
+  const char* declared;
+  const char* element;
+  int depth;
+};
+using Types = testing::TestWithParam<Type>;
+
+TEST_P(Types, LoseTheirBrackets) {
+  Schema schema;
+  Parse(std::string("message M { m ") + GetParam().declared + " }", schema);
+  const CommonMember member = schema.messages.at(0).members.at(0);
+  EXPECT_EQ(member.name, "m");
+  EXPECT_EQ(member.type, GetParam().element);
+  EXPECT_EQ(member.vectorDepth, GetParam().depth);
+  EXPECT_EQ(member.isVector, GetParam().depth > 0 ? 1 : 0);
 }
 
-TEST(Parser, ElementTypesSetFlags) {
-  for (const auto& [types, isInt, isString] : std::vector<std::tuple<const char*, bool, bool>>{
-           {"uint8 uint16 uint32 uint64 int8 int16 int32 int64 [[uint8]] x[int8]]", true, false},
-           {"string [string]", false, true},
-           {"float32 float64 INT32 String int32] a.string a.int8 Pose", false, false}}) {
-    std::istringstream words(types);
-    for (std::string type; words >> type;) {
-      for (const char* before : {"message M { m ", "service S { request { m ",
-                                 "service S { request { } response { m "}) {
-        Schema schema;
-        Parse(before + type, schema, true);  // Flags are set even if the statement fails.
-        EXPECT_EQ(schema.hasIntType, isInt) << type;
-        EXPECT_EQ(schema.hasString, isString) << type;
-        EXPECT_FALSE(schema.hasVector || schema.hasMat || schema.namespaceSet);
-      }
+constexpr Type types[] = {{"Plain", "int32", "int32", 0},
+                          {"Vector", "[string]", "string", 1},
+                          {"VectorOfVectors", "[[uint8]]", "uint8", 2},
+                          {"LeadingCharacterIsDropped", "x[int8]]", "int8", 2},
+                          {"ClosingBracketAlone", "int32]", "int32]", 0},
+                          {"OtherNamespace", "geo.Point", "geo.Point", 0},
+                          {"EmptyVector", "[]", "", 1}};
+INSTANTIATE_TEST_SUITE_P(Parser, Types, testing::ValuesIn(types), RowName<Type>);
+
+struct ElementType {
+  const char* name;
+  const char* types;
+  bool isInt;
+  bool isString;
+};
+using ElementTypes = testing::TestWithParam<ElementType>;
+
+TEST_P(ElementTypes, SetFlags) {
+  std::istringstream words(GetParam().types);
+  for (std::string type; words >> type;) {
+    for (const char* before :
+         {"message M { m ", "service S { request { m ", "service S { request { } response { m "}) {
+      SCOPED_TRACE(before + type);
+      Schema schema;
+      ParseWithError(before + type, schema);  // Flags are set even if the statement fails.
+      EXPECT_EQ(schema.hasIntType, GetParam().isInt);
+      EXPECT_EQ(schema.hasString, GetParam().isString);
+      EXPECT_FALSE(schema.hasVector);
+      EXPECT_FALSE(schema.hasMat);
+      EXPECT_FALSE(schema.namespaceSet);
     }
   }
 }
 
+constexpr ElementType elementTypes[] = {
+    {"Integers", "uint8 uint16 uint32 uint64 int8 int16 int32 int64 [[uint8]] x[int8]]", true,
+     false},
+    {"Strings", "string [string]", false, true},
+    {"Others", "float32 float64 INT32 String int32] a.string a.int8 Pose", false, false}};
+INSTANTIATE_TEST_SUITE_P(Parser, ElementTypes, testing::ValuesIn(elementTypes),
+                         RowName<ElementType>);
+
+using Errors = testing::TestWithParam<std::string>;
+
 /// Each file in tests/data/errors is named after its one error.
-TEST(Parser, ReportsErrorAndTokensReadSoFar) {
-  for (const auto& file : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/errors")) {
-    if (file.path().extension() != ".idl") continue;
-    const std::string error = file.path().stem();
-    SCOPED_TRACE(error);
-    Schema schema;
-    EXPECT_EQ(Parse(ReadAll(file.path()), schema, true), Data("errors/" + error + ".out"));
-    EXPECT_TRUE(schema.enums.empty() && schema.messages.empty() && schema.services.empty());
+TEST_P(Errors, PrintTheTokensReadSoFar) {
+  Schema schema;
+  EXPECT_EQ(ParseWithError(Data(GetParam() + ".idl"), schema), Data(GetParam() + ".out"));
+  EXPECT_TRUE(schema.enums.empty());
+  EXPECT_TRUE(schema.messages.empty());
+  EXPECT_TRUE(schema.services.empty());
+}
+
+TEST_P(Errors, AreThrownWithReasonAndPlace) {
+  const std::string out = Data(GetParam() + ".out");
+  const IDL idl = Load(Data(GetParam() + ".idl"));
+  Schema schema;
+  try {
+    Parser().parseSilently(idl, schema);
+    ADD_FAILURE() << "no error";
+  } catch (const ParseError& error) {
+    const std::size_t tokens = out.find("\nlines:\n") + 8;
+    EXPECT_NE(("\n" + out).find("\n" + error.reason + "\n\nlines:\n"), std::string::npos);
+    EXPECT_EQ(error.tokensRead, std::count(out.begin() + tokens, out.end(), '\n'));
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Parser, Errors, testing::ValuesIn(DataCases("errors")), CaseName);
 
 TEST(Parser, KeepsStatementsBeforeTheError) {
   Schema schema;
   EXPECT_EQ(
-      Parse("namespace ..\ninclude \"a.idl\" enum E { } message M { x string y int8 z [ }", schema,
-            true),
+      ParseWithError("namespace ..\ninclude \"a.idl\" enum E { } message M { x string y int8 z [ }",
+                     schema),
       "namespace done.\ninclude done.\nenum done.\nWRONG format in [\n\nlines:\nnamespace\n..\n"
       "include\n\"a.idl\"\nenum\nE\n{\n}\nmessage\nM\n{\nx\nstring\ny\nint8\nz\n[\n");
-  EXPECT_EQ(Join(schema.includes), "[a]");
+  EXPECT_EQ(schema.includes, std::vector<std::string>{"a"});
   EXPECT_EQ(schema.enums.size(), 1U);
   EXPECT_TRUE(schema.messages.empty());
-  EXPECT_TRUE(schema.hasString && schema.hasIntType && schema.namespaceSet);
+  EXPECT_TRUE(schema.hasString);
+  EXPECT_TRUE(schema.hasIntType);
+  EXPECT_TRUE(schema.namespaceSet);
 }
 
 }  // namespace

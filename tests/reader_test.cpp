@@ -8,45 +8,52 @@ namespace {
 
 using Lines = std::vector<std::list<std::string>>;
 
-/// Joins the tokens of a line with '|' and ends each line with ';'.
+/// Puts '|' between the tokens of a line, and ';' after each line.
 std::string Show(const Lines& lines) {
   std::string text;
   for (const std::list<std::string>& line : lines) {
-    for (const std::string& token : line) text += (&token == &line.front() ? "" : "|") + token;
+    std::string separator;
+    for (const std::string& token : line) {
+      text += std::exchange(separator, "|") + token;
+    }
     text += ';';
   }
   return text;
 }
 
-struct Case {
+struct Text {
   const char* name;
   std::string text;
   std::string lines;
 };
+using Texts = testing::TestWithParam<Text>;
 
-TEST(Reader, SplitsTextIntoTokenLines) {
-  const std::vector<Case> cases = {
-      {"EmptyFileHasNoLines", "", ""},
-      {"IgnoresBlankAndCommentLines", "\n   \n# a\n  // b\n#\n//", ""},
-      {"LastLineNeedsNoLineFeed", "a\nb", "a;b;"},
-      {"CommentStartsAtTheFirstHash", "a#b#c\nd # e\n#f", "a;d;"},
-      {"SlashesAreOrdinaryInLinesWithHash", "x: float64 // see #3\n// y # z",
-       "x;float64;//;see;//;y;"},
-      {"CommentStartsAtFirstSlashes", "x // y / z\nv//w", "x;v;"},
-      {"SlashesAreOrdinaryAfterASingleSlash", "a/b: c // d", "a/b;c;//;d;"},
-      {"LineMayEndWithSlash", "a /\nb/\n/", "a;/;b/;/;"},
-      {"IgnoresRepeatedSpaces", "  a   b  ", "a;b;"},
-      {"SplitsAtColonsWithinALine", "x:float64 y : z :w:", "x|float64;y;;z;w;"},
-      {"WordOfColonsGivesAnEmptyLine", ":: a:::b", ";a|b;"},
-      {"SplitsAtBraceBeforeText", "{x Pose{x a{b{c", "{|x;Pose|{|x;a|{|b|{|c;"},
-      {"KeepsBraceAtTheEnd", "{ {{ Pose{ a{b{", "{;{|{;Pose{;a|{|b{;"},
-      {"SplitsAtColonsBeforeBraces", "a:{b:c{d:{", "a|{|b|c|{|d|{;"},
-      {"ClosingBraceIsOrdinary", "} x} }y", "};x};}y;"},
-      {"TabsAndCarriageReturnsAreOrdinary", "\ta\tb {\r\n}\r\n", "\ta\tb;{|\r;}\r;"},
-      {"KeepsAllOtherBytes", "a\0b \xff\x80\n\0"s, "a\0b;\xff\x80;\0;"s},
-      {"LinesLongerThanABlock", std::string(20000, 'a') + " b", std::string(20000, 'a') + ";b;"}};
-  for (const Case& row : cases) EXPECT_EQ(Show(Load(row.text).tokenLines), row.lines) << row.name;
+TEST_P(Texts, GiveTokenLines) {
+  EXPECT_EQ(Show(Load(GetParam().text).tokenLines), GetParam().lines);
 }
+
+const std::vector<Text> texts = {
+    {"EmptyFileHasNoLines", "", ""},
+    {"IgnoresBlankAndCommentLines", "\n   \n# a\n  // b\n#\n//", ""},
+    {"LastLineNeedsNoLineFeed", "a\nb", "a;b;"},
+    {"CommentStartsAtTheFirstHash", "a#b#c\nd # e\n#f", "a;d;"},
+    {"SlashesAreOrdinaryInLinesWithHash", "x: float64 // see #3\n// y # z",
+     "x;float64;//;see;//;y;"},
+    {"CommentStartsAtFirstSlashes", "x // y / z\nv//w", "x;v;"},
+    {"SlashesAreOrdinaryAfterASingleSlash", "a/b: c // d", "a/b;c;//;d;"},
+    {"LineMayEndWithSlash", "a /\nb/\n/", "a;/;b/;/;"},
+    {"IgnoresRepeatedSpaces", "  a   b  ", "a;b;"},
+    {"SplitsAtColonsWithinALine", "x:float64 y : z :w:", "x|float64;y;;z;w;"},
+    {"WordOfColonsGivesAnEmptyLine", ":: a:::b", ";a|b;"},
+    {"SplitsAtBraceBeforeText", "{x Pose{x a{b{c", "{|x;Pose|{|x;a|{|b|{|c;"},
+    {"KeepsBraceAtTheEnd", "{ {{ Pose{ a{b{", "{;{|{;Pose{;a|{|b{;"},
+    {"SplitsAtColonsBeforeBraces", "a:{b:c{d:{", "a|{|b|c|{|d|{;"},
+    {"ClosingBraceIsOrdinary", "} x} }y", "};x};}y;"},
+    {"TabsAndCarriageReturnsAreOrdinary", "\ta\tb {\r\n}\r\n", "\ta\tb;{|\r;}\r;"},
+    {"KeepsAllOtherBytes", "a\0b \xff\x80\n\0"s, "a\0b;\xff\x80;\0;"s},
+    {"FilesMayBeLongerThanABlock", std::string(70000, 'a') + " b",
+     std::string(70000, 'a') + ";b;"}};
+INSTANTIATE_TEST_SUITE_P(Reader, Texts, testing::ValuesIn(texts), RowName<Text>);
 
 TEST(Reader, SplitAppendsNonEmptyPieces) {
   std::list<std::string> pieces{"old"};

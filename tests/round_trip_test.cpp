@@ -4,6 +4,7 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "nav/navigation.h"
@@ -29,10 +30,8 @@ const Numbers least = {INT8_MIN, INT16_MIN, INT32_MIN, INT64_MIN, 0, 0, 0, 0, -0
 const Numbers most = {INT8_MAX,   INT16_MAX,  INT32_MAX,  INT64_MAX, UINT8_MAX,
                       UINT16_MAX, UINT32_MAX, UINT64_MAX, 3e38F,     5e-324};
 
-void expectEqual(const Numbers& one, const Numbers& other) {
-  EXPECT_TRUE(one.a == other.a && one.b == other.b && one.c == other.c && one.d == other.d);
-  EXPECT_TRUE(one.e == other.e && one.f == other.f && one.g == other.g && one.h == other.h);
-  EXPECT_TRUE(one.x == other.x && one.y == other.y);
+auto Fields(const Numbers& n) {
+  return std::tie(n.a, n.b, n.c, n.d, n.e, n.f, n.g, n.h, n.x, n.y);
 }
 
 TEST(RoundTrip, PreservesAllKindsOfLists) {
@@ -48,8 +47,8 @@ TEST(RoundTrip, PreservesAllKindsOfLists) {
   EXPECT_EQ(result.text, request.text);
   EXPECT_EQ(result.color, RED);
   ASSERT_EQ(result.lists.numbers.size(), 2U);
-  expectEqual(result.lists.numbers[0], least);
-  expectEqual(result.lists.numbers[1], most);
+  EXPECT_EQ(Fields(result.lists.numbers[0]), Fields(least));
+  EXPECT_EQ(Fields(result.lists.numbers[1]), Fields(most));
   EXPECT_EQ(result.lists.nothings.size(), 1000U);
   EXPECT_EQ(result.lists.colors, request.lists.colors);
   EXPECT_EQ(result.lists.texts, request.lists.texts);
@@ -60,7 +59,7 @@ TEST(RoundTrip, OverwritesOldValues) {
   zentho::serialize(Echo::Response{most, {{INT32_MIN, 0, INT32_MAX}, {}}}, buffer);
   Echo::Response result{least, {{1}, {2}, {3}}};
   zentho::deserialize(buffer, result);
-  expectEqual(result.numbers, most);
+  EXPECT_EQ(Fields(result.numbers), Fields(most));
   EXPECT_EQ(result.grid, (std::vector<std::vector<std::int32_t>>{{INT32_MIN, 0, INT32_MAX}, {}}));
 }
 
@@ -68,7 +67,6 @@ TEST(RoundTrip, WritesFieldsInOrder) {
   zentho::BytesBuffer buffer;
   zentho::serialize(robot::nav::Stop::Response{{robot::status::FAULT, "", 7}}, buffer);
   zentho::serialize(robot::geometry::Pose{{1.5, -2.5}, 3.5}, buffer);
-  EXPECT_EQ(ThereAndBack(robot::nav::Route{"dock", {{{1, 2}, 3}}, {}}).waypoints[0].heading, 3);
   robot::nav::Stop::Response response;
   zentho::deserialize(buffer, response);
   EXPECT_EQ(response.report.level, 0x10);
@@ -77,6 +75,10 @@ TEST(RoundTrip, WritesFieldsInOrder) {
     zentho::deserialize(buffer, value);
     EXPECT_EQ(value, expected);
   }
+}
+
+TEST(RoundTrip, PreservesMessagesOfAnotherNamespace) {
+  EXPECT_EQ(ThereAndBack(robot::nav::Route{"dock", {{{1, 2}, 3}}, {}}).waypoints[0].heading, 3);
 }
 
 TEST(RoundTrip, TruncatedInputThrows) {
@@ -88,20 +90,7 @@ TEST(RoundTrip, TruncatedInputThrows) {
     zentho::BytesBuffer cut;
     cut.write(bytes.data(), size);
     Lists lists;
-    EXPECT_THROW(zentho::deserialize(cut, lists), std::logic_error) << size;
-  }
-}
-
-TEST(RoundTrip, LengthsBeyondTheBufferThrow) {
-  for (const std::uint64_t length : {std::uint64_t{9}, UINT64_MAX, UINT64_MAX / 8}) {
-    zentho::BytesBuffer buffer;
-    zentho::serialize(length, buffer);
-    zentho::serialize(std::uint64_t{0}, buffer);
-    zentho::BytesBuffer copy = buffer;
-    std::string text;
-    EXPECT_THROW(zentho::deserialize(copy, text), std::length_error);
-    std::vector<Nothing> nothings;
-    EXPECT_THROW(zentho::deserialize(buffer, nothings), std::length_error);
+    EXPECT_THROW(zentho::deserialize(cut, lists), std::out_of_range) << size;
   }
 }
 

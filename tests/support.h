@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <list>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -50,6 +51,26 @@ inline std::string ReadAll(const std::string& path) {
 /// Returns the contents of a file in tests/data.
 inline std::string Data(const std::string& name) {
   return ReadAll(IDLGEN_TEST_DATA "/" + name);
+}
+
+/// Returns the entries of a directory in tests/data, such as "errors/stray_brace", without
+/// extensions.
+inline std::set<std::string> DataCases(const std::string& directory) {
+  std::set<std::string> cases;
+  for (const auto& entry : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/" + directory)) {
+    cases.insert(directory + "/" + entry.path().stem().string());
+  }
+  if (cases.empty()) throw std::runtime_error("no cases in " + directory);
+  return cases;
+}
+
+inline std::string CaseName(const testing::TestParamInfo<std::string>& test) {
+  return test.param.substr(test.param.rfind('/') + 1);
+}
+
+template <typename Row>
+std::string RowName(const testing::TestParamInfo<Row>& test) {
+  return test.param.name;
 }
 
 /// Returns what the action writes to standard output.

@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "nav/navigation.h"
+#include "report.h"
 
 // Sends a request and a response through buffers, as a client and a service would.
 
@@ -41,8 +42,6 @@ int main() {
 
   robot::nav::Drive::Response response;
   zentho::deserialize(toClient, response);
-  const robot::status::Report& report = response.reports.front();
-  std::cout << "client:   reached " << int{response.reached} << " waypoints, level " << report.level
-            << ": " << report.text << '\n';
-  return toService.unread() + toClient.unread() == 0 ? 0 : 1;
+  std::cout << "client:   reached " << int{response.reached} << " waypoints, "
+            << Describe(response.reports.front()) << '\n';
 }

@@ -51,18 +51,6 @@ template <typename T>
 inline constexpr bool isRecord =
     !isScalar<T> && !IsVector<T>::value && !std::is_same_v<T, std::string>;
 
-/// Written before each record in a vector. A record without members would otherwise take no bytes;
-/// with the mark, the element count never exceeds the number of bytes in the buffer.
-inline constexpr std::uint8_t recordMark = 1;
-
-/// Reads a length. Throws std::length_error if it exceeds the number of unread bytes.
-inline std::size_t readLength(BytesBuffer& buffer) {
-  std::uint64_t length = 0;
-  buffer.read(&length, sizeof length);
-  if (length > buffer.unread()) throw std::length_error("length beyond the end of a BytesBuffer");
-  return static_cast<std::size_t>(length);
-}
-
 }  // namespace detail
 
 /// Appends a value to the buffer: a number or an enum as its bytes in memory, a string or a vector
@@ -73,45 +61,26 @@ void serialize(const T& data, BytesBuffer& buffer) {
   if constexpr (detail::isScalar<T>) {
     buffer.write(&data, sizeof data);
   } else {
-    const std::uint64_t length = data.size();
-    buffer.write(&length, sizeof length);
-    if constexpr (std::is_same_v<T, std::string>) {
-      buffer.write(data.data(), data.size());
-    } else {
-      using Element = typename T::value_type;
-      for (const Element& element : data) {
-        if constexpr (detail::isRecord<Element>) serialize(detail::recordMark, buffer);
-        serialize(element, buffer);
-      }
-    }
+    serialize(std::uint64_t{data.size()}, buffer);
+    for (const typename T::value_type& element : data) serialize(element, buffer);
   }
 }
 
-/// Reads a value that `serialize` has appended. Throws std::logic_error if the bytes are not valid.
-/// `data` and the buffer's position may have changed by then, nothing else.
+/// Reads a value that `serialize` has appended. Throws std::out_of_range if the buffer ends before
+/// it. On failure, `data` and the read position are unspecified.
 template <typename T>
 void deserialize(BytesBuffer& buffer, T& data) {
   static_assert(!detail::isRecord<T>, "no generated header with this type has been included");
   if constexpr (detail::isScalar<T>) {
     buffer.read(&data, sizeof data);
   } else {
-    const std::size_t length = detail::readLength(buffer);
-    if constexpr (std::is_same_v<T, std::string>) {
-      data.resize(length);
-      buffer.read(data.data(), length);
-    } else {
-      using Element = typename T::value_type;
-      data.clear();
-      for (std::size_t i = 0; i < length; ++i) {
-        if constexpr (detail::isRecord<Element>) {
-          std::uint8_t mark = 0;
-          deserialize(buffer, mark);
-          if (mark != detail::recordMark) throw std::invalid_argument("no record in a BytesBuffer");
-        }
-        Element element{};
-        deserialize(buffer, element);
-        data.push_back(std::move(element));
-      }
+    std::uint64_t length = 0;
+    deserialize(buffer, length);
+    data.clear();
+    for (std::uint64_t i = 0; i < length; ++i) {
+      typename T::value_type element{};
+      deserialize(buffer, element);
+      data.push_back(std::move(element));
     }
   }
 }
