@@ -1,0 +1,44 @@
+# Calls that idlgen_generate and find_package reject, and the messages.
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+start(errors)
+create_small_project()
+foreach(name a.txt none dots. .hidden sub/c.idl "v[1].idl" "v?.idl" "a%b.idl" "a:b.idl")
+  file(WRITE "${scratch}/${name}" "")
+endforeach()
+
+function(rejected call message)
+  run(FAILS COMMAND ${configure} -D "CALL=idlgen_generate(${call})" PRINTS "${message}")
+endfunction()
+
+rejected("TARGET t" "idlgen_generate: TARGET and FILES are required")
+rejected("FILES a.idl" "idlgen_generate: TARGET and FILES are required")
+rejected("TARGET t FILES" "idlgen_generate: no value after FILES")
+rejected("t FILES a.idl" "idlgen_generate: unknown argument: t")
+rejected("TARGET t FILES missing.idl" "idlgen_generate: file not found: missing.idl")
+rejected("TARGET t FILES sub" "idlgen_generate: file not found: sub")
+rejected("TARGET t FILES a.idl BASE_DIR sub" "a.idl is not below the base directory")
+foreach(name none dots. .hidden)
+  rejected("TARGET t FILES ${name}" "${name} has no extension")
+endforeach()
+rejected("TARGET t FILES a.idl a.txt" "a.idl and a.txt would both generate a.h")
+rejected("TARGET t FILES a.idl a.idl" "a.idl and a.idl would both generate a.h")
+rejected("TARGET t FILES a.idl)\nidlgen_generate(TARGET t FILES a.idl" "already exists")
+
+# Characters that CMake does not quote, wherever they are in the path.
+rejected("TARGET t FILES v[1].idl" "in the path ${scratch}/v[1].idl")
+rejected("TARGET t FILES v?.idl" "CMake does not support \"?\" in the path ${scratch}/v?.idl")
+foreach(pair "a%b.idl;%" "a:b.idl;:")
+  list(GET pair 0 name)
+  list(GET pair 1 character)
+  run(FAILS COMMAND ${CMAKE_COMMAND} -G "Unix Makefiles" -S ${scratch} -B ${scratch}/make
+                    -D CMAKE_PREFIX_PATH=${PREFIX} -D "CALL=idlgen_generate(TARGET t FILES ${name})"
+            PRINTS "CMake does not support \"${character}\" in the path ${scratch}/${name}")
+endforeach()
+run(FAILS COMMAND ${CMAKE_COMMAND} -G ${BUILD} -S ${scratch} -B ${scratch}/build[1]
+                  -D CMAKE_PREFIX_PATH=${PREFIX} -D "CALL=idlgen_generate(TARGET t FILES a.idl)"
+          PRINTS "in the path ${scratch}/build[1]/t.idlgen/include/a.h")
+
+run(FAILS COMMAND ${configure} -D "CALL=find_package(idlgen REQUIRED COMPONENTS extra)"
+          PRINTS "The package has no component extra")
+run(SUCCEEDS COMMAND ${configure}
+             -D "CALL=idlgen_generate(TARGET t BASE_DIR sub FILES sub/c.idl DEPENDS)")

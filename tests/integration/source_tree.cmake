@@ -1,0 +1,34 @@
+# A project that includes idlgen with add_subdirectory, has several configurations, and links idlgen with
+# the framework's library. A library that prints a message stands in for it.
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+start("source tree")
+file(WRITE ${scratch}/zentho.cpp "#include <cstdio>
+namespace zentho::util {
+struct FilePath { static int createFile(const char* path); };
+int FilePath::createFile(const char* path) { return std::printf(\"creating %s\\n\", path); }
+}  // namespace zentho::util
+")
+run(SUCCEEDS COMMAND c++ -std=c++17 -shared -fPIC -o ${scratch}/libzentho.so ${scratch}/zentho.cpp)
+
+set(BUILD "Ninja Multi-Config")
+configure_consumer(-D IDLGEN_SOURCE_DIR=${IDLGEN_SOURCE_DIR} -D IDLGEN_USE_LIBZENTHO=ON
+                   -D CMAKE_LIBRARY_PATH=${scratch} -D CMAKE_UNITY_BUILD=ON
+                   -D CMAKE_CXX_FLAGS_RELEASE=-O0 -D CMAKE_CXX_FLAGS_DEBUG=-O0)
+
+# The configurations share the headers. Changing between them compiles nothing again.
+foreach(config Release Debug)
+  run(SUCCEEDS COMMAND ${build_all} --config ${config} --target app)
+  run(SUCCEEDS COMMAND ${build}/app/${config}/app)
+endforeach()
+foreach(config Release Debug)
+  run(SUCCEEDS COMMAND ${build_all} --config ${config} --target app HIDES "Building")
+endforeach()
+run(SUCCEEDS COMMAND ${build_all} --config Debug)
+file(WRITE ${scratch}/a.idl "")
+run(SUCCEEDS COMMAND ${build}/idlgen/idlgen/Debug/idlgen -f ${scratch}/a.idl
+             PRINTS "creating ${scratch}/a.h")
+
+# Only the project's own files are installed.
+run(SUCCEEDS COMMAND ${CMAKE_COMMAND} --install ${build} --prefix ${scratch}/installed)
+check("EXISTS \"${scratch}/installed/include/common/geometry.h\"")
+check("NOT EXISTS \"${scratch}/installed/bin\"")
