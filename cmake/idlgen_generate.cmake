@@ -96,9 +96,9 @@ function(idlgen_import_program installed problem_variable)
                OUTPUT_VARIABLE program)
     set(problem "IDLGEN_HEADER_EXECUTABLE does not exist or is a directory: ${program}")
   elseif(CMAKE_CROSSCOMPILING)
-    set(program NOTFOUND)  # find_program does not search if the user has set this variable.
-    find_program(program idlgen-header PATHS ENV PATH
+    find_program(_idlgen_program idlgen-header PATHS ENV PATH
                  NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+    set(program ${_idlgen_program})
     set(problem "This is a cross build, and there is no idlgen-header for the build machine in its \
 PATH. Install one there or set IDLGEN_HEADER_EXECUTABLE to it.")
   endif()
@@ -145,8 +145,10 @@ endfunction()
 function(_idlgen_create_target program)
   if(TARGET idlgen::idlgen-header)
     get_target_property(first idlgen::idlgen-header IMPORTED_LOCATION)
+    if(NOT first)
+      set(first "the idlgen-header that it builds")
+    endif()
     if(NOT first STREQUAL program)
-      string(REPLACE first-NOTFOUND "the idlgen-header that it builds" first "${first}")
       message(WARNING "This build generates headers with ${first}. It ignores ${program}.")
     endif()
     return()

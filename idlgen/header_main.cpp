@@ -12,8 +12,7 @@ namespace zentho {
 namespace {
 
 void printError(std::string_view lines) {
-  // Twice, because a reason that gets lost costs its reader more than one that is shown twice.
-  if (WriteAll(STDERR_FILENO, lines) != 0) WriteAll(STDERR_FILENO, lines);
+  Succeeds([&] { return writeAll(STDERR_FILENO, lines); });
 }
 
 /// Executes the command line. Returns the exit status.
@@ -28,7 +27,7 @@ int run(int argc, char** argv) {
     return EXIT_SUCCESS;
   } catch (const StepError& failure) {
     printError(failure.message);
-  } catch (const std::exception&) {
+  } catch (const std::exception&) {  // std::bad_alloc
     printError("idlgen-header: Cannot allocate memory\n");
   }
   return EXIT_FAILURE;

@@ -32,11 +32,11 @@ void processFile(const std::string& path, const Parser& parser, bool verbose) {
   Generator(schema).generate(path);
 }
 
-/// Executes the command line. Returns the exit status, where -1 becomes 255.
+/// Executes the command line. Returns the exit status.
 int run(int argc, char** argv) {
   if (argc < 2) {
     printLine({"no param found."});
-    return -1;
+    return 255;
   }
   const std::string_view mode = argv[1];
   if (mode == "-f" || mode == "-fv") {
@@ -47,7 +47,7 @@ int run(int argc, char** argv) {
   }
   if (mode == "-d") return 0;
   printLine({"mode not supported"});
-  return -1;
+  return 255;
 }
 
 }  // namespace

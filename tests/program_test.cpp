@@ -11,10 +11,10 @@ TEST_P(Case, MatchesExpectedResult) {
   checkCase(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Program, Case, testing::ValuesIn(DataCases("program")), CaseName);
-INSTANTIATE_TEST_SUITE_P(Header, Case, testing::ValuesIn(DataCases("header")), CaseName);
+INSTANTIATE_TEST_SUITE_P(Idlgen, Case, testing::ValuesIn(DataCases("program")), CaseName);
+INSTANTIATE_TEST_SUITE_P(IdlgenHeader, Case, testing::ValuesIn(DataCases("header")), CaseName);
 
-TEST(Program, WritesALongLineInOneWrite) {
+TEST(Idlgen, WritesALongLineInOneWrite) {
   const Scratch scratch;
   const std::string name(50000, 'm');
   scratch.write("a.idl", "enum " + name + " { }");
@@ -23,7 +23,7 @@ TEST(Program, WritesALongLineInOneWrite) {
   EXPECT_TRUE(result.lineByLine);
 }
 
-TEST(Program, WaitsForASlowReaderOfANonBlockingPipe) {
+TEST(Idlgen, WaitsForASlowReaderOfANonBlockingPipe) {
   const Scratch scratch;
   const std::string word(1 << 21, 'x');  // More than a pipe can hold.
   scratch.write("a.idl", word);
@@ -31,7 +31,7 @@ TEST(Program, WaitsForASlowReaderOfANonBlockingPipe) {
   EXPECT_EQ(result.out, "idl path:a.idl\nWRONG format in " + word + "\n\nlines:\n" + word + "\n");
 }
 
-TEST(Program, SurvivesFailedWrites) {
+TEST(Idlgen, SurvivesFailedWrites) {
   const Scratch scratch;
   const std::string path = scratch.write("fleet.idl", Data("program/several_files/fleet.idl"));
   const auto expectHeader = [&](const Result& result) {

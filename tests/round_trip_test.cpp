@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <limits>
-#include <stdexcept>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -65,11 +64,7 @@ TEST(RoundTrip, OverwritesOldValues) {
 
 TEST(RoundTrip, WritesFieldsInOrder) {
   zentho::BytesBuffer buffer;
-  zentho::serialize(robot::nav::Stop::Response{{robot::status::FAULT, "", 7}}, buffer);
   zentho::serialize(robot::geometry::Pose{{1.5, -2.5}, 3.5}, buffer);
-  robot::nav::Stop::Response response;
-  zentho::deserialize(buffer, response);
-  EXPECT_EQ(response.report.level, 0x10);
   for (const double expected : {1.5, -2.5, 3.5}) {
     double value = 0;
     zentho::deserialize(buffer, value);
@@ -77,21 +72,10 @@ TEST(RoundTrip, WritesFieldsInOrder) {
   }
 }
 
-TEST(RoundTrip, PreservesMessagesOfAnotherNamespace) {
+TEST(RoundTrip, PreservesTypesOfAnotherNamespace) {
   EXPECT_EQ(ThereAndBack(robot::nav::Route{"dock", {{{1, 2}, 3}}, {}}).waypoints[0].heading, 3);
-}
-
-TEST(RoundTrip, TruncatedInputThrows) {
-  zentho::BytesBuffer whole;
-  zentho::serialize(Lists{{least}, {{}, {}}, {{RED}}, {{{"text"}}}}, whole);
-  std::string bytes(whole.unread(), 0);
-  whole.read(bytes.data(), bytes.size());
-  for (std::size_t size = 0; size < bytes.size(); ++size) {
-    zentho::BytesBuffer cut;
-    cut.write(bytes.data(), size);
-    Lists lists;
-    EXPECT_THROW(zentho::deserialize(cut, lists), std::out_of_range) << size;
-  }
+  using robot::nav::Stop;
+  EXPECT_EQ(ThereAndBack(Stop::Response{{robot::status::FAULT, "", 7}}).report.level, 0x10);
 }
 
 }  // namespace

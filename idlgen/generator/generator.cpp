@@ -34,14 +34,13 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
 /// Returns the C++ type of a built-in keyword, and other names unchanged. The parser has the same
 /// list of integer types.
 std::string CheckAndTransStdType(std::string type) {
-  using namespace std::string_view_literals;  // Unlike "...", with a length known in advance.
-  if (type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
-      type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv) {
+  if (type == "uint8" || type == "uint16" || type == "uint32" || type == "uint64" ||
+      type == "int8" || type == "int16" || type == "int32" || type == "int64") {
     return "std::" + type + "_t";
   }
-  if (type == "float32"sv) return "float";
-  if (type == "float64"sv) return "double";
-  if (type == "string"sv) return "std::string";
+  if (type == "float32") return "float";
+  if (type == "float64") return "double";
+  if (type == "string") return "std::string";
   return type;
 }
 

@@ -10,7 +10,7 @@ namespace zentho {
 /// Generates the C++ header of one IDL file. Refers to the model, which must outlive it. Names,
 /// values and types are copied to the header unchecked.
 ///
-/// Names and parameters are fixed, because other programs link this class, too.
+/// A fixed interface, see CONTRIBUTING.md.
 class Generator {
  public:
   explicit Generator(const Schema& model) : schema(&model) {}

@@ -30,7 +30,7 @@ int Descriptor::close() {
   return result == 0 ? 0 : errno;
 }
 
-int ReadFile(const std::string& path, std::string& text, std::size_t limit) {
+int readFile(const std::string& path, std::string& text, std::size_t limit) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (file.get() < 0) return errno;
   std::array<char, 65536> block;
@@ -47,7 +47,7 @@ int ReadFile(const std::string& path, std::string& text, std::size_t limit) {
   return 0;
 }
 
-int WriteAll(int descriptor, std::string_view bytes) {
+int writeAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
     if (written > 0) {

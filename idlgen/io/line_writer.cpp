@@ -22,7 +22,7 @@ void LineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
   } else if (!failed) {
     line.clear();
     appendLine(line, pieces);
-    failed = WriteAll(file.get(), line) != 0;
+    failed = writeAll(file.get(), line) != 0;
   }
 }
 

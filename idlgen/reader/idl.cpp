@@ -50,7 +50,7 @@ void printLines(const std::vector<std::list<std::string>>& lines, std::string_vi
 void IDL::load(std::string path) {
   printLine({"idl path:", path});
   std::string text;
-  ReadFile(path, text);
+  readFile(path, text);
   tokenize(text);
 }
 

@@ -15,7 +15,7 @@ namespace zentho {
 /// sequence of bytes. Its only special characters are the line feed, '#', '/', the space, ':' and
 /// '{'.
 ///
-/// Names and parameters are fixed, because other programs link this class, too.
+/// A fixed interface, see CONTRIBUTING.md.
 class IDL {
  public:
   /// Prints "idl path:" and the path, and tokenizes the file. Errors are not reported: a file that

@@ -16,9 +16,8 @@ namespace {
 
 /// Returns whether the type is an integer keyword. The generator has the same list.
 bool IsIntType(std::string type) {
-  using namespace std::string_view_literals;  // Unlike "...", with a length known in advance.
-  return type == "uint8"sv || type == "uint16"sv || type == "uint32"sv || type == "uint64"sv ||
-         type == "int8"sv || type == "int16"sv || type == "int32"sv || type == "int64"sv;
+  return type == "uint8" || type == "uint16" || type == "uint32" || type == "uint64" ||
+         type == "int8" || type == "int16" || type == "int32" || type == "int64";
 }
 
 /// One pass over the tokens of a file, up to the first error. Refers to the strings of the `IDL`

@@ -20,7 +20,7 @@ struct ParseError : std::exception {
 
 /// Parses IDL files into their models. Has no state, so one parser can be used for many files.
 ///
-/// Names and parameters are fixed, because other programs link this class, too.
+/// A fixed interface, see CONTRIBUTING.md.
 class Parser {
  public:
   /// Fills the empty `schema` from the tokens of `idl`. Prints one line per completed statement.

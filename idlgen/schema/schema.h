@@ -9,7 +9,7 @@ namespace zentho {
 // The model of one IDL file. Lists are in the order of declaration. Names and enum values are
 // copied unchanged. Records refer to each other by name only. Names may repeat or be undeclared.
 //
-// Names of types and members are fixed, because other programs link these records, too.
+// A fixed interface, see CONTRIBUTING.md.
 
 /// One item of an enum. The value is text; it is not interpreted as a number.
 struct EnumItem {

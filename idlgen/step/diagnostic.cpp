@@ -32,13 +32,16 @@ std::string_view Advice(std::string_view token) {
   if (token.find('\r') != std::string_view::npos) return "end lines with LF, not with CR LF";
   if (token.find('\t') != std::string_view::npos) return "use spaces instead of tabs";
   if (token.size() > 1 && token.find('}') != std::string_view::npos) {
-    return "put spaces around \"}\"";
+    return token.find(';') == std::string_view::npos
+               ? "put spaces around \"}\""
+               : "put spaces around \"}\" and delete the \";\"";
   }
   return {};
 }
 
 Places FindPlaces(std::string_view text, std::size_t tokensRead) {
   Places places;
+  std::size_t read = 0;
   for (std::size_t lineNumber = 1; !text.empty(); ++lineNumber) {
     const std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
@@ -47,7 +50,7 @@ Places FindPlaces(std::string_view text, std::size_t tokensRead) {
     std::size_t end = 0;
     for (const std::list<std::string>& tokenLine : idl.tokenLines) {
       for (const std::string& token : tokenLine) {
-        if (tokensRead-- == 0) return places;
+        if (++read > tokensRead) return places;
         const std::size_t begin = line.find(token, end);
         end = begin + token.size();
         places.last = {lineNumber, line, line.substr(begin, token.size())};

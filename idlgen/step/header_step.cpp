@@ -1,5 +1,6 @@
 #include "step/header_step.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -10,11 +11,11 @@
 #include "generator/generator.h"
 #include "io/file.h"
 #include "io/line_writer.h"
+#include "io/replace_file.h"
 #include "reader/idl.h"
 #include "schema/parser.h"
 #include "schema/schema.h"
 #include "step/diagnostic.h"
-#include "step/replace_file.h"
 
 namespace zentho {
 namespace {
@@ -33,29 +34,42 @@ StepError Refusal(const std::string& header, const std::string& reason) {
   return StepError(ErrorLine(header, reason + "; it is left as it is"));
 }
 
+bool Status(const std::string& path, int flags, struct stat& status) {
+  return Succeeds([&] { return fstatat(AT_FDCWD, path.c_str(), &status, flags); });
+}
+
+/// Returns whether the path or, if it is a link, its target is the file.
+bool IsFile(const std::string& path, const struct stat& file) {
+  for (const int flags : {0, AT_SYMLINK_NOFOLLOW}) {
+    struct stat found {};
+    if (Status(path, flags, found) && found.st_dev == file.st_dev && found.st_ino == file.st_ino) {
+      return true;
+    }
+  }
+  return false;
+}
+
 /// Throws StepError if there is a file in the header's place that must not be replaced. Returns 0
 /// or the errno of a failure that leaves this open.
-int CheckReplaceable(const std::string& idl, const std::string& header) {
-  // Each call twice, because a spurious failure must not cost a file that is not a header.
+int checkReplaceable(const std::string& idl, const std::string& header) {
   struct stat there {};
-  if (lstat(header.c_str(), &there) != 0 && lstat(header.c_str(), &there) != 0) {
+  if (!Status(header, AT_SYMLINK_NOFOLLOW, there)) {
     const int error = errno;
     if (error != ENOENT && error != ENOTDIR) return error;
     if (header.empty()) return ENOENT;
     const std::string name = header.substr(header.rfind('/') + 1);
     return name.empty() || name == "." || name == ".." ? EISDIR : 0;
   }
-  for (const auto status : {stat, lstat}) {
-    struct stat source {};
-    const bool known = status(idl.c_str(), &source) == 0 || status(idl.c_str(), &source) == 0;
-    if (known && source.st_dev == there.st_dev && source.st_ino == there.st_ino) {
-      throw Refusal(header, "is the IDL file");
-    }
-  }
+  if (IsFile(idl, there)) throw Refusal(header, "is the IDL file");
   if (S_ISLNK(there.st_mode)) return 0;
   if (!S_ISREG(there.st_mode)) throw Refusal(header, "is not a regular file");
   std::string start;
-  if (const int error = ReadFile(header, start, firstLine.size())) return error;
+  int error = 0;
+  const bool known = Succeeds([&] {
+    start.clear();
+    return error = readFile(header, start, firstLine.size());
+  });
+  if (!known) return error;
   if (!start.empty() && start != firstLine) {
     throw Refusal(header, "does not begin with \"" + std::string(firstLine) + "\"");
   }
@@ -65,7 +79,7 @@ int CheckReplaceable(const std::string& idl, const std::string& header) {
 /// Returns the text of the IDL file's header, or throws StepError.
 std::string HeaderText(const std::string& idlPath) {
   std::string source;
-  if (const int error = ReadFile(idlPath, source)) throw SystemError(idlPath, error);
+  if (const int error = readFile(idlPath, source)) throw SystemError(idlPath, error);
   Schema schema;
   try {
     IDL idl;
@@ -85,30 +99,28 @@ bool HasText(const std::string& path, const std::string& text) {
   struct stat status {};
   if (lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
   std::string old;
-  return ReadFile(path, old, text.size() + 1) == 0 && old == text;
+  return readFile(path, old, text.size() + 1) == 0 && old == text;
 }
 
 }  // namespace
 
 void generateHeader(const std::string& idl, const std::string& header, bool ifChanged) {
-  int error = CheckReplaceable(idl, header);
-  // A second try, because after a spurious failure an outdated header would stay.
-  if (error != 0) error = CheckReplaceable(idl, header);
+  int error = checkReplaceable(idl, header);
   if (error != 0) throw SystemError(header, error);
   try {
     const std::string text = HeaderText(idl);
     if (ifChanged && HasText(header, text)) return;
-    error = ReplaceFile(header, text);
+    error = replaceFile(header, text);
     if (error != 0) throw SystemError(header, error);
   } catch (StepError& failure) {
-    error = RemoveFile(header);
+    error = removeFile(header);
     if (error != 0) {
       failure.message +=
           ErrorLine(header, std::string("cannot be removed: ") + std::strerror(error));
     }
     throw;
   } catch (...) {
-    RemoveFile(header);
+    removeFile(header);
     throw;
   }
 }

@@ -4,8 +4,8 @@ include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("source tree")
 file(WRITE ${scratch}/zentho.cpp "#include <cstdio>
 namespace zentho::util {
-struct FilePath { static int createFile(const char* path); };
-int FilePath::createFile(const char* path) { return std::printf(\"creating %s\\n\", path); }
+class FilePath { public: static void createFile(const char* path); };
+void FilePath::createFile(const char* path) { std::printf(\"creating %s\\n\", path); }
 }  // namespace zentho::util
 ")
 run(SUCCEEDS COMMAND c++ -std=c++17 -shared -fPIC -o ${scratch}/libzentho.so ${scratch}/zentho.cpp)

@@ -80,7 +80,6 @@ cmake_language(EVAL CODE \"\${CALL}\")
 ")
   file(WRITE ${scratch}/a.idl "message A { }\n")
   set(build ${scratch}/build)
-  set(header ${build}/a.idlgen/include/a.h)
   set(configure ${CMAKE_COMMAND} -G ${BUILD} -S ${scratch} -B ${build}
                 -D CMAKE_PREFIX_PATH=${PREFIX})
   set(build_all ${CMAKE_COMMAND} --build ${build})

@@ -1,4 +1,4 @@
-#include "step/replace_file.h"
+#include "io/replace_file.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -34,7 +34,7 @@ class SignalDelay {
 
 /// Creates a file next to `path`, and missing directories. Sets `name` to its path. Returns its
 /// descriptor, or -1 with errno.
-int CreateTemporary(const std::string& path, std::string& name) {
+int createTemporary(const std::string& path, std::string& name) {
   const std::string directory = path.substr(0, path.rfind('/') + 1);
   constexpr int tries = 100;
   for (int i = 0; i < tries; ++i) {
@@ -59,22 +59,21 @@ int CreateTemporary(const std::string& path, std::string& name) {
 
 }  // namespace
 
-int ReplaceFile(const std::string& path, std::string_view bytes) {
+int replaceFile(const std::string& path, std::string_view bytes) {
   const SignalDelay delay;
   std::string temporary;
-  Descriptor file(CreateTemporary(path, temporary));
+  Descriptor file(createTemporary(path, temporary));
   if (file.get() < 0) return errno;
-  int error = WriteAll(file.get(), bytes);
+  int error = writeAll(file.get(), bytes);
   const int closeError = file.close();
   if (error == 0) error = closeError;
   if (error == 0 && std::rename(temporary.c_str(), path.c_str()) != 0) error = errno;
-  if (error != 0) RemoveFile(temporary);
+  if (error != 0) removeFile(temporary);
   return error;
 }
 
-int RemoveFile(const std::string& path) {
-  // Twice, because a file that stays after a spurious failure does harm.
-  if (::unlink(path.c_str()) == 0 || ::unlink(path.c_str()) == 0) return 0;
+int removeFile(const std::string& path) {
+  if (Succeeds([&] { return ::unlink(path.c_str()); })) return 0;
   return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
 }
 

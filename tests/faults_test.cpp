@@ -64,7 +64,7 @@ struct Call {
 
 /// Returns the system calls of a run. Leaves out those before `main`, which begins with a call for
 /// SIGPIPE, and the last one, which ends the process: no program can handle their failure. Leaves
-/// out brk, which fails in another way than strace makes it fail.
+/// out brk, which reports a failure by its result, not by an errno.
 std::vector<Call> Calls(const Scratch& scratch, const Scenario& scenario) {
   RunHeader(scratch, scenario, "strace -o trace");
   std::vector<Call> calls;
@@ -101,7 +101,7 @@ TEST_P(Faults, MatchesExpectedResult) {
   checkCase(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Header, Faults, testing::ValuesIn(DataCases("faults")), CaseName);
+INSTANTIATE_TEST_SUITE_P(IdlgenHeader, Faults, testing::ValuesIn(DataCases("faults")), CaseName);
 
 using EachCall = NeedsStrace<Scenario>;
 
@@ -128,7 +128,7 @@ TEST_P(EachCall, MayFailOnce) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Header, EachCall, testing::ValuesIn(scenarios), RowName<Scenario>);
+INSTANTIATE_TEST_SUITE_P(IdlgenHeader, EachCall, testing::ValuesIn(scenarios), RowName<Scenario>);
 
 struct EndingSignal {
   const char* name;
@@ -158,7 +158,8 @@ TEST_P(EachSignal, LeavesTheHeaderWhole) {
 
 constexpr EndingSignal signals[] = {
     {"SIGHUP", SIGHUP}, {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGKILL", SIGKILL}};
-INSTANTIATE_TEST_SUITE_P(Header, EachSignal, testing::ValuesIn(signals), RowName<EndingSignal>);
+INSTANTIATE_TEST_SUITE_P(IdlgenHeader, EachSignal, testing::ValuesIn(signals),
+                         RowName<EndingSignal>);
 
 }  // namespace
 }  // namespace zentho
