@@ -23,8 +23,11 @@ function(idlgen_generate)
   if(arg_KEYWORDS_MISSING_VALUES)
     message(FATAL_ERROR "idlgen_generate: no value after ${arg_KEYWORDS_MISSING_VALUES}")
   endif()
-  if(NOT DEFINED arg_TARGET OR NOT DEFINED arg_FILES)
+  if("${arg_TARGET}" STREQUAL "" OR "${arg_FILES}" STREQUAL "")
     message(FATAL_ERROR "idlgen_generate: TARGET and FILES are required")
+  endif()
+  if(NOT TARGET idlgen::idlgen-header)
+    message(FATAL_ERROR "idlgen_generate: there is no idlgen-header to run")
   endif()
 
   set(base ${CMAKE_CURRENT_SOURCE_DIR})
@@ -47,11 +50,11 @@ function(idlgen_generate)
   set(names)
   foreach(file IN LISTS arg_FILES)
     _idlgen_locate("${file}" "${base}" "${include}" idl name)
-    if(DEFINED "first_${name}")
+    if(DEFINED "_idlgen_${name}")
       message(FATAL_ERROR
-              "idlgen_generate: ${first_${name}} and ${file} would both generate ${name}")
+              "idlgen_generate: ${_idlgen_${name}} and ${file} would both generate ${name}")
     endif()
-    set("first_${name}" "${file}")
+    set("_idlgen_${name}" "${file}")
     list(APPEND names "${name}")
     add_custom_command(
       OUTPUT ${include}/${name}
@@ -160,13 +163,13 @@ function(_idlgen_create_target program)
   # A program with other contents may be older than the headers. They depend on this file, too, which
   # is written only if the contents have changed.
   file(SHA256 ${program} hash)
-  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/CMakeFiles/idlgen-header.sha256 CONTENT "${hash}\n")
+  file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/CMakeFiles/idlgen-header.sha256" CONTENT "${hash}\n")
 endfunction()
 
 # CMake writes some characters to build files unquoted. Ninja, make or the shell would then read another
 # path, or several.
 function(_idlgen_check_path path)
-  set(unsupported "[][?|\\;\t\r\n]|\\$\\(")
+  set(unsupported "[][?#<>|\\;\t\r\n]|\\$\\(")
   if(CMAKE_GENERATOR MATCHES "Makefiles")
     string(APPEND unsupported "|[*:%]")
   endif()

@@ -1,14 +1,15 @@
 #include "io/replace_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
+#include <vector>
 
 #include "io/file.h"
 
@@ -32,10 +33,22 @@ class SignalDelay {
   sigset_t before{};
 };
 
-/// Creates a file next to `path`, and missing directories. Sets `name` to its path. Returns its
-/// descriptor, or -1 with errno.
-int createTemporary(const std::string& path, std::string& name) {
-  const std::string directory = path.substr(0, path.rfind('/') + 1);
+/// Creates missing directories and appends them to `made`. Returns 0 or the errno of the failure.
+int makeDirectories(const std::string& directory, std::vector<std::string>& made) {
+  for (std::size_t end = directory.find('/', 1); end != std::string::npos;
+       end = directory.find('/', end + 1)) {
+    made.push_back(directory.substr(0, end));
+    if (::mkdir(made.back().c_str(), 0777) == 0) continue;
+    made.pop_back();
+    if (errno != EEXIST) return errno;
+  }
+  return 0;
+}
+
+/// Creates a file in the directory. Sets `name` to its path. Returns its descriptor, or -1 with
+/// errno.
+int createTemporary(const std::string& directory, std::string& name,
+                    std::vector<std::string>& made) {
   constexpr int tries = 100;
   for (int i = 0; i < tries; ++i) {
     // The time tells apart processes with the same number in different containers.
@@ -43,13 +56,11 @@ int createTemporary(const std::string& path, std::string& name) {
     name = directory + ".idlgen-" + std::to_string(getpid()) + "-" + std::to_string(time) + ".tmp";
     const int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file >= 0) return file;
-    if (errno == ENOENT && i == 0) {
-      std::error_code error;
-      std::filesystem::create_directories(directory, error);
-      if (error) {
-        errno = error.value();
-        return -1;
-      }
+    if (errno == ENOENT) {
+      // Again and again, because another run that fails removes the directories that it has made.
+      const int error = makeDirectories(directory, made);
+      errno = error != 0 ? error : ENOENT;
+      if (errno != ENOENT) return -1;
     } else if (errno != EEXIST) {
       return -1;
     }
@@ -62,19 +73,25 @@ int createTemporary(const std::string& path, std::string& name) {
 int replaceFile(const std::string& path, std::string_view bytes) {
   const SignalDelay delay;
   std::string temporary;
-  Descriptor file(createTemporary(path, temporary));
-  if (file.get() < 0) return errno;
-  int error = writeAll(file.get(), bytes);
+  std::vector<std::string> made;
+  Descriptor file(createTemporary(path.substr(0, path.rfind('/') + 1), temporary, made));
+  const bool created = file.get() >= 0;
+  int error = created ? writeAll(file.get(), bytes) : errno;
   const int closeError = file.close();
   if (error == 0) error = closeError;
   if (error == 0 && std::rename(temporary.c_str(), path.c_str()) != 0) error = errno;
-  if (error != 0) removeFile(temporary);
+  if (error == 0) return 0;
+
+  if (created) removeFile(temporary);
+  for (; !made.empty(); made.pop_back()) ::rmdir(made.back().c_str());
   return error;
 }
 
 int removeFile(const std::string& path) {
   if (Succeeds([&] { return ::unlink(path.c_str()); })) return 0;
-  return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+  const int error = errno;
+  struct stat left {};
+  return lstat(path.c_str(), &left) == 0 ? error : 0;
 }
 
 }  // namespace zentho

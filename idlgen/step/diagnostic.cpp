@@ -61,8 +61,18 @@ Places FindPlaces(std::string_view text, std::size_t tokensRead) {
   return places;
 }
 
+/// Returns the index, or that of the beginning of the UTF-8 character that it is inside of.
+std::size_t CharacterBegin(std::string_view text, std::size_t index) {
+  std::size_t begin = index;
+  while (begin > 0 && index - begin < 3 && begin < text.size() && (text[begin] & 0xc0) == 0x80) {
+    --begin;
+  }
+  return begin;
+}
+
 std::string Shortened(std::string_view text) {
-  return Printable(text.substr(0, longest)) + (text.size() > longest ? "..." : "");
+  if (text.size() <= longest) return Printable(text);
+  return Printable(text.substr(0, CharacterBegin(text, longest))) + "...";
 }
 
 /// Returns the line, shortened if it is long, but with the beginning of the token.
@@ -70,26 +80,31 @@ std::string Excerpt(const Place& place) {
   constexpr std::size_t context = 40;
   const auto begin = static_cast<std::size_t>(place.token.data() - place.line.data());
   if (begin + context <= longest) return Shortened(place.line);
-  return "..." + Shortened(place.line.substr(begin - context));
+  return "..." + Shortened(place.line.substr(CharacterBegin(place.line, begin - context)));
 }
 
 }  // namespace
 
 std::string Printable(std::string_view text) {
   std::string result;
-  for (const char byte : text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    // U+0080 to U+009F are control characters, too.
+    const bool isTwoBytes =
+        text[i] == '\xc2' && i + 1 < text.size() && (text[i + 1] & 0xe0) == 0x80;
+    if (isTwoBytes) ++i;
+    const auto byte = static_cast<unsigned char>(text[i]);
     if (byte == '\t') {
       result += "\\t";
     } else if (byte == '\n') {
       result += "\\n";
     } else if (byte == '\r') {
       result += "\\r";
-    } else if (static_cast<unsigned char>(byte) < 0x20 || byte == 0x7f) {
+    } else if (byte < 0x20 || byte == 0x7f || isTwoBytes) {
       std::array<char, 5> escape{};
       std::snprintf(escape.data(), escape.size(), "\\x%02x", static_cast<unsigned>(byte));
       result += escape.data();
     } else {
-      result += byte;
+      result += text[i];
     }
   }
   return result;

@@ -49,19 +49,19 @@ bool IsFile(const std::string& path, const struct stat& file) {
   return false;
 }
 
-/// Throws StepError if there is a file in the header's place that must not be replaced. Returns 0
-/// or the errno of a failure that leaves this open.
-int checkReplaceable(const std::string& idl, const std::string& header) {
+/// Throws StepError if the path is not that of a file, or if there is a file that must not be
+/// replaced or cannot be examined.
+void checkReplaceable(const std::string& idl, const std::string& header) {
   struct stat there {};
   if (!Status(header, AT_SYMLINK_NOFOLLOW, there)) {
-    const int error = errno;
-    if (error != ENOENT && error != ENOTDIR) return error;
-    if (header.empty()) return ENOENT;
+    if (errno != ENOENT && errno != ENOTDIR) throw SystemError(header, errno);
     const std::string name = header.substr(header.rfind('/') + 1);
-    return name.empty() || name == "." || name == ".." ? EISDIR : 0;
+    if (header.empty()) throw SystemError(header, ENOENT);
+    if (name.empty() || name == "." || name == "..") throw SystemError(header, EISDIR);
+    return;
   }
   if (IsFile(idl, there)) throw Refusal(header, "is the IDL file");
-  if (S_ISLNK(there.st_mode)) return 0;
+  if (S_ISLNK(there.st_mode)) return;
   if (!S_ISREG(there.st_mode)) throw Refusal(header, "is not a regular file");
   std::string start;
   int error = 0;
@@ -69,11 +69,10 @@ int checkReplaceable(const std::string& idl, const std::string& header) {
     start.clear();
     return error = readFile(header, start, firstLine.size());
   });
-  if (!known) return error;
+  if (!known) throw Refusal(header, std::strerror(error));
   if (!start.empty() && start != firstLine) {
     throw Refusal(header, "does not begin with \"" + std::string(firstLine) + "\"");
   }
-  return 0;
 }
 
 /// Returns the text of the IDL file's header, or throws StepError.
@@ -105,16 +104,13 @@ bool HasText(const std::string& path, const std::string& text) {
 }  // namespace
 
 void generateHeader(const std::string& idl, const std::string& header, bool ifChanged) {
-  int error = checkReplaceable(idl, header);
-  if (error != 0) throw SystemError(header, error);
+  checkReplaceable(idl, header);
   try {
     const std::string text = HeaderText(idl);
     if (ifChanged && HasText(header, text)) return;
-    error = replaceFile(header, text);
-    if (error != 0) throw SystemError(header, error);
+    if (const int error = replaceFile(header, text)) throw SystemError(header, error);
   } catch (StepError& failure) {
-    error = removeFile(header);
-    if (error != 0) {
+    if (const int error = removeFile(header)) {
       failure.message +=
           ErrorLine(header, std::string("cannot be removed: ") + std::strerror(error));
     }

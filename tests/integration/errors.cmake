@@ -2,7 +2,7 @@
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start(errors)
 create_small_project()
-foreach(name a.txt none dots. .hidden sub/c.idl "v[1].idl" "v?.idl" "a%b.idl" "a:b.idl")
+foreach(name "a#.idl" a.txt none dots. .hidden sub/c.idl "v[1].idl" "v?.idl" "a%b.idl" "a:b.idl")
   file(WRITE "${scratch}/${name}" "")
 endforeach()
 
@@ -22,6 +22,7 @@ rejected("TARGET t FILES a.idl a.txt" "a.idl and a.txt would both generate a.h")
 
 # Characters that CMake does not quote, wherever they are in the path.
 rejected("TARGET t FILES v[1].idl" "in the path ${scratch}/v[1].idl")
+rejected("TARGET t FILES a#.idl" "CMake does not support \"#\" in the path ${scratch}/a#.idl")
 rejected("TARGET t FILES v?.idl" "CMake does not support \"?\" in the path ${scratch}/v?.idl")
 foreach(pair "a%b.idl;%" "a:b.idl;:")
   list(GET pair 0 name)
