@@ -22,7 +22,7 @@ rejected("TARGET t FILES a.idl a.txt" "a.idl and a.txt would both generate a.h")
 
 # Characters that CMake does not quote, wherever they are in the path.
 rejected("TARGET t FILES v[1].idl" "in the path ${scratch}/v[1].idl")
-rejected("TARGET t FILES a#.idl" "CMake does not support \"#\" in the path ${scratch}/a#.idl")
+rejected("TARGET t FILES [[a#.idl]]" "CMake does not support \"#\" in the path ${scratch}/a#.idl")
 rejected("TARGET t FILES v?.idl" "CMake does not support \"?\" in the path ${scratch}/v?.idl")
 foreach(pair "a%b.idl;%" "a:b.idl;:")
   list(GET pair 0 name)
