@@ -33,8 +33,8 @@ std::string_view Advice(std::string_view token) {
   if (token.find('\t') != std::string_view::npos) return "use spaces instead of tabs";
   if (token.size() > 1 && token.find('}') != std::string_view::npos) {
     return token.find(';') == std::string_view::npos
-               ? "put spaces around \"}\""
-               : "put spaces around \"}\" and delete the \";\"";
+               ? R"(put spaces around "}")"
+               : R"(put spaces around "}" and delete the ";")";
   }
   return {};
 }
