@@ -61,10 +61,11 @@ Places FindPlaces(std::string_view text, std::size_t tokensRead) {
   return places;
 }
 
-/// Returns the index, or that of the beginning of the UTF-8 character that it is inside of.
+/// Returns the index, which must be in the text, or that of the beginning of the UTF-8 character
+/// that it is inside of.
 std::size_t CharacterBegin(std::string_view text, std::size_t index) {
   std::size_t begin = index;
-  while (begin > 0 && index - begin < 3 && begin < text.size() && (text[begin] & 0xc0) == 0x80) {
+  while (begin > 0 && index - begin < 3 && (text[begin] & 0xc0) == 0x80) {
     --begin;
   }
   return begin;

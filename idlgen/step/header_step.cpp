@@ -65,11 +65,9 @@ void checkReplaceable(const std::string& idl, const std::string& header) {
   if (!S_ISREG(there.st_mode)) throw Refusal(header, "is not a regular file");
   std::string start;
   int error = 0;
-  const bool known = Succeeds([&] {
-    start.clear();
-    return error = readFile(header, start, firstLine.size());
-  });
-  if (!known) throw Refusal(header, std::strerror(error));
+  if (!Succeeds([&] { return error = readFile(header, start, firstLine.size()); })) {
+    throw Refusal(header, std::strerror(error));
+  }
   if (!start.empty() && start != firstLine) {
     throw Refusal(header, "does not begin with \"" + std::string(firstLine) + "\"");
   }
