@@ -3,9 +3,6 @@ set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_CONTACT "The idlgen maintainers <idlgen@zentho.example>")
 set(CPACK_PACKAGE_VENDOR "zentho")
 set(CPACK_STRIP_FILES ON)
-# Not those of the umask.
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_THREADS 0)
 set(CPACK_PACKAGE_DESCRIPTION
 "idlgen generates C++ headers from interface-definition files, which declare

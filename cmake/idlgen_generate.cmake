@@ -43,7 +43,7 @@ function(idlgen_generate)
   endif()
   # idlgen_import_program writes this file if the program is not built here.
   set(stamp ${CMAKE_BINARY_DIR}/CMakeFiles/idlgen-header.sha256)
-  if(EXISTS ${stamp})
+  if(EXISTS "${stamp}")
     list(APPEND arg_DEPENDS ${stamp})
   endif()
 
@@ -156,7 +156,8 @@ function(_idlgen_create_target program)
     endif()
     return()
   endif()
-  _idlgen_check_path(${program})
+  _idlgen_check_path("${program}")
+  _idlgen_check_path("${CMAKE_BINARY_DIR}")
   add_executable(idlgen::idlgen-header IMPORTED GLOBAL)
   set_target_properties(idlgen::idlgen-header PROPERTIES IMPORTED_LOCATION ${program})
 

@@ -33,16 +33,20 @@ class SignalDelay {
   sigset_t before{};
 };
 
-/// Creates missing directories and appends them to `made`. Returns 0 or the errno of the failure.
-int makeDirectories(const std::string& directory, std::vector<std::string>& made) {
+/// Creates missing directories and appends them to `made`. Returns whether the directory can now be
+/// used or is worth another try, otherwise sets errno.
+bool makeDirectories(const std::string& directory, std::vector<std::string>& made) {
   for (std::size_t end = directory.find('/', 1); end != std::string::npos;
        end = directory.find('/', end + 1)) {
-    made.push_back(directory.substr(0, end));
-    if (::mkdir(made.back().c_str(), 0777) == 0) continue;
-    made.pop_back();
-    if (errno != EEXIST) return errno;
+    const std::string path = directory.substr(0, end);
+    if (::mkdir(path.c_str(), 0777) == 0) {
+      made.push_back(path);
+    } else if (errno != EEXIST) {
+      // ENOENT: another run has failed and removed the directories that it had made.
+      return errno == ENOENT;
+    }
   }
-  return 0;
+  return true;
 }
 
 /// Creates a file in the directory. Sets `name` to its path. Returns its descriptor, or -1 with
@@ -57,10 +61,8 @@ int createTemporary(const std::string& directory, std::string& name,
     const int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file >= 0) return file;
     if (errno == ENOENT) {
-      // Again and again, because another run that fails removes the directories that it has made.
-      const int error = makeDirectories(directory, made);
-      errno = error != 0 ? error : ENOENT;
-      if (errno != ENOENT) return -1;
+      if (!makeDirectories(directory, made)) return -1;
+      errno = ENOENT;  // For the last try.
     } else if (errno != EEXIST) {
       return -1;
     }

@@ -58,6 +58,12 @@ void checkReplaceable(const std::string& idl, const std::string& header) {
     const std::string name = header.substr(header.rfind('/') + 1);
     if (header.empty()) throw SystemError(header, ENOENT);
     if (name.empty() || name == "." || name == "..") throw SystemError(header, EISDIR);
+    // Once a missing directory has been made, ".." behind it leads to files not examined here.
+    const std::size_t up = header.rfind("/../");
+    struct stat directory {};
+    if (up != std::string::npos && !Status(header.substr(0, up + 3), 0, directory)) {
+      throw SystemError(header, errno);
+    }
     return;
   }
   if (IsFile(idl, there)) throw Refusal(header, "is the IDL file");
