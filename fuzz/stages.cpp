@@ -135,7 +135,8 @@ void checkDiagnostic(const std::string& text, const ParseError& error) {
   while (suspect > 0 && !isSuspect(tokens.at(suspect - 1))) --suspect;
   check(lines.size() == (suspect > 0 ? 3 : 2), "a message has a note if there is a suspect word");
   checkLocation(text, lines[0], error.tokensRead);
-  std::string beginning = tokens.at(error.tokensRead - 1).substr(0, 40);
+  // 40 bytes are shown, or up to 3 less if the cut would split a character.
+  std::string beginning = tokens.at(error.tokensRead - 1).substr(0, 37);
   if (beginning.back() == '\xc2') beginning.pop_back();  // Half a character.
   check(lines[1].find(Printable(beginning)) != std::string::npos,
         "an excerpt shows the last token");

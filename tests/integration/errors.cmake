@@ -33,7 +33,7 @@ foreach(pair "a%b.idl;%" "a:b.idl;:")
 endforeach()
 run(FAILS COMMAND ${CMAKE_COMMAND} -G ${BUILD} -S ${scratch} -B ${scratch}/build[1]
                   -D CMAKE_PREFIX_PATH=${PREFIX} -D "CALL=idlgen_generate(TARGET t FILES a.idl)"
-          PRINTS "in the path ${scratch}/build[1]/t.idlgen/include/a.h")
+          PRINTS "in the path ${scratch}/build[1]")
 
 run(FAILS COMMAND ${configure} -D "CALL=find_package(idlgen REQUIRED COMPONENTS extra)"
           PRINTS "The package has no component extra")
