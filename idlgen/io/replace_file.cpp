@@ -93,7 +93,7 @@ int removeFile(const std::string& path) {
   if (Succeeds([&] { return ::unlink(path.c_str()); })) return 0;
   const int error = errno;
   struct stat left {};
-  return lstat(path.c_str(), &left) == 0 ? error : 0;
+  return error == ENOENT || lstat(path.c_str(), &left) != 0 ? 0 : error;
 }
 
 }  // namespace zentho

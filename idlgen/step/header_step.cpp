@@ -72,6 +72,7 @@ void checkReplaceable(const std::string& idl, const std::string& header) {
   std::string start;
   int error = 0;
   if (!Succeeds([&] { return error = readFile(header, start, firstLine.size()); })) {
+    if (error == ENOENT) return;  // Another run has just removed it.
     throw Refusal(header, std::strerror(error));
   }
   if (!start.empty() && start != firstLine) {
