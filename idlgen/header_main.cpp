@@ -2,35 +2,54 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <exception>
+#include <new>
 #include <string_view>
 
+#include "header/generate_header.h"
 #include "io/file.h"
-#include "step/header_step.h"
 
 namespace zentho {
 namespace {
 
-void printError(std::string_view lines) {
-  Succeeds([&] { return writeAll(STDERR_FILENO, lines); });
+constexpr std::string_view usage = "usage: idlgen-header [--if-changed] IDL HEADER\n";
+constexpr std::string_view help =
+    "usage: idlgen-header [--if-changed] IDL HEADER\n"
+    "       idlgen-header --help | --version\n"
+    "\n"
+    "Generates the C++ header HEADER of the file IDL, whole or, after an error, not at all.\n"
+    "\n"
+    "  --if-changed  leave HEADER untouched if it already has the text\n"
+    "  --help        print this help\n"
+    "  --version     print the version\n";
+constexpr std::string_view version = "idlgen-header " IDLGEN_VERSION "\n";
+
+int print(std::string_view text) {
+  return writeAll(STDOUT_FILENO, text) ? EXIT_FAILURE : EXIT_SUCCESS;
+}
+
+/// Writes to standard error, where there is no way to report a failure.
+void printError(std::string_view text) {
+  (void)writeAll(STDERR_FILENO, text);
 }
 
 /// Executes the command line. Returns the exit status.
 int run(int argc, char** argv) {
-  const bool ifChanged = argc == 4 && std::string_view(argv[1]) == "--if-changed";
-  if (argc != 3 && !ifChanged) {
-    printError("usage: idlgen-header [--if-changed] IDL HEADER\n");
+  const std::string_view option = argc > 1 ? argv[1] : "";
+  if (option == "--help" && argc == 2) return print(help);
+  if (option == "--version" && argc == 2) return print(version);
+  const bool ifChanged = option == "--if-changed";
+  const bool isOther = option == "--help" || option == "--version";
+  if (isOther || argc != (ifChanged ? 4 : 3)) {
+    printError(usage);
     return 2;
   }
-  try {
-    generateHeader(argv[argc - 2], argv[argc - 1], ifChanged);
-    return EXIT_SUCCESS;
-  } catch (const StepError& failure) {
-    printError(failure.message);
-  } catch (const std::exception&) {  // std::bad_alloc
-    printError("idlgen-header: Cannot allocate memory\n");
-  }
-  return EXIT_FAILURE;
+  HeaderRequest request;
+  request.idl = argv[argc - 2];
+  request.header = argv[argc - 1];
+  request.ifChanged = ifChanged;
+  const HeaderResult result = generateHeader(request);
+  printError(result.messages);
+  return result.succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace
@@ -40,5 +59,10 @@ int main(int argc, char** argv) {
   // Ignored so that a closed pipe or a file size limit does not kill the program: a write fails.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  return zentho::run(argc, argv);
+  try {
+    return zentho::run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    zentho::printError("idlgen-header: Cannot allocate memory\n");
+    return EXIT_FAILURE;
+  }
 }

@@ -14,31 +14,31 @@ namespace {
 
 TEST(Descriptor, ClosesOnce) {
   Descriptor file(dup(STDOUT_FILENO));
-  EXPECT_EQ(file.close(), 0);
-  EXPECT_EQ(file.close(), 0);
-  EXPECT_EQ(Descriptor(-1).close(), 0);
+  EXPECT_FALSE(file.close());
+  EXPECT_FALSE(file.close());
+  EXPECT_FALSE(Descriptor(-1).close());
 }
 
-TEST(LineWriter, WritesEachLineImmediately) {
+TEST(FileLineWriter, WritesEachLineImmediately) {
   const Scratch scratch;
   scratch.write("lines", "earlier content");
-  LineWriter writer(scratch.path("lines"));
+  FileLineWriter writer(scratch.path("lines"));
   writer.writeLine({"a", "", "b"});
   writer.writeLine({});
   EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\n\n");
 }
 
-TEST(LineWriter, AppendsToAString) {
-  std::string text = "old ";
-  LineWriter writer(&text);
+TEST(StringLineWriter, AppendsToAString) {
+  StringLineWriter writer;
+  writer.text = "old ";
   writer.writeLine({"a", "", "b"});
   writer.writeLine({});
-  EXPECT_EQ(text, "old ab\n\n");
+  EXPECT_EQ(writer.text, "old ab\n\n");
 }
 
-TEST(LineWriter, DropsAllLinesAfterAFailedWrite) {
+TEST(FileLineWriter, DropsAllLinesAfterAFailedWrite) {
   const Scratch scratch;
-  LineWriter writer(scratch.path("lines"));
+  FileLineWriter writer(scratch.path("lines"));
   rlimit unlimited{};
   getrlimit(RLIMIT_FSIZE, &unlimited);
   rlimit limited = unlimited;
@@ -54,7 +54,7 @@ TEST(LineWriter, DropsAllLinesAfterAFailedWrite) {
   EXPECT_EQ(ReadAll(scratch.path("lines")), "ab\nc");
 }
 
-TEST(LineWriter, RepeatsAnInterruptedWrite) {
+TEST(FileLineWriter, RepeatsAnInterruptedWrite) {
   static std::array<int, 2> ends;  // A full pipe, which the signal handler empties.
   static std::string content;
   ASSERT_EQ(pipe(ends.data()), 0);
@@ -64,7 +64,7 @@ TEST(LineWriter, RepeatsAnInterruptedWrite) {
   drain.sa_handler = [](int) { (void)!read(ends[0], content.data(), content.size()); };
   sigaction(SIGALRM, &drain, nullptr);
   ualarm(20000, 0);
-  LineWriter(ends[1]).writeLine({"ab"});
+  FileLineWriter(ends[1]).writeLine({"ab"});
   content.resize(static_cast<std::size_t>(read(ends[0], content.data(), content.size())));
   EXPECT_EQ(content, "ab\n");
   close(ends[0]);

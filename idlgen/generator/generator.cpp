@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "io/line_writer.h"
+#include "schema/builtin_types.h"
 
 namespace zentho {
 namespace {
@@ -31,17 +32,10 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
   return result.append(text, begin);
 }
 
-/// Returns the C++ type of a built-in keyword, and other names unchanged. The parser has the same
-/// list of integer types.
+/// Returns the C++ type of a built-in keyword, and other names unchanged.
 std::string CheckAndTransStdType(std::string type) {
-  if (type == "uint8" || type == "uint16" || type == "uint32" || type == "uint64" ||
-      type == "int8" || type == "int16" || type == "int32" || type == "int64") {
-    return "std::" + type + "_t";
-  }
-  if (type == "float32") return "float";
-  if (type == "float64") return "double";
-  if (type == "string") return "std::string";
-  return type;
+  const BuiltinType* const builtin = FindBuiltinType(type);
+  return builtin != nullptr ? std::string(builtin->cppType) : type;
 }
 
 std::string MemberType(const CommonMember& member) {
@@ -203,7 +197,7 @@ void writeSerialization(LineWriter& header, const Schema& schema) {
 void Generator::generate(std::string idlPath) const {
   const std::string path = OutputPath(idlPath);
   util::FilePath::createFile(path.c_str());
-  LineWriter header(path);
+  FileLineWriter header(path);
   write(header);
 }
 

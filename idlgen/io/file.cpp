@@ -11,54 +11,56 @@
 namespace zentho {
 namespace {
 
-/// After a failed write: waits until the file is writable if it would block. Returns whether to try
-/// again.
-bool WaitToRetry(int descriptor) {
-  if (errno == EAGAIN) {
-    pollfd output = {descriptor, POLLOUT, 0};
-    return ::poll(&output, 1, -1) > 0 || errno == EINTR;
-  }
-  return errno == EINTR;
+/// Waits until the file is writable, or a signal arrives.
+std::error_code waitUntilWritable(int descriptor) {
+  pollfd output = {descriptor, POLLOUT, 0};
+  return ::poll(&output, 1, -1) > 0 || errno == EINTR ? std::error_code() : LastError();
 }
 
 }  // namespace
 
-int Descriptor::close() {
-  if (number < 0) return 0;
-  const int result = ::close(number);
-  number = -1;
-  return result == 0 ? 0 : errno;
+std::error_code LastError() {
+  return {errno, std::generic_category()};
 }
 
-int readFile(const std::string& path, std::string& text, std::size_t limit) {
+std::error_code Descriptor::close() {
+  if (value < 0) return {};
+  const int result = ::close(value);
+  value = -1;
+  return result == 0 ? std::error_code() : LastError();
+}
+
+std::error_code readFile(const std::string& path, std::string& text, std::size_t limit) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  if (file.get() < 0) return errno;
-  std::array<char, 65536> block;
+  if (file.get() < 0) return LastError();
+  std::array<char, 16384> block;
   while (limit > 0) {
     const ssize_t size = ::read(file.get(), block.data(), std::min(limit, block.size()));
-    if (size == 0) return 0;
+    if (size == 0) return {};
     if (size > 0) {
       text.append(block.data(), static_cast<std::size_t>(size));
       limit -= static_cast<std::size_t>(size);
     } else if (errno != EINTR) {
-      return errno;
+      return LastError();
     }
   }
-  return 0;
+  return {};
 }
 
-int writeAll(int descriptor, std::string_view bytes) {
+std::error_code writeAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
     if (written > 0) {
       bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (written == 0) {
-      return EIO;
-    } else if (!WaitToRetry(descriptor)) {
-      return errno;
+      continue;
     }
+    if (written == 0) return std::make_error_code(std::errc::io_error);
+    std::error_code error = LastError();
+    if (error == std::errc::interrupted) continue;
+    if (error == std::errc::resource_unavailable_try_again) error = waitUntilWritable(descriptor);
+    if (error) return error;
   }
-  return 0;
+  return {};
 }
 
 }  // namespace zentho

@@ -3,39 +3,39 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace zentho {
+
+// A std::error_code is empty after success and converts to false then.
+
+/// Returns the reason why the last system call failed. Call it right after that.
+[[nodiscard]] std::error_code LastError();
 
 /// Owns a file descriptor, which is negative if the file could not be opened.
 class Descriptor {
  public:
-  explicit Descriptor(int descriptor) : number(descriptor) {}
+  explicit Descriptor(int descriptor) : value(descriptor) {}
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { close(); }
+  ~Descriptor() { (void)close(); }
 
-  [[nodiscard]] int get() const { return number; }
+  [[nodiscard]] int get() const { return value; }
 
-  /// Closes the file. Returns 0 or the errno of the failure.
-  int close();
+  /// Closes the file, once.
+  [[nodiscard]] std::error_code close();
 
  private:
-  int number;
+  int value;
 };
 
-/// Returns whether the call returns 0, if necessary at a second try. For calls whose spurious
-/// failure would do harm: cost a file, keep an outdated one, or hide the reason of an error.
-template <typename Call>
-bool Succeeds(const Call& call) {
-  return call() == 0 || call() == 0;
-}
+/// Appends the contents of a file to `text`, but at most `limit` bytes. After a failure, the bytes
+/// before it have been appended.
+[[nodiscard]] std::error_code readFile(const std::string& path, std::string& text,
+                                       std::size_t limit = std::string::npos);
 
-/// Appends the contents of a file to `text`, but at most `limit` bytes. Returns 0 or the errno of
-/// the failure; the bytes before it have been appended.
-int readFile(const std::string& path, std::string& text, std::size_t limit = std::string::npos);
-
-/// Writes all bytes. Returns 0 or the errno of the failure. An interrupted write is repeated. If a
-/// write would block, because somebody has set O_NONBLOCK on a shared terminal or pipe, waits.
-int writeAll(int descriptor, std::string_view bytes);
+/// Writes all bytes. An interrupted write is repeated. If a write would block, because somebody has
+/// set O_NONBLOCK on a shared terminal or pipe, waits.
+[[nodiscard]] std::error_code writeAll(int descriptor, std::string_view bytes);
 
 }  // namespace zentho

@@ -13,22 +13,23 @@ void appendLine(std::string& text, std::initializer_list<std::string_view> piece
 
 }  // namespace
 
-LineWriter::LineWriter(const std::string& path)
-    : LineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)) {}
+FileLineWriter::FileLineWriter(const std::string& path)
+    : FileLineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {}
 
-void LineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
-  if (text != nullptr) {
-    appendLine(*text, pieces);
-  } else if (!failed) {
-    line.clear();
-    appendLine(line, pieces);
-    failed = writeAll(file.get(), line) != 0;
-  }
+void FileLineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
+  if (failed) return;
+  line.clear();
+  appendLine(line, pieces);
+  failed = static_cast<bool>(writeAll(file.get(), line));
+}
+
+void StringLineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
+  appendLine(text, pieces);
 }
 
 void printLine(std::initializer_list<std::string_view> pieces) {
   // Never destroyed: that would close standard output, and a library may still print at exit.
-  static LineWriter& standardOutput = *new LineWriter(STDOUT_FILENO);
+  static LineWriter& standardOutput = *new FileLineWriter(STDOUT_FILENO);
   standardOutput.writeLine(pieces);
 }
 

@@ -9,7 +9,6 @@
 #include <csignal>
 #include <cstddef>
 #include <cstdio>
-#include <vector>
 
 #include "io/file.h"
 
@@ -21,79 +20,73 @@ class SignalDelay {
  public:
   SignalDelay() {
     sigset_t ending;
-    sigemptyset(&ending);
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) sigaddset(&ending, signal);
-    sigprocmask(SIG_BLOCK, &ending, &before);
+    ::sigemptyset(&ending);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) ::sigaddset(&ending, signal);
+    ::pthread_sigmask(SIG_BLOCK, &ending, &earlier);
   }
   SignalDelay(const SignalDelay&) = delete;
   SignalDelay& operator=(const SignalDelay&) = delete;
-  ~SignalDelay() { sigprocmask(SIG_SETMASK, &before, nullptr); }
+  ~SignalDelay() { ::pthread_sigmask(SIG_SETMASK, &earlier, nullptr); }
 
  private:
-  sigset_t before{};
+  sigset_t earlier{};
 };
 
-/// Creates missing directories and appends them to `made`. Returns whether the directory can now be
-/// used or is worth another try, otherwise sets errno.
-bool makeDirectories(const std::string& directory, std::vector<std::string>& made) {
-  for (std::size_t end = directory.find('/', 1); end != std::string::npos;
-       end = directory.find('/', end + 1)) {
-    const std::string path = directory.substr(0, end);
-    if (::mkdir(path.c_str(), 0777) == 0) {
-      made.push_back(path);
-    } else if (errno != EEXIST) {
-      // ENOENT: another run has failed and removed the directories that it had made.
-      return errno == ENOENT;
-    }
+/// Creates the missing directories above a file.
+std::error_code makeDirectories(const std::string& path) {
+  for (std::size_t end = path.find('/', 1); end != std::string::npos;
+       end = path.find('/', end + 1)) {
+    const std::string directory = path.substr(0, end);
+    if (::mkdir(directory.c_str(), 0777) != 0 && errno != EEXIST) return LastError();
   }
-  return true;
+  return {};
 }
 
-/// Creates a file in the directory. Sets `name` to its path. Returns its descriptor, or -1 with
-/// errno.
-int createTemporary(const std::string& directory, std::string& name,
-                    std::vector<std::string>& made) {
+/// Creates a file with a new name in the directory of `path`, and sets `name` to its path. Returns
+/// a negative descriptor and sets errno if it fails. Unlike mkostemp, gives it the mode of a new
+/// file.
+int createTemporary(const std::string& path, std::string& name) {
   constexpr int tries = 100;
-  for (int i = 0; i < tries; ++i) {
+  int file = -1;
+  for (int i = 0; i < tries && file < 0 && (i == 0 || errno == EEXIST); ++i) {
     // The time tells apart processes with the same number in different containers.
     const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
-    name = directory + ".idlgen-" + std::to_string(getpid()) + "-" + std::to_string(time) + ".tmp";
-    const int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file >= 0) return file;
-    if (errno == ENOENT) {
-      if (!makeDirectories(directory, made)) return -1;
-      errno = ENOENT;  // For the last try.
-    } else if (errno != EEXIST) {
-      return -1;
-    }
+    name = path.substr(0, path.rfind('/') + 1) + ".idlgen-" + std::to_string(::getpid()) + "-" +
+           std::to_string(time) + ".tmp";
+    file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   }
-  return -1;
+  return file;
+}
+
+/// Writes the file and closes it.
+std::error_code fill(Descriptor& file, std::string_view bytes) {
+  const std::error_code writeError = writeAll(file.get(), bytes);
+  const std::error_code closeError = file.close();
+  return writeError ? writeError : closeError;
 }
 
 }  // namespace
 
-int replaceFile(const std::string& path, std::string_view bytes) {
+std::error_code replaceFile(const std::string& path, std::string_view bytes) {
   const SignalDelay delay;
   std::string temporary;
-  std::vector<std::string> made;
-  Descriptor file(createTemporary(path.substr(0, path.rfind('/') + 1), temporary, made));
-  const bool created = file.get() >= 0;
-  int error = created ? writeAll(file.get(), bytes) : errno;
-  const int closeError = file.close();
-  if (error == 0) error = closeError;
-  if (error == 0 && std::rename(temporary.c_str(), path.c_str()) != 0) error = errno;
-  if (error == 0) return 0;
+  int created = createTemporary(path, temporary);
+  if (created < 0 && errno == ENOENT) {
+    if (const std::error_code error = makeDirectories(path)) return error;
+    created = createTemporary(path, temporary);
+  }
+  if (created < 0) return LastError();
 
-  if (created) removeFile(temporary);
-  for (; !made.empty(); made.pop_back()) ::rmdir(made.back().c_str());
+  Descriptor file(created);
+  std::error_code error = fill(file, bytes);
+  if (!error && ::rename(temporary.c_str(), path.c_str()) != 0) error = LastError();
+  if (error) ::unlink(temporary.c_str());
   return error;
 }
 
-int removeFile(const std::string& path) {
-  if (Succeeds([&] { return ::unlink(path.c_str()); })) return 0;
-  const int error = errno;
-  struct stat left {};
-  return error == ENOENT || lstat(path.c_str(), &left) != 0 ? 0 : error;
+std::error_code removeFile(const std::string& path) {
+  if (::unlink(path.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR) return {};
+  return LastError();
 }
 
 }  // namespace zentho

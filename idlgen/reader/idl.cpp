@@ -10,18 +10,6 @@
 namespace zentho {
 namespace {
 
-/// Returns the line up to its comment, which starts at the first '#'. In a line without '#', it
-/// starts at "//" if that is the first '/' of the line.
-std::string_view WithoutComment(std::string_view line) {
-  const std::size_t hash = line.find('#');
-  if (hash != std::string_view::npos) return line.substr(0, hash);
-  const std::size_t slash = line.find('/');
-  if (slash != std::string_view::npos && line.substr(slash, 2) == "//") {
-    return line.substr(0, slash);
-  }
-  return line;
-}
-
 /// Moves the first token of `line` to the end of `pieces`: whole, and without a new allocation, if
 /// it does not contain the separator, otherwise as the pieces that `split` makes of it.
 template <typename Split>
@@ -47,10 +35,20 @@ void printLines(const std::vector<std::list<std::string>>& lines, std::string_vi
 
 }  // namespace
 
+std::string_view WithoutComment(std::string_view line) {
+  const std::size_t hash = line.find('#');
+  if (hash != std::string_view::npos) return line.substr(0, hash);
+  const std::size_t slash = line.find('/');
+  if (slash != std::string_view::npos && line.substr(slash, 2) == "//") {
+    return line.substr(0, slash);
+  }
+  return line;
+}
+
 void IDL::load(std::string path) {
   printLine({"idl path:", path});
   std::string text;
-  readFile(path, text);
+  (void)readFile(path, text);  // What was read before an error counts.
   tokenize(text);
 }
 

@@ -7,6 +7,10 @@
 
 namespace zentho {
 
+/// Returns the line up to its comment, which starts at the first '#'. In a line without '#', it
+/// starts at "//" if that is the first '/' of the line.
+std::string_view WithoutComment(std::string_view line);
+
 /// The token lines of one IDL file, and the passes that split its text into them.
 ///
 /// A token is a non-empty byte string without spaces and colons. A token line holds the tokens of

@@ -10,21 +10,34 @@
 #include <vector>
 
 #include "io/line_writer.h"
+#include "schema/builtin_types.h"
 
 namespace zentho {
 namespace {
 
-/// Returns whether the type is an integer keyword. The generator has the same list.
+/// Returns whether the type is an integer keyword.
 bool IsIntType(std::string type) {
-  return type == "uint8" || type == "uint16" || type == "uint32" || type == "uint64" ||
-         type == "int8" || type == "int16" || type == "int32" || type == "int64";
+  const BuiltinType* const builtin = FindBuiltinType(type);
+  return builtin != nullptr && builtin->isInteger;
 }
 
-/// One pass over the tokens of a file, up to the first error. Refers to the strings of the `IDL`
-/// and to the `Schema`, which must outlive it. Prints only on request.
+/// Returns all tokens of a file, in their order.
+std::vector<std::string_view> Tokens(const IDL& idl) {
+  std::vector<std::string_view> tokens;
+  for (const std::list<std::string>& line : idl.tokenLines) {
+    tokens.insert(tokens.end(), line.begin(), line.end());
+  }
+  return tokens;
+}
+
+/// One pass over the tokens of a file, up to the first error. Refers to its arguments, which must
+/// outlive it. Prints only on request.
 class Walk {
  public:
-  Walk(const IDL& idl, Schema& target);
+  /// `fileRoles` is empty, or gets the roles of the tokens that are read.
+  Walk(const std::vector<std::string_view>& fileTokens, std::vector<Role>& fileRoles,
+       Schema& target)
+      : tokens(fileTokens), roles(fileRoles), schema(target) {}
 
   [[nodiscard]] bool atEnd() const { return position == tokens.size(); }
 
@@ -41,30 +54,28 @@ class Walk {
   void parseMessage();
   void parseService();
   std::vector<CommonMember> parseMembers();
-  CommonMember parseMember(std::string_view name);
+  CommonMember parseMember();
 
   /// Returns the next token, or fails if there is none.
-  std::string_view next();
+  std::string_view next(Role role);
 
   /// Reads the next token and fails if it is not the expected one.
-  void expect(std::string_view expected);
+  void expect(std::string_view expected, Role role);
 
-  [[noreturn]] void fail(std::string reason) const;
+  /// Reads the next token if it ends a list. Returns whether it does.
+  bool readListEnd();
+
+  [[noreturn]] void fail(ParseError::Kind kind, std::string reason) const;
   [[noreturn]] void failFormat(std::string_view token) const;
 
-  std::vector<std::string_view> tokens;
-  std::size_t position = 0;
+  const std::vector<std::string_view>& tokens;
+  std::vector<Role>& roles;
   Schema& schema;
+  std::size_t position = 0;
 };
 
-Walk::Walk(const IDL& idl, Schema& target) : schema(target) {
-  for (const std::list<std::string>& line : idl.tokenLines) {
-    tokens.insert(tokens.end(), line.begin(), line.end());
-  }
-}
-
 std::string_view Walk::parseStatement() {
-  const std::string_view keyword = next();
+  const std::string_view keyword = next(Role::Statement);
   if (keyword == "include") {
     parseInclude();
   } else if (keyword == "namespace") {
@@ -90,60 +101,63 @@ void Walk::printTokensRead() const {
 void Walk::parseInclude() {
   // Drops the first character, normally '"' or '<', without checking it. Drops everything from the
   // last '.', normally the extension and the closing '"' or '>'.
-  const std::string_view file = next().substr(1);
+  const std::string_view file = next(Role::IncludePath).substr(1);
   schema.includes.emplace_back(file.substr(0, file.rfind('.')));
 }
 
 void Walk::parseNamespace() {
-  if (schema.namespaceSet) fail("namespace can be set only once.");
+  if (schema.namespaceSet) {
+    fail(ParseError::Kind::SecondNamespace, "namespace can be set only once.");
+  }
   schema.namespaceSet = true;  // Even if the path has no components.
   std::list<std::string> components;
-  IDL::split(std::string(next()), components, '.');
+  IDL::split(std::string(next(Role::NamespacePath)), components, '.');
   schema.namespaces.insert(schema.namespaces.end(), components.begin(), components.end());
 }
 
 void Walk::parseEnum() {
   Enum record;
-  record.name = next();
-  expect("{");
-  for (std::string_view name = next(); name != "}"; name = next()) {
-    record.items.push_back({std::string(name), std::string(next())});
+  record.name = next(Role::EnumName);
+  expect("{", Role::Brace);
+  while (!readListEnd()) {
+    const std::string_view name = next(Role::ItemName);
+    record.items.push_back({std::string(name), std::string(next(Role::ItemValue))});
   }
   schema.enums.push_back(std::move(record));
 }
 
 void Walk::parseMessage() {
   Message message;
-  message.name = next();
+  message.name = next(Role::MessageName);
   message.members = parseMembers();
   schema.messages.push_back(std::move(message));
 }
 
 void Walk::parseService() {
   Service service;
-  service.name = next();
-  expect("{");
-  expect("request");
+  service.name = next(Role::ServiceName);
+  expect("{", Role::Brace);
+  expect("request", Role::Part);
   service.request = parseMembers();
-  expect("response");
+  expect("response", Role::Part);
   service.response = parseMembers();
-  expect("}");
+  expect("}", Role::Brace);
   schema.services.push_back(std::move(service));
 }
 
 std::vector<CommonMember> Walk::parseMembers() {
   std::vector<CommonMember> members;
-  expect("{");
-  for (std::string_view name = next(); name != "}"; name = next()) {
-    members.push_back(parseMember(name));
-  }
+  expect("{", Role::Brace);
+  while (!readListEnd()) members.push_back(parseMember());
   return members;
 }
 
-CommonMember Walk::parseMember(std::string_view name) {
+CommonMember Walk::parseMember() {
+  CommonMember member;
+  member.name = next(Role::MemberName);
   // Strips one character from each end per level until the last '[' is gone. The trailing one must
   // be ']'. The leading one is not checked, so "x[int8]]" has depth 2.
-  std::string_view type = next();
+  std::string_view type = next(Role::MemberType);
   const std::size_t levels = type.rfind('[') + 1;  // 0 if there is no '['.
   for (std::size_t level = 0; level < levels; ++level) {
     // Never empty: a '[' is left, because each level strips at most the first one.
@@ -151,11 +165,9 @@ CommonMember Walk::parseMember(std::string_view name) {
     type = type.substr(1, type.size() - 2);
   }
 
-  CommonMember member;
   member.vectorDepth = static_cast<std::int32_t>(levels);
   member.type = type;
   member.isVector = levels > 0 ? 1 : 0;
-  member.name = name;
   if (IsIntType(member.type)) {
     schema.hasIntType = true;
   } else if (member.type == "string") {
@@ -164,40 +176,67 @@ CommonMember Walk::parseMember(std::string_view name) {
   return member;
 }
 
-std::string_view Walk::next() {
-  if (atEnd()) fail("unexpected end of file.");
+std::string_view Walk::next(Role role) {
+  if (atEnd()) fail(ParseError::Kind::EndOfFile, "unexpected end of file.");
+  if (!roles.empty()) roles[position] = role;
   return tokens[position++];
 }
 
-void Walk::expect(std::string_view expected) {
-  const std::string_view token = next();
+void Walk::expect(std::string_view expected, Role role) {
+  const std::string_view token = next(role);
   if (token != expected) failFormat(token);
 }
 
-void Walk::fail(std::string reason) const {
-  throw ParseError(std::move(reason), position);
+bool Walk::readListEnd() {
+  if (atEnd() || tokens[position] != "}") return false;
+  next(Role::Brace);
+  return true;
+}
+
+void Walk::fail(ParseError::Kind kind, std::string reason) const {
+  throw ParseError(kind, std::move(reason), position);
 }
 
 void Walk::failFormat(std::string_view token) const {
-  fail(std::string("WRONG format in ").append(token));
+  fail(ParseError::Kind::WrongFormat, std::string("WRONG format in ").append(token));
+}
+
+/// Prints the reason, unless it is empty, and the tokens read so far. Throws a plain exception.
+[[noreturn]] void fail(const Walk& walk, const std::string& reason) {
+  try {
+    if (!reason.empty()) printLine({reason});
+    walk.printTokensRead();
+  } catch (const std::exception&) {
+    // Memory has run out.
+  }
+  throw std::exception();
 }
 
 }  // namespace
 
 void Parser::parse(const IDL& idl, Schema& schema) const {
-  Walk walk(idl, schema);
+  std::vector<std::string_view> tokens;
+  std::vector<Role> noRoles;
+  Walk walk(tokens, noRoles, schema);
   try {
+    tokens = Tokens(idl);
     while (!walk.atEnd()) printLine({walk.parseStatement(), " done."});
-  } catch (const std::exception& error) {
-    const auto* const parseError = dynamic_cast<const ParseError*>(&error);
-    if (parseError != nullptr) printLine({parseError->reason});
-    walk.printTokensRead();
-    throw std::exception();
+  } catch (const ParseError& error) {
+    fail(walk, error.reason);
+  } catch (const std::exception&) {
+    fail(walk, {});
   }
 }
 
 void Parser::parseSilently(const IDL& idl, Schema& schema) const {
-  Walk walk(idl, schema);
+  Words words;
+  parseSilently(idl, schema, words);
+}
+
+void Parser::parseSilently(const IDL& idl, Schema& schema, Words& words) const {
+  words.texts = Tokens(idl);
+  words.roles.assign(words.size(), Role::Unread);
+  Walk walk(words.texts, words.roles, schema);
   while (!walk.atEnd()) walk.parseStatement();
 }
 

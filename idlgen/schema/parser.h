@@ -1,21 +1,61 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "reader/idl.h"
 #include "schema/schema.h"
 
 namespace zentho {
 
+/// What a word of a file is to the parser.
+enum class Role : std::uint8_t {
+  Statement,  ///< The keyword of a statement, or a word in its place.
+  Part,       ///< `request` or `response`, or a word in its place.
+  Brace,      ///< `{` or `}`, or a word in its place.
+  IncludePath,
+  NamespacePath,
+  EnumName,
+  MessageName,
+  ServiceName,
+  ItemName,
+  ItemValue,
+  MemberName,
+  MemberType,
+  Unread  ///< The word follows an error.
+};
+
+struct Word {
+  std::string_view text;
+  Role role;
+};
+
+/// The words of a file, and what the parser has taken them for. Refers to the strings of the `IDL`.
+struct Words {
+  [[nodiscard]] std::size_t size() const { return texts.size(); }
+  [[nodiscard]] Word operator[](std::size_t i) const { return {texts[i], roles[i]}; }
+
+  std::vector<std::string_view> texts;
+  std::vector<Role> roles;
+};
+
 /// Why and where parsing stopped.
 struct ParseError : std::exception {
-  ParseError(std::string why, std::size_t count) : reason(std::move(why)), tokensRead(count) {}
+  enum class Kind { WrongFormat, SecondNamespace, EndOfFile };
 
+  ParseError(Kind errorKind, std::string errorReason, std::size_t wordsRead)
+      : kind(errorKind), reason(std::move(errorReason)), tokensRead(wordsRead) {}
+
+  [[nodiscard]] const char* what() const noexcept override { return reason.c_str(); }
+
+  Kind kind;
   std::string reason;      ///< One line, such as "WRONG format in messag".
-  std::size_t tokensRead;  ///< How many tokens of the file were read; the last one is at fault.
+  std::size_t tokensRead;  ///< The error was noticed at the last one of these.
 };
 
 /// Parses IDL files into their models. Has no state, so one parser can be used for many files.
@@ -32,6 +72,9 @@ class Parser {
 
   /// The same, but prints nothing and throws a ParseError.
   void parseSilently(const IDL& idl, Schema& schema) const;
+
+  /// The same, and fills the empty `words` with all words of the file, also if it throws.
+  void parseSilently(const IDL& idl, Schema& schema, Words& words) const;
 };
 
 }  // namespace zentho

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace zentho {
+
+/// A character of a text in UTF-8.
+struct Character {
+  char32_t code;     ///< The byte itself if it is not part of valid UTF-8.
+  std::size_t size;  ///< In bytes.
+  bool valid;
+};
+
+/// Returns the first character of a text, which begins with a byte that is not ASCII.
+Character FirstForeignCharacter(std::string_view text);
+
+/// Returns the first character of a text, which must not be empty.
+inline Character FirstCharacter(std::string_view text) {
+  const auto first = static_cast<unsigned char>(text.front());
+  return first < 0x80 ? Character{first, 1, true} : FirstForeignCharacter(text);
+}
+
+/// Returns whether a terminal or an editor would not show the character: a control character, a
+/// special space, or one that only changes its neighbours.
+bool IsInvisible(char32_t code);
+
+/// Returns whether the text contains a control character.
+bool HasControlCharacter(std::string_view text);
+
+}  // namespace zentho

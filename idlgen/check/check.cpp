@@ -1,0 +1,298 @@
+#include "check/check.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "check/cpp_words.h"
+#include "check/declarations.h"
+#include "check/forms.h"
+#include "check/out_of_step.h"
+#include "check/value.h"
+#include "schema/builtin_types.h"
+
+namespace zentho {
+namespace {
+
+/// Where names have last been used. Those of earlier lists stay, which is faster than to remove
+/// them.
+using Names = std::unordered_map<std::string_view, std::size_t>;
+
+/// Returns whether no character of the word can be part of a name, as in `=`, `<<` or `//`.
+bool IsPunctuation(std::string_view word) {
+  return std::none_of(word.begin(), word.end(),
+                      [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
+}
+
+/// One pass over the words of a file.
+class Checker {
+ public:
+  Checker(const Words& fileWords, std::size_t count)
+      : words(fileWords), declarations(fileWords, count) {}
+
+  void checkWord(std::size_t i);
+
+  std::vector<Finding> findings;
+
+ private:
+  void checkInclude(std::size_t i);
+  void checkNamespace(std::size_t i);
+  void checkRecordName(std::size_t i);
+  void checkItemName(std::size_t i);
+  void checkValue(std::size_t i);
+  void checkMember(std::size_t i);
+  void checkMemberName(std::size_t i);
+  void checkType(std::size_t i, std::string_view type, bool isVector);
+  void checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found);
+
+  /// Returns whether the text is a name that C++ compilers accept.
+  bool checkName(std::size_t i, std::string_view text);
+
+  /// Begins the members of a message, request or response, behind this word.
+  void startMembers(std::size_t word, std::size_t record, Scope::Part part);
+
+  /// Returns where the name has been used in the list so far, or `noWord`.
+  [[nodiscard]] std::size_t usedAt(const Names& names, std::string_view name) const;
+
+  void report(const Rule& rule, std::size_t i, std::size_t other = noWord) {
+    findings.push_back({&rule, i, words[i].text, other});
+  }
+  void reportPart(const Rule& rule, std::size_t i, std::string_view text,
+                  std::size_t other = noWord) {
+    findings.push_back({&rule, i, text, other});
+  }
+
+  const Words& words;
+  Declarations declarations;
+  Scope scope;
+  std::size_t listBegin = 0;
+  Names members;    ///< The names of members.
+  Names typesUsed;  ///< The types without dots.
+};
+
+void Checker::checkWord(std::size_t i) {
+  switch (words[i].role) {
+    case Role::IncludePath:
+      return checkInclude(i);
+    case Role::NamespacePath:
+      return checkNamespace(i);
+    case Role::EnumName:
+      return checkRecordName(i);
+    case Role::MessageName:
+    case Role::ServiceName:
+      startMembers(i, i, Scope::Part::None);
+      return checkRecordName(i);
+    case Role::Part:
+      return startMembers(
+          i, scope.record,
+          words[i].text == "request" ? Scope::Part::Request : Scope::Part::Response);
+    case Role::ItemName:
+      return checkItemName(i);
+    case Role::ItemValue:
+      return checkValue(i);
+    case Role::MemberName:
+      return checkMemberName(i);
+    case Role::MemberType:
+      return checkMember(i);
+    case Role::Statement:
+    case Role::Brace:
+    case Role::Unread:
+      return;
+  }
+}
+
+void Checker::startMembers(std::size_t word, std::size_t record, Scope::Part part) {
+  scope = {record, part};
+  listBegin = word;
+}
+
+std::size_t Checker::usedAt(const Names& names, std::string_view name) const {
+  const auto found = names.find(name);
+  return found != names.end() && found->second > listBegin ? found->second : noWord;
+}
+
+void Checker::checkInclude(std::size_t i) {
+  switch (FormOfInclude(words[i].text)) {
+    case IncludeForm::Path:
+      return;
+    case IncludeForm::Unquoted:
+      return report(rules::unquotedPath, i);
+    case IncludeForm::Unterminated:
+      return report(rules::unterminatedPath, i);
+    case IncludeForm::NoExtension:
+      return report(rules::noExtension, i);
+    case IncludeForm::Invalid:
+      return report(rules::notAPath, i);
+  }
+}
+
+void Checker::checkNamespace(std::size_t i) {
+  const std::vector<std::string_view> parts = Components(words[i].text);
+  bool hasEmptyPart = parts.back().empty();
+  for (const std::string_view& part : parts) {
+    if (part.empty()) {
+      hasEmptyPart = hasEmptyPart || &part != &parts.front();
+    } else if (checkName(i, part) && part == "std") {
+      reportPart(rules::hidesStd, i, part);
+    }
+  }
+  if (hasEmptyPart) report(rules::emptyNamespace, i);
+}
+
+bool Checker::checkName(std::size_t i, std::string_view text) {
+  if (!IsIdentifier(text)) {
+    reportPart(rules::notAName, i, text);
+    return false;
+  }
+  const Keyword keyword = FindKeyword(text);
+  if (keyword == Keyword::Cpp20) {
+    reportPart(rules::laterKeyword, i, text);
+  } else if (keyword != Keyword::None) {
+    reportPart(rules::keywordAsName, i, text);
+    return false;
+  } else if (IsReserved(text)) {
+    reportPart(rules::reservedName, i, text);
+  }
+  return true;
+}
+
+void Checker::checkRecordName(std::size_t i) {
+  const std::string_view name = words[i].text;
+  if (!checkName(i, name)) return;
+  const bool isService = words[i].role == Role::ServiceName;
+  if (!declarations.hasNamespace() && (name == "std" || name == "zentho")) {
+    report(rules::globalNamespace, i);
+  } else if (name == "std") {
+    report(rules::hidesStd, i);
+  }
+  if (isService && (name == "Request" || name == "Response")) report(rules::nestedTypeAsService, i);
+
+  const std::size_t record = declarations.record(name);
+  const std::size_t item = declarations.item(name);
+  if (record < i) {
+    report(rules::declaredTwice, i, record);
+  } else if (item < i && words[i].role == Role::MessageName) {
+    report(rules::itemTwice, i, item);
+  }
+}
+
+void Checker::checkItemName(std::size_t i) {
+  const std::string_view name = words[i].text;
+  if (!checkName(i, name)) return;
+  if (!declarations.hasNamespace() && (name == "std" || name == "zentho")) {
+    report(rules::globalNamespace, i);
+  }
+  const std::size_t item = declarations.item(name);
+  const std::size_t record = declarations.record(name);
+  if (item < i) {
+    report(rules::itemTwice, i, item);
+  } else if (record < i && words[record].role == Role::MessageName) {
+    report(rules::declaredTwice, i, record);
+  }
+}
+
+void Checker::checkValue(std::size_t i) {
+  if (IsPunctuation(words[i - 1].text)) return;  // The name has been reported.
+  const Value value = ReadValue(words[i].text);
+  if (!value.isValid) return report(rules::notAValue, i);
+  if (!value.tooLarge.empty()) reportPart(rules::tooLarge, i, value.tooLarge);
+  if (!value.wideCharacter.empty()) reportPart(rules::wideCharacter, i, value.wideCharacter);
+  const auto checkIsAbove = [&](std::string_view name, std::size_t declared) {
+    if (declared >= i - 1 && !IsCppType(name) && !declarations.mayBeElsewhere(name)) {
+      reportPart(rules::notAnItem, i, name);
+    }
+  };
+  for (const std::string_view name : value.names) checkIsAbove(name, declarations.item(name));
+  for (const std::string_view name : value.types) {
+    checkIsAbove(name, std::min(declarations.item(name), declarations.record(name)));
+  }
+}
+
+void Checker::checkMemberName(std::size_t i) {
+  const std::string_view name = words[i].text;
+  if (checkName(i, name) && FindBuiltinType(name) != nullptr) report(rules::builtinTypeAsName, i);
+  const std::size_t other = usedAt(members, name);
+  if (other != noWord && IsIdentifier(name)) report(rules::memberTwice, i, other);
+}
+
+/// The type comes first in C++: the name of the member is declared behind it.
+void Checker::checkMember(std::size_t i) {
+  const std::string_view name = words[i - 1].text;
+  const std::optional<std::string_view> element = ElementType(words[i].text);
+  if (!element.has_value()) {
+    if (!IsPunctuation(name)) report(rules::notAType, i);
+  } else if (!IsPunctuation(name)) {
+    checkType(i, *element, element->size() < words[i].text.size());
+  }
+  const std::size_t used = usedAt(typesUsed, name);
+  if (used != noWord) report(rules::changesMeaning, i - 1, used);
+  members[name] = i - 1;
+}
+
+void Checker::checkType(std::size_t i, std::string_view type, bool isVector) {
+  if (FindBuiltinType(type) != nullptr) return;
+  if (type.find('<') != std::string_view::npos) {
+    return report(IsTemplate(type) ? rules::uncheckedTemplate : rules::notAType, i);
+  }
+  const std::vector<std::string_view> parts = Components(type);
+  const bool isPath = parts.size() > 1;
+  for (const std::string_view& part : parts) {
+    if (isPath && part.empty() && &part == &parts.front()) continue;
+    if (!IsIdentifier(part)) return report(rules::notAType, i);
+    const Keyword keyword = FindKeyword(part);
+    if (keyword == Keyword::Type && !isPath) return;
+    if (part == "char8_t" && !isPath) return report(rules::laterType, i);
+    if (keyword != Keyword::None && keyword != Keyword::Cpp20) {
+      return reportPart(rules::keywordAsType, i, part);
+    }
+  }
+  if (!isPath) {
+    const std::size_t member = usedAt(members, type);
+    if (member != noWord) return reportPart(rules::hiddenByMember, i, type, member);
+  }
+  const Found found = declarations.findType(type, scope);
+  // A record may have a member of its own name.
+  if (!isPath && found.lookup != Lookup::Itself) typesUsed[type] = i;
+  checkFound(i, type, isVector, found);
+}
+
+void Checker::checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found) {
+  switch (found.lookup) {
+    case Lookup::Type:
+    case Lookup::Elsewhere:
+      return;
+    case Lookup::Service: {
+      const bool isItself = found.word == scope.record && !isVector;
+      return reportPart(isItself ? rules::containsItself : rules::serviceAsType, i, type);
+    }
+    case Lookup::Itself:
+      if (!isVector) reportPart(rules::containsItself, i, type);
+      return;
+    case Lookup::Item:
+      return reportPart(rules::hiddenByItem, i, type, found.word);
+    case Lookup::Below: {
+      const bool mayBeElsewhere = declarations.mayBeElsewhere(type);
+      const Rule& rule = mayBeElsewhere ? rules::perhapsDeclaredBelow : rules::declaredBelow;
+      return reportPart(rule, i, type, found.word);
+    }
+    case Lookup::Unknown:
+      if (!IsCppType(type)) reportPart(rules::notDeclared, i, type);
+  }
+}
+
+}  // namespace
+
+std::vector<Finding> Check(const Words& words, std::size_t count) {
+  const std::size_t inStep = WordsInStep(words, count);
+  Checker checker(words, inStep);
+  for (std::size_t i = 0; i < inStep; ++i) checker.checkWord(i);
+  std::vector<Finding> findings = std::move(checker.findings);
+  if (inStep < count) explainStep(words, inStep, findings);
+  std::stable_sort(findings.begin(), findings.end(),
+                   [](const Finding& a, const Finding& b) { return a.word < b.word; });
+  return findings;
+}
+
+}  // namespace zentho

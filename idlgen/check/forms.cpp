@@ -1,0 +1,108 @@
+#include "check/forms.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "check/characters.h"
+
+namespace zentho {
+namespace {
+
+bool IsDigit(char32_t code) {
+  return code >= '0' && code <= '9';
+}
+
+bool IsNumber(std::string_view word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char byte) {
+    return IsDigit(static_cast<unsigned char>(byte));
+  });
+}
+
+/// Returns whether the word is a number or a name with dots.
+bool IsTemplateArgument(std::string_view word) {
+  if (IsNumber(word)) return true;
+  const std::vector<std::string_view> parts = Components(word);
+  const std::size_t skipped = parts.size() > 1 && parts.front().empty() ? 1 : 0;
+  return std::all_of(parts.begin() + static_cast<std::ptrdiff_t>(skipped), parts.end(),
+                     IsIdentifier);
+}
+
+}  // namespace
+
+bool IsNameCharacter(char32_t code) {
+  if (code < 0x80) {
+    const char32_t lower = code | 0x20U;
+    return (lower >= 'a' && lower <= 'z') || IsDigit(code) || code == '_' || code == '$';
+  }
+  // Signs and spaces that texts contain, but no letters. All others are left to the compiler.
+  if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
+  return code < 0x2000 || code > 0x206f;
+}
+
+bool IsIdentifier(std::string_view word) {
+  if (word.empty() || IsDigit(static_cast<unsigned char>(word.front()))) return false;
+  while (!word.empty()) {
+    const Character character = FirstCharacter(word);
+    if (!character.valid || !IsNameCharacter(character.code)) return false;
+    word.remove_prefix(character.size);
+  }
+  return true;
+}
+
+std::optional<std::string_view> ElementType(std::string_view type) {
+  while (type.size() >= 2 && type.front() == '[' && type.back() == ']') {
+    type = type.substr(1, type.size() - 2);
+  }
+  if (type.find_first_of("[]") != std::string_view::npos) return std::nullopt;
+  return type;
+}
+
+std::vector<std::string_view> Components(std::string_view path) {
+  std::vector<std::string_view> parts;
+  for (std::size_t dot = path.find('.'); dot != std::string_view::npos; dot = path.find('.')) {
+    parts.push_back(path.substr(0, dot));
+    path.remove_prefix(dot + 1);
+  }
+  parts.push_back(path);
+  return parts;
+}
+
+bool IsTemplate(std::string_view type) {
+  std::size_t depth = 0;
+  char before = '\0';  // What stands before and after the next word.
+  while (true) {
+    const std::size_t size = std::min(type.find_first_of("<>,"), type.size());
+    const std::string_view word = type.substr(0, size);
+    const char after = size < type.size() ? type[size] : '\0';
+    const bool isEmptyList = word.empty() && before == '<' && after == '>';
+    const bool isMember = before == '>' && (word.empty() || word.front() == '.');
+    if (before == '>' ? !isMember : !isEmptyList && word.empty()) return false;
+    if (!word.empty() && !IsTemplateArgument(word)) return false;
+    if (after == '<' && (word.empty() || IsNumber(word))) return false;
+    if (after == '\0') return depth == 0;
+    if (after != '<' && depth == 0) return false;
+    if (after == '<') ++depth;
+    if (after == '>') --depth;
+    before = after;
+    type.remove_prefix(size + 1);
+  }
+}
+
+IncludeForm FormOfInclude(std::string_view word) {
+  const char opening = word.front();
+  const char closing = opening == '<' ? '>' : '"';
+  const bool terminated = word.size() > 1 && word.back() == closing;
+  std::string_view path = word.substr(1, word.size() - (terminated ? 2 : 1));
+  const bool isEscape = path.find("/*") != std::string_view::npos ||
+                        path.find("//") != std::string_view::npos ||
+                        path.find_first_of("\"\\{};,") != std::string_view::npos;
+  if (isEscape || HasControlCharacter(word)) return IncludeForm::Invalid;
+  if (opening != '"' && opening != '<') return IncludeForm::Unquoted;
+  if (!terminated) return IncludeForm::Unterminated;
+  const std::size_t dot = path.rfind('.');
+  const bool hasExtension = dot != std::string_view::npos && dot > 0 && dot + 1 < path.size() &&
+                            path.find('/', dot) == std::string_view::npos;
+  return hasExtension ? IncludeForm::Path : IncludeForm::NoExtension;
+}
+
+}  // namespace zentho

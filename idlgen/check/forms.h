@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace zentho {
+
+// What words must look like in their places. All of it is about their characters only.
+
+/// Returns whether the character can be part of a name.
+bool IsNameCharacter(char32_t code);
+
+/// Returns whether the word is one identifier of C++. It may be a keyword.
+bool IsIdentifier(std::string_view word);
+
+/// Returns the type inside the brackets, or nothing if they are not balanced.
+std::optional<std::string_view> ElementType(std::string_view type);
+
+/// Returns the parts of a path between its dots. There is an empty one before a leading dot.
+std::vector<std::string_view> Components(std::string_view path);
+
+/// Returns whether the type is one of C++ with template arguments: names with dots, and lists of
+/// names and numbers in balanced angle brackets.
+bool IsTemplate(std::string_view type);
+
+/// What the word of an `include` statement is.
+enum class IncludeForm {
+  Path,  ///< "dir/file.idl" or <dir/file.idl>
+  Unquoted,
+  Unterminated,
+  NoExtension,
+  Invalid  ///< It contains what could end the `#include` or hide what follows.
+};
+IncludeForm FormOfInclude(std::string_view word);
+
+}  // namespace zentho

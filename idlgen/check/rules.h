@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace zentho {
+
+enum class Severity : std::uint8_t { Error, Warning };
+
+/// Which advice follows the sentence of a rule.
+enum class Hint : std::uint8_t {
+  None,
+  Form,        ///< What the characters of the word suggest.
+  SimilarType  ///< A type with a similar name.
+};
+
+/// Something that a file must not contain, and the sentence about it. In the sentence, `%` stands
+/// for the word at fault and `@` for the record that contains the other place.
+struct Rule {
+  Severity severity;
+  std::string_view sentence;
+  std::string_view note = {};  ///< About the other place, if there is one.
+  Hint hint = Hint::None;
+};
+
+constexpr std::size_t noWord = static_cast<std::size_t>(-1);
+
+/// A place where a file breaks a rule.
+struct Finding {
+  const Rule* rule;
+  std::size_t word;            ///< The index of the word at fault.
+  std::string_view text;       ///< The word, or the part of it that is at fault.
+  std::size_t other = noWord;  ///< The index of the word that the note of the rule is about.
+};
+
+namespace rules {
+
+inline constexpr Severity error = Severity::Error;
+inline constexpr Severity warning = Severity::Warning;
+
+// Words that cannot be what their place means.
+inline constexpr Rule notAName{error, R"("%" is not a name)", {}, Hint::Form};
+inline constexpr Rule notAType{error, R"("%" is not a type)", {}, Hint::Form};
+inline constexpr Rule notAValue{error, R"("%" is not a value)", {}, Hint::Form};
+inline constexpr Rule notAPath{error, R"(% is not a path)", {}, Hint::Form};
+
+// Words that put those behind them out of step.
+inline constexpr Rule missingEnd{error, R"(a "}" is missing before this "%")"};
+inline constexpr Rule missingName{error, R"(a name is missing before the "%")"};
+inline constexpr Rule missingType{error, R"("%" has no type)"};
+inline constexpr Rule missingValue{error, R"("%" has no value: each item needs one, as in "A: 0")"};
+
+// Names.
+inline constexpr Rule keywordAsName{
+    error, R"("%" is a keyword of C++ and cannot be a name)", {}, Hint::Form};
+inline constexpr Rule laterKeyword{warning, R"("%" is a keyword since C++20)"};
+inline constexpr Rule reservedName{
+    warning, R"("%" is reserved for the compiler: names should not begin like this)"};
+inline constexpr Rule builtinTypeAsName{
+    warning, R"("%" is a built-in type: put the name first, as in "x: int8")"};
+inline constexpr Rule emptyNamespace{warning, R"("%" has an empty part)"};
+inline constexpr Rule hidesStd{warning, R"("%" hides the namespace of the C++ library)"};
+inline constexpr Rule globalNamespace{error, R"("%" is a namespace already: choose another name)"};
+inline constexpr Rule nestedTypeAsService{
+    error, R"(a service cannot be named "%": it contains a type of that name)"};
+inline constexpr Rule declaredTwice{error, R"("%" is already declared)", "declared here"};
+inline constexpr Rule itemTwice{error, R"("%" is already an item of @)", "declared here"};
+inline constexpr Rule memberTwice{error, R"("%" is already a member of @)", "declared here"};
+inline constexpr Rule changesMeaning{
+    warning, R"("%" is a type above: some compilers reject a member of that name)", "used here"};
+
+// Types.
+inline constexpr Rule keywordAsType{error, R"("%" is a keyword of C++ and not a type)"};
+inline constexpr Rule uncheckedTemplate{
+    warning, R"("%" is C++ and is copied unchecked: vectors are written as "[int8]")"};
+inline constexpr Rule laterType{warning, R"("%" is a type since C++20)"};
+inline constexpr Rule notDeclared{error, R"("%" is not declared)", {}, Hint::SimilarType};
+inline constexpr Rule declaredBelow{
+    error, R"("%" is declared below: move it above the types that use it)", "declared here"};
+inline constexpr Rule perhapsDeclaredBelow{
+    warning, R"("%" is declared below: it is not the type that is meant here)", "declared here"};
+inline constexpr Rule containsItself{
+    error, R"("%" cannot contain itself: only a vector of it can be a member)"};
+inline constexpr Rule hiddenByMember{error, R"("%" is a member here, which hides the type)",
+                                     "declared here"};
+inline constexpr Rule hiddenByItem{error, R"("%" is an item of @, which hides the type)",
+                                   "declared here"};
+inline constexpr Rule serviceAsType{
+    warning,
+    R"("%" is a service, for which there is no serialization: use its Request or Response)"};
+
+// Values.
+inline constexpr Rule tooLarge{warning, R"("%" has more than 64 bits)"};
+inline constexpr Rule wideCharacter{warning,
+                                    R"(%: some compilers reject this character: write its number)"};
+inline constexpr Rule notAnItem{warning, R"("%" is not an item above)", {}, Hint::Form};
+
+// Includes.
+inline constexpr Rule unquotedPath{warning,
+                                   R"(% is not in quotes: write "dir/file.idl", with the quotes)"};
+inline constexpr Rule unterminatedPath{
+    warning, R"(% has no closing quote: a path ends before a space, ":", "#" and "//")"};
+inline constexpr Rule noExtension{warning, R"(% has no extension, such as ".idl")"};
+
+}  // namespace rules
+}  // namespace zentho

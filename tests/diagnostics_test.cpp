@@ -1,0 +1,153 @@
+#include "diagnostics/diagnostics.h"
+
+#include <sstream>
+
+#include "header/generate_header.h"
+#include "support.h"
+
+// Whole messages, with the lines that show the place.
+
+namespace zentho {
+namespace {
+
+std::string Repeated(int count, const std::string& text) {
+  std::string result;
+  for (int i = 0; i < count; ++i) result += text;
+  return result;
+}
+
+struct ExcerptRow {
+  const char* name;
+  std::string idl;
+  std::string messages;
+};
+using Excerpts = testing::TestWithParam<ExcerptRow>;
+
+TEST_P(Excerpts, ShowTheirPlaces) {
+  Schema schema;
+  EXPECT_EQ(examine("a.idl", GetParam().idl, schema).messages, GetParam().messages);
+}
+
+const std::string keyword = "a.idl:1:1: error: WRONG format in ";
+
+const std::vector<ExcerptRow> excerpts = {
+    {"WordInALine", "message M {\n    x: int8;\n}\n",
+     R"(a.idl:2:8: error: "int8;" is not a type: delete the ";"
+    2 |     x: int8;
+      |        ^~~~~
+)"},
+    {"TwoPlaces", "message M {\nx: int8\nx:int8 }",
+     R"(a.idl:3:1: error: "x" is already a member of M
+    3 | x:int8 }
+      | ^
+a.idl:2:1: note: declared here
+    2 | x: int8
+      | ^
+)"},
+    {"PartOfAWord", "namespace robot.a-b.c\nenum E { A: 1|B }",
+     R"(a.idl:1:17: error: "a-b" is not a name: write "_" instead of "-"
+    1 | namespace robot.a-b.c
+      |                 ^~~
+a.idl:2:15: warning: "B" is not an item above
+    2 | enum E { A: 1|B }
+      |               ^
+)"},
+    {"LastOfEqualWords", "enum e { e: 1 f: 2 } e # e",
+     R"(a.idl:1:22: error: WRONG format in e
+    1 | enum e { e: 1 f: 2 } e # e
+      |                      ^
+)"},
+    {"CharactersOfSeveralBytes", "message M { größe: int8, 温度: Größe }",
+     R"(a.idl:1:22: error: "int8," is not a type: delete the ","
+    1 | message M { größe: int8, 温度: Größe }
+      |                    ^~~~~
+a.idl:1:36: error: "Größe" is not declared
+    1 | message M { größe: int8, 温度: Größe }
+      |                              ^~~~~
+)"},
+    {"Escapes", "\tmessage M\xff\x1b\xc2\x9b\xe2\x80\x8b\xf3\xa0\x80\x81{\r",
+     R"(a.idl:1:1: error: WRONG format in \tmessage
+    1 | \tmessage M\xff\x1b\u009b\u200b\U000e0001{\r
+      | ^~~~~~~~~
+a.idl:1:1: note: use spaces instead of tabs
+)"},
+    {"EmptyLinesAndNoLastLineFeed", "\n\n# comment\n}",
+     R"(a.idl:4:1: error: WRONG format in }
+    4 | }
+      | ^
+a.idl:4:1: note: there is no "{" for it
+)"},
+    {"OneByte", "{", keyword + "{\n    1 | {\n      | ^\n"},
+    {"LineNumberOfSixDigits", Repeated(123455, "#\n") + "+",
+     "a.idl:123456:1: error: WRONG format in +\n123456 | +\n       | ^\n"},
+    {"LineOf200Bytes", "+ " + Repeated(198, "."),
+     keyword + "+\n    1 | + " + Repeated(198, ".") + "\n      | ^\n"},
+    {"LineOf201BytesIsCut", "+ " + Repeated(199, "."),
+     keyword + "+\n    1 | + " + Repeated(198, ".") + "...\n      | ^\n"},
+    {"WordBehind160Bytes", "enum " + Repeated(154, "E") + " (" + Repeated(50, "."),
+     "a.idl:1:161: error: WRONG format in (" + Repeated(50, ".") + "\n    1 | enum " +
+         Repeated(154, "E") + " (" + Repeated(39, ".") + "...\n      | " + Repeated(160, " ") +
+         "^" + Repeated(39, "~") + "\na.idl:1:161: note: a \"{\" is missing before it\n"},
+    {"WordBehind161BytesBeginsTheLineLater",
+     "enum " + Repeated(155, "E") + " (" + Repeated(50, "."),
+     "a.idl:1:162: error: WRONG format in (" + Repeated(50, ".") + "\n    1 | ..." +
+         Repeated(39, "E") + " (" + Repeated(50, ".") + "\n      | " + Repeated(43, " ") + "^" +
+         Repeated(50, "~") + "\na.idl:1:162: note: a \"{\" is missing before it\n"},
+    {"CutBetweenCharacters", "a" + Repeated(101, "é"),
+     keyword + "a" + Repeated(91, "é") + "...\n    1 | a" + Repeated(99, "é") + "...\n      | ^" +
+         Repeated(99, "~") + "\n"},
+    {"BeginsBetweenCharacters", "enum b" + Repeated(100, "é") + " (",
+     "a.idl:1:208: error: WRONG format in (\n    1 | ..." + Repeated(20, "é") + " (\n      | " +
+         Repeated(24, " ") + "^\na.idl:1:208: note: a \"{\" is missing before it\n"},
+};
+INSTANTIATE_TEST_SUITE_P(Diagnostics, Excerpts, testing::ValuesIn(excerpts), RowName<ExcerptRow>);
+
+/// Returns the file with this many misspelt types, each behind a name that is only warned about.
+std::string Mistakes(int count) {
+  std::string idl = "message M {\n";
+  for (int i = 0; i < count; ++i) {
+    idl += "_A" + std::to_string(i) + ": t" + std::to_string(i) + "\n";
+  }
+  return idl;
+}
+
+struct Shown {
+  int errors = 0;
+  int warnings = 0;
+  std::string lastLine;
+};
+
+Shown Count(const std::string& idl) {
+  Schema schema;
+  std::istringstream lines(examine("a.idl", idl, schema).messages);
+  Shown shown;
+  for (std::string line; std::getline(lines, line); shown.lastLine = line) {
+    if (line.find(": error: ") != std::string::npos) ++shown.errors;
+    if (line.find(": warning: ") != std::string::npos) ++shown.warnings;
+  }
+  return shown;
+}
+
+TEST(Diagnostics, AreAtMost20) {
+  const Shown all = Count(Mistakes(10) + "}");
+  EXPECT_EQ(all.errors, 10);
+  EXPECT_EQ(all.warnings, 10);
+  EXPECT_EQ(all.lastLine, "      |      ^~");
+
+  const Shown some = Count(Mistakes(12) + "}");
+  EXPECT_EQ(some.errors, 12);
+  EXPECT_EQ(some.warnings, 8);
+  EXPECT_EQ(some.lastLine, "a.idl: 4 more messages not shown");
+
+  const Shown errors = Count(Mistakes(21) + "}");
+  EXPECT_EQ(errors.errors, 20);
+  EXPECT_EQ(errors.warnings, 0);
+  EXPECT_EQ(errors.lastLine, "a.idl: 22 more messages not shown");
+
+  const Shown incomplete = Count(Mistakes(20));  // The grammar error is the 21st.
+  EXPECT_EQ(incomplete.errors, 20);
+  EXPECT_EQ(incomplete.lastLine, "a.idl: 21 more messages not shown");
+}
+
+}  // namespace
+}  // namespace zentho
