@@ -1,5 +1,6 @@
 // Measures how the time of each stage grows with the number of messages.
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -14,7 +15,15 @@
 namespace zentho {
 namespace {
 
-const std::string path = "/dev/shm/idlgen_stages.idl";
+const std::string stem = "/dev/shm/idlgen_stages_" + std::to_string(getpid());
+const std::string path = stem + ".idl";
+
+/// Deletes the files at the end.
+struct Cleaner {
+  ~Cleaner() {
+    for (const char* extension : {".idl", ".h"}) std::remove((stem + extension).c_str());
+  }
+} cleaner;
 
 /// Writes a file with the number of messages that the benchmark asks for.
 void writeMessages(const benchmark::State& state) {
