@@ -1,4 +1,4 @@
-"""Ninja builds of many small headers: with idlgen_generate, and with custom commands that run flatc."""
+"""Ninja builds of many small headers: with idlgen_generate, and with commands that run flatc."""
 import shutil
 import statistics
 import subprocess
@@ -35,7 +35,7 @@ def configured(tool, folder, prefix):
     """Writes, configures and builds the tool's project. Returns its build directory."""
     extension, text, project = PROJECTS[tool]
     source = folder / tool
-    source.mkdir()
+    source.mkdir(parents=True)
     (source / "CMakeLists.txt").write_text(START + project)
     for i in range(COUNT):
         (source / f"file{i}.{extension}").write_text(text(1))
@@ -47,11 +47,12 @@ def configured(tool, folder, prefix):
 
 def medians_of_builds(folder, prefix, runs=5):
     """Returns, for each tool, the median seconds of a full build and of one with nothing to do."""
-    builds = {tool: configured(tool, folder, prefix) for tool in PROJECTS if shutil.which(tool)
-              or tool == "idlgen"}
+    builds = {tool: configured(tool, folder, prefix) for tool in PROJECTS
+              if tool == "idlgen" or shutil.which(tool)}
     times = {tool: [] for tool in builds}
     for _ in range(runs):
         for tool, build in builds.items():
             quietly("ninja", "-C", build, "clean")
             times[tool].append([run(["ninja", "-C", build])[0] for _ in ("full", "idle")])
-    return {tool: [statistics.median(kind) for kind in zip(*rounds)] for tool, rounds in times.items()}
+    return {tool: [statistics.median(kind) for kind in zip(*rounds)]
+            for tool, rounds in times.items()}

@@ -1,4 +1,4 @@
-"""The inputs of scripts/bench: messages for idlgen and other tools, and inputs of growing size."""
+"""The inputs of scripts/bench: messages for each tool, and inputs of growing size."""
 
 FIELDS = ["int8", "int16", "int32", "int64", "float32", "float64", "string", "int32"]
 
@@ -19,28 +19,47 @@ def idlgen(count):
     return messages(count, "", "message Message{i} {{\n", "    field{i}: {type}\n", {})
 
 
-# Other tools: the extension of their files, the command line, and a function for the same messages.
+# The extension of a tool's files, its command line, and a function for the same messages.
 TOOLS = {
+    "idlgen": ("idl", "{build}/idlgen/idlgen -f {file}", idlgen),
+    "idlgen-header": ("idl", "{build}/idlgen/idlgen-header {file} {dir}/a.h", idlgen),
     "protoc": ("proto", "protoc -I{dir} --cpp_out={dir} {file}", lambda count: messages(
-        count, 'syntax = "proto3";\n', "message Message{i} {{\n", "  {type} field{i} = {n};\n", PROTOC)),
+        count, 'syntax = "proto3";\n', "message Message{i} {{\n", "  {type} field{i} = {n};\n",
+        PROTOC)),
     "flatc": ("fbs", "flatc --cpp -o {dir} {file}", lambda count: messages(
         count, "", "table Message{i} {{\n", "  field{i}:{type};\n", FLATC)),
     "lcm-gen": ("lcm", "lcm-gen -x --cpp-hpath {dir} {file}", lambda count: messages(
         count, "", "struct Message{i} {{\n", "  {type} field{i};\n", LCM)),
 }
 
-# Inputs of n parts each. The time must grow in proportion to n.
-GROWING = {
-    "members in one line": lambda n: "message M { " + "x: int8 " * n + "}",
-    "brackets of a type": lambda n: "message M { x: " + "[" * (n // 2) + "int8" + "]" * (n // 2) + " }",
-    "dots of a type": lambda n: "message M { x: " + "." * n + " }",
-    "braces of a token": lambda n: "{" * n,
-    "colons of a token": lambda n: ":" * n,
-    "blank lines": lambda n: "\n" * n,
-    "comment lines": lambda n: "# comment\n" * n,
-    "items of an enum": lambda n: "enum E {\n" + "ITEM: 0\n" * n + "}",
-    "members of a message": lambda n: "message M {\n" + "x: int8\n" * n + "}",
-    "components of a namespace": lambda n: "namespace " + "a." * n,
-    "includes": lambda n: 'include "a.idl"\n' * n,
-    "tokens before an error": lambda n: "enum E { " + "A 0 " * (n // 2) + "} fault",
-}
+
+def members(n, member):
+    return "message M {\n" + "".join(member.format(i=i) for i in range(n)) + "}"
+
+
+# Inputs of n parts each, by the program that reads them, and its exit status. The time must grow in
+# proportion to n.
+GROWING = [
+    ("idlgen", 0, {
+        "members in one line": lambda n: "message M { " + "x: int8 " * n + "}",
+        "brackets of a type":
+            lambda n: "message M { x: " + "[" * (n // 2) + "int8" + "]" * (n // 2) + " }",
+        "dots of a type": lambda n: "message M { x: " + "." * n + " }",
+        "colons of a token": lambda n: ":" * n,
+        "blank lines": lambda n: "\n" * n,
+        "comment lines": lambda n: "# comment\n" * n,
+        "items of an enum": lambda n: "enum E {\n" + "ITEM: 0\n" * n + "}",
+        "members of a message": lambda n: members(n, "x: int8\n"),
+        "components of a namespace": lambda n: "namespace " + "a." * n,
+        "includes": lambda n: 'include "a.idl"\n' * n,
+    }),
+    ("idlgen", 1, {
+        "braces of a token": lambda n: "{" * n,
+        "tokens before an error": lambda n: "enum E { " + "A 0 " * (n // 2) + "} fault",
+    }),
+    ("idlgen-header", 1, {
+        "members of one name": lambda n: members(n, "x: int8\n"),
+        "members of odd names": lambda n: members(n, "a-{i}: int8\n"),
+        "members of unknown types": lambda n: members(n, "x{i}: Type{i}\n"),
+    }),
+]

@@ -1,19 +1,16 @@
-"""Prints the tables of doc/performance.md. Called by scripts/bench with its build directory."""
+"""Prints the tables of doc/performance.md. Called by scripts/bench with its build directory, and
+with another build of idlgen-header if there is one to compare with."""
 import math
 import pathlib
 import shutil
 import statistics
+import subprocess
 import sys
 import tempfile
 
 from builds import COUNT, medians_of_builds
 from inputs import GROWING, TOOLS, idlgen
-from timing import medians, run
-
-build = pathlib.Path(sys.argv[1]).resolve()
-FLOOR = str(build / "bench/idlgen_floor")
-IDLGEN = [str(build / "idlgen/idlgen"), "-f"]
-STEP = str(build / "idlgen/idlgen-header")
+from timing import medians, peak_memory, rounds, run
 
 
 def table(*heads):
@@ -24,56 +21,99 @@ def row(*cells):
     print("| " + " | ".join(cells) + " |", flush=True)
 
 
-def milliseconds(figures):
-    return f"{figures[0] * 1e3:.2f} ms"
+def number(value):
+    """Returns three significant digits."""
+    value = float(f"{value:.3g}")
+    return f"{value:,.{max(0, 2 - math.floor(math.log10(value)))}f}"
 
 
-folder = pathlib.Path(tempfile.mkdtemp(dir="/dev/shm"))
-idl, header, copy = str(folder / "a.idl"), str(folder / "a.h"), str(folder / "copy")
+def milliseconds(seconds):
+    return number(seconds * 1e3) + " ms"
 
 
-def write_messages(count):
-    pathlib.Path(idl).write_text(idlgen(count))
-    run(IDLGEN + [idl])
+def command(tool, build, folder, text):
+    """Writes the text to a directory of the tool. Returns that, the file, and the command line."""
+    extension, template, _ = TOOLS[tool]
+    directory = folder / tool
+    directory.mkdir(exist_ok=True)
+    file = directory / f"a.{extension}"
+    file.write_text(text)
+    return directory, file, [word.format(build=build, dir=directory, file=file)
+                             for word in template.split()]
 
 
-write_messages(0)
-start, empty = medians([IDLGEN + [idl], [FLOOR]], 201)
-print(f"An empty file: {milliseconds(start)}; an empty program: {milliseconds(empty)}")
+def compare_with_floor(build, folder):
+    floor = str(build / "bench/idlgen_floor")
+    copy = str(folder / "copy")
+    own, empty = medians([command("idlgen", build, folder, "")[2], [floor]], 201)
+    print(f"An empty file: {milliseconds(own[0])}; an empty program: {milliseconds(empty[0])}")
+    for tool, mode in ("idlgen", "lines"), ("idlgen-header", "whole"):
+        table("messages", "floor", tool, "ratio", "memory / input")
+        for count, runs in (10, 201), (100, 101), (1000, 41), (10000, 9), (100000, 5):
+            directory, idl, words = command(tool, build, folder, idlgen(count))
+            run(words)
+            own, least = medians([words, [floor, mode, str(directory / "a.h"), copy]], runs)
+            memory = number(peak_memory(words) / idl.stat().st_size) if count >= 10000 else ""
+            row(f"{count:,}", milliseconds(least[0]), milliseconds(own[0]),
+                number(own[0] / least[0]), memory)
 
-for name, command, mode in (("idlgen", IDLGEN + [idl], "lines"), ("idlgen-header", [STEP, idl, copy], "whole")):
-    table("messages", "floor", name, "ratio", "memory / input")
-    for count, runs in (10, 201), (100, 101), (1000, 41), (10000, 9), (100000, 5):
-        write_messages(count)
-        own, floor = medians([command, [FLOOR, mode, header, copy]], runs)
-        # For smaller inputs, the peak measured is this script's own memory.
-        memory = f"{own[2] / pathlib.Path(idl).stat().st_size:.1f}" if count >= 10000 else ""
-        row(f"{count:,}", milliseconds(floor), milliseconds(own), f"{own[0] / floor[0]:.2f}", memory)
 
-table("messages", "tool", "time", "time / idlgen's time")
-for count, runs in (1, 101), (100, 21), (1000, 11), (10000, 3):
-    write_messages(count)
-    commands = {"idlgen": IDLGEN + [idl], "idlgen-header": [STEP, idl, copy]}
-    for tool, (extension, command, text) in TOOLS.items():
-        file = folder / f"a.{extension}"
-        file.write_text(text(count))
-        if shutil.which(tool):
-            commands[tool] = command.format(dir=folder, file=file).split()
-    figures = medians(commands.values(), runs)
-    for tool, own in zip(commands, figures):
-        row(f"{count:,}", tool, milliseconds(own), f"{own[0] / figures[0][0]:.2f}")
+def compare_with_other_build(build, folder, other):
+    # How a program's file was written changes the time by up to 10%, so both are copied.
+    own = build / "idlgen/idlgen-header"
+    programs = [shutil.copy(own, f"{build}/own"), shutil.copy(other, f"{build}/other")]
+    table("messages", "idlgen-header", "other build", "median ratio")
+    for count, runs in (1, 1001), (100, 501), (1000, 101), (10000, 21), (100000, 7):
+        words = command("idlgen-header", build, folder, idlgen(count))[2]
+        pairs = rounds([[program, *words[1:]] for program in programs], runs)
+        times = [statistics.median(pair[i][0] for pair in pairs) for i in (0, 1)]
+        ratio = statistics.median(own[0] / other[0] for own, other in pairs)
+        row(f"{count:,}", *map(milliseconds, times), number(ratio))
 
-table(f"a build of {COUNT} headers", "time", "nothing to do")
-for tool, (full, idle) in medians_of_builds(folder, build / "installed").items():
-    row(f"Ninja and {tool}", f"{full:.2f} s", f"{idle:.4f} s")
 
-table("input: n of", "n = 250,000", "n = 2,000,000", "slope")
-for name, text in GROWING.items():
-    points = []
-    for n in 250000, 500000, 1000000, 2000000:
-        pathlib.Path(idl).write_text(text(n))
-        points.append((math.log(n), math.log(medians([IDLGEN + [idl]], 5)[0][1])))
-    first, last = (math.exp(points[end][1]) * 1e3 for end in (0, -1))
-    slope = statistics.linear_regression(*zip(*points)).slope
-    row(name, f"{first:.0f} ms", f"{last:.0f} ms", f"{slope:.2f}")
-shutil.rmtree(folder)
+def version(tool):
+    return subprocess.check_output([tool, "--version"], text=True).split()[-1]
+
+
+def compare_tools(build, folder):
+    others = [tool for tool in TOOLS if shutil.which(tool) and not tool.startswith("idlgen")]
+    print("\nOther tools: " + ", ".join(f"{tool} {version(tool)}" for tool in others))
+    table("messages", "tool", "time", "time / idlgen's time", "output")
+    for count, runs in (1, 101), (100, 21), (1000, 11), (10000, 3):
+        tools = {tool: command(tool, build, folder, TOOLS[tool][2](count))
+                 for tool in ["idlgen", "idlgen-header", *others]}
+        figures = medians([words for _, _, words in tools.values()], runs)
+        for (tool, (directory, file, _)), own in zip(tools.items(), figures):
+            size = sum(path.stat().st_size for path in directory.iterdir() if path != file)
+            row(f"{count:,}", tool, milliseconds(own[0]), number(own[0] / figures[0][0]),
+                number(size / 1e3) + " kB")
+
+
+def compare_builds(build, folder):
+    table(f"a build of {COUNT} headers", "time", "nothing to do")
+    for tool, (full, idle) in medians_of_builds(folder, build / "installed").items():
+        row(f"Ninja and {tool}", milliseconds(full), milliseconds(idle))
+
+
+def show_growth(build, folder):
+    table("input: n of", "program", "n = 250,000", "n = 2,000,000", "slope")
+    for tool, status, inputs in GROWING:
+        for name, text in inputs.items():
+            first, last = (medians([command(tool, build, folder, text(n))[2]], 5, status)[0][1]
+                           for n in (250000, 2000000))
+            slope = math.log(last / first, 8)
+            row(name, tool, milliseconds(first), milliseconds(last), f"{slope:.2f}")
+
+
+def main(build, other=None):
+    with tempfile.TemporaryDirectory(dir="/dev/shm") as name:
+        folder = pathlib.Path(name)
+        if other:
+            compare_with_other_build(build, folder, other)
+        compare_with_floor(build, folder)
+        compare_tools(build, folder)
+        compare_builds(build, folder / "builds")
+        show_growth(build, folder)
+
+
+main(pathlib.Path(sys.argv[1]).resolve(), *sys.argv[2:])
