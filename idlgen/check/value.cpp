@@ -68,7 +68,7 @@ std::optional<bool> IsLargeInteger(std::string_view literal) {
 
 class ValueReader {
  public:
-  explicit ValueReader(std::string_view word) : begin(word.data()), rest(word) {}
+  explicit ValueReader(std::string_view word) : whole(word), rest(word) {}
 
   Value read() {
     // Two question marks may begin a trigraph.
@@ -144,7 +144,8 @@ class ValueReader {
       const bool isPrefix = std::find(prefixes.begin(), prefixes.end(), name) != prefixes.end();
       return isPrefix && readCharacter(size);
     }
-    const char before = rest.data() == begin ? '\0' : rest.data()[-1];
+    const std::size_t position = whole.size() - rest.size();
+    const char before = position == 0 ? '\0' : whole[position - 1];
     const char after = size < rest.size() ? rest[size] : '\0';
     const bool isEnclosed = (before == '(' && after == ')') || (before == '<' && after == '>');
     const bool mayBeType = isEnclosed || after == '(';
@@ -204,7 +205,7 @@ class ValueReader {
     return fits && take(isDouble ? 2 : 1, Token::Operator);
   }
 
-  const char* begin;
+  std::string_view whole;
   std::string_view rest;
   std::size_t depth = 0;  ///< The number of open parentheses.
   Token last = Token::Operator;

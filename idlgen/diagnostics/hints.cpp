@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
-constexpr std::string_view useHash = R"(comments start with "#")";
 constexpr std::string_view writeColon = R"(write a colon, as in "A: 1")";
 
 bool Contains(std::string_view text, std::string_view part) {
@@ -35,13 +34,12 @@ std::string CharacterHint(std::string_view text) {
   if (Contains(text, "\r")) return "end lines with LF, not with CR LF";
   if (Contains(text, "\t")) return "use spaces instead of tabs";
   if (Contains(text, byteOrderMark)) return "save the file without a byte order mark";
-  if (StartsWith(text, "/*") || text == "*/" || StartsWith(text, "//")) {
-    return std::string(useHash);
-  }
+  if (StartsWith(text, "//")) return R"(here, only "#" starts a comment)";
+  if (StartsWith(text, "/*") || text == "*/") return R"(comments start with "#")";
   const char last = text.back();
   const bool isSeparator = last == ';' || last == ',';
   const std::string_view core = text.substr(0, text.size() - (isSeparator ? 1 : 0));
-  if (text.size() > 1 && (text.front() == '}' || (!core.empty() && core.back() == '}'))) {
+  if (core != "}" && (text.front() == '}' || (!core.empty() && core.back() == '}'))) {
     return R"(put spaces around "}")" +
            (isSeparator ? " and delete the " + Quoted({&last, 1}) : std::string());
   }
