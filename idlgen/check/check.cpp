@@ -16,9 +16,11 @@
 namespace zentho {
 namespace {
 
-/// Where names have last been used. Those of earlier lists stay, which is faster than to remove
-/// them.
-using Names = std::unordered_map<std::string_view, std::size_t>;
+/// Where a name has last been used, as the indexes of words.
+struct Uses {
+  std::size_t asMember = 0;
+  std::size_t asType = 0;  ///< Without dots.
+};
 
 /// Returns whether no character of the word can be part of a name, as in `=`, `<<` or `//`.
 bool IsPunctuation(std::string_view word) {
@@ -53,8 +55,8 @@ class Checker {
   /// Begins the members of a message, request or response, behind this word.
   void startMembers(std::size_t word, std::size_t record, Scope::Part part);
 
-  /// Returns where the name has been used in the list so far, or `noWord`.
-  [[nodiscard]] std::size_t usedAt(const Names& names, std::string_view name) const;
+  /// Returns whether a use is in the list so far.
+  [[nodiscard]] bool isInList(std::size_t use) const { return use > listBegin; }
 
   void report(const Rule& rule, std::size_t i, std::size_t other = noWord) {
     findings.push_back({&rule, i, words[i].text, other});
@@ -68,8 +70,8 @@ class Checker {
   Declarations declarations;
   Scope scope;
   std::size_t listBegin = 0;
-  Names members;    ///< The names of members.
-  Names typesUsed;  ///< The types without dots.
+  /// The uses in earlier lists stay, which is faster than to remove them.
+  std::unordered_map<std::string_view, Uses> uses;
 };
 
 void Checker::checkWord(std::size_t i) {
@@ -106,11 +108,6 @@ void Checker::checkWord(std::size_t i) {
 void Checker::startMembers(std::size_t word, std::size_t record, Scope::Part part) {
   scope = {record, part};
   listBegin = word;
-}
-
-std::size_t Checker::usedAt(const Names& names, std::string_view name) const {
-  const auto found = names.find(name);
-  return found != names.end() && found->second > listBegin ? found->second : noWord;
 }
 
 void Checker::checkInclude(std::size_t i) {
@@ -213,22 +210,24 @@ void Checker::checkValue(std::size_t i) {
 void Checker::checkMemberName(std::size_t i) {
   const std::string_view name = words[i].text;
   if (checkName(i, name) && FindBuiltinType(name) != nullptr) report(rules::builtinTypeAsName, i);
-  const std::size_t other = usedAt(members, name);
-  if (other != noWord && IsIdentifier(name)) report(rules::memberTwice, i, other);
 }
 
 /// The type comes first in C++: the name of the member is declared behind it.
 void Checker::checkMember(std::size_t i) {
   const std::string_view name = words[i - 1].text;
-  const std::optional<std::string_view> element = ElementType(words[i].text);
-  if (!element.has_value()) {
-    if (!IsPunctuation(name)) report(rules::notAType, i);
-  } else if (!IsPunctuation(name)) {
-    checkType(i, *element, element->size() < words[i].text.size());
+  if (IsPunctuation(name)) return;  // It has been reported.
+  Uses& own = uses[name];
+  if (isInList(own.asMember) && IsIdentifier(name)) {
+    report(rules::memberTwice, i - 1, own.asMember);
   }
-  const std::size_t used = usedAt(typesUsed, name);
-  if (used != noWord) report(rules::changesMeaning, i - 1, used);
-  members[name] = i - 1;
+  const std::optional<std::string_view> element = ElementType(words[i].text);
+  if (element.has_value()) {
+    checkType(i, *element, element->size() < words[i].text.size());
+  } else {
+    report(rules::notAType, i);
+  }
+  if (isInList(own.asType)) report(rules::changesMeaning, i - 1, own.asType);
+  own.asMember = i - 1;
 }
 
 void Checker::checkType(std::size_t i, std::string_view type, bool isVector) {
@@ -248,13 +247,13 @@ void Checker::checkType(std::size_t i, std::string_view type, bool isVector) {
       return reportPart(rules::keywordAsType, i, part);
     }
   }
-  if (!isPath) {
-    const std::size_t member = usedAt(members, type);
-    if (member != noWord) return reportPart(rules::hiddenByMember, i, type, member);
-  }
   const Found found = declarations.findType(type, scope);
-  // A record may have a member of its own name.
-  if (!isPath && found.lookup != Lookup::Itself) typesUsed[type] = i;
+  if (!isPath) {
+    Uses& use = uses[type];
+    if (isInList(use.asMember)) return reportPart(rules::hiddenByMember, i, type, use.asMember);
+    // A record may have a member of its own name.
+    if (found.lookup != Lookup::Itself) use.asType = i;
+  }
   checkFound(i, type, isVector, found);
 }
 
@@ -290,8 +289,10 @@ std::vector<Finding> Check(const Words& words, std::size_t count) {
   for (std::size_t i = 0; i < inStep; ++i) checker.checkWord(i);
   std::vector<Finding> findings = std::move(checker.findings);
   if (inStep < count) explainStep(words, inStep, findings);
-  std::stable_sort(findings.begin(), findings.end(),
-                   [](const Finding& a, const Finding& b) { return a.word < b.word; });
+  const auto isBefore = [](const Finding& a, const Finding& b) { return a.word < b.word; };
+  if (!std::is_sorted(findings.begin(), findings.end(), isBefore)) {
+    std::stable_sort(findings.begin(), findings.end(), isBefore);
+  }
   return findings;
 }
 

@@ -183,7 +183,8 @@ class ValueReader {
     const std::string_view literal = rest.substr(0, end + 1);
     if (HasControlCharacter(literal)) return false;
     const bool isWide =
-        std::any_of(literal.begin(), literal.end(), [](char byte) { return (byte & 0x80) != 0; });
+        std::any_of(literal.begin(), literal.end(), [](char byte) { return (byte & 0x80) != 0; }) ||
+        literal.find("\\u") != npos || literal.find("\\U") != npos;
     if (isWide && literal.substr(0, 2) == "u8") return false;
     if (isWide && prefix == 0) value.wideCharacter = literal;
     return take(literal.size(), Token::Literal);

@@ -217,9 +217,8 @@ std::string TypeHint(std::string_view type, std::size_t word, const Words& words
   Search search(type);
   for (const BuiltinType& builtin : builtinTypes) search.compare(builtin.keyword);
   for (std::size_t i = 0; i < words.size(); ++i) {
-    const Word candidate = words[i];
-    const bool isType = candidate.role == Role::EnumName || candidate.role == Role::MessageName;
-    if (isType) search.compare(candidate.text);
+    const Role role = words.roles[i];
+    if (role == Role::EnumName || role == Role::MessageName) search.compare(words.texts[i]);
   }
   return search.question();
 }
