@@ -436,6 +436,9 @@ def read_messages(said, text):
         line = lines[number - 1] if 0 < number <= len(lines) else ""
         if not 1 <= column <= max(1, len(line.encode())):
             wrong.append(f"place: {said[0]!r}")
+        if place[3] == "note" and not re.match(r" *\d+ \| ", said[1]):
+            del said[0]  # About the place that the error before it shows.
+            continue
         excerpt = re.match(rf" *{number} \| ?", said[1]) if len(said) > 3 else None
         before = line.encode()[:column - 1].decode(errors="replace")
         caret = len(excerpt[0]) + len(before) if excerpt else 0
