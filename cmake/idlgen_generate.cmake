@@ -14,73 +14,90 @@
 # IDL file relative to BASE_DIR.
 cmake_policy(VERSION 3.23)
 
+# A cache entry of the project shows wherever a variable is not set. So all variables are set first,
+# and the arguments get a prefix that no project uses.
 function(idlgen_generate)
-  cmake_parse_arguments(PARSE_ARGV 0 arg "" "TARGET;BASE_DIR" "FILES;DEPENDS")
-  list(REMOVE_ITEM arg_KEYWORDS_MISSING_VALUES DEPENDS)
-  if(arg_UNPARSED_ARGUMENTS)
-    message(FATAL_ERROR "idlgen_generate: unknown argument: ${arg_UNPARSED_ARGUMENTS}")
+  cmake_parse_arguments(PARSE_ARGV 0 _idlgen "" "TARGET;BASE_DIR" "FILES;DEPENDS")
+  _idlgen_check_arguments()
+  set(base "${CMAKE_CURRENT_SOURCE_DIR}")
+  if(DEFINED _idlgen_BASE_DIR)
+    cmake_path(ABSOLUTE_PATH _idlgen_BASE_DIR NORMALIZE OUTPUT_VARIABLE base)
   endif()
-  if(arg_KEYWORDS_MISSING_VALUES)
-    message(FATAL_ERROR "idlgen_generate: no value after ${arg_KEYWORDS_MISSING_VALUES}")
+  set(include "${CMAKE_CURRENT_BINARY_DIR}/${_idlgen_TARGET}.idlgen/include")
+
+  set(names "")
+  foreach(file IN LISTS _idlgen_FILES)
+    _idlgen_locate("${file}" "${base}" "${include}" idl name)
+    list(FIND names "${name}" index)
+    if(NOT index EQUAL -1)
+      list(GET _idlgen_FILES ${index} other)
+      message(FATAL_ERROR "idlgen_generate: ${other} and ${file} would both generate ${name}")
+    endif()
+    list(APPEND names "${name}")
+    _idlgen_add_command("${idl}" "${include}" "${name}" "${_idlgen_DEPENDS}")
+  endforeach()
+  _idlgen_remove_other_headers("${include}" "${names}")
+  _idlgen_add_library("${_idlgen_TARGET}" "${include}" "${names}")
+endfunction()
+
+# Checks the arguments of the calling idlgen_generate.
+function(_idlgen_check_arguments)
+  # The DEPENDS of a project may be a variable that is empty.
+  list(REMOVE_ITEM _idlgen_KEYWORDS_MISSING_VALUES DEPENDS)
+  if(_idlgen_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "idlgen_generate: unknown argument: ${_idlgen_UNPARSED_ARGUMENTS}")
   endif()
-  if("${arg_TARGET}" STREQUAL "" OR "${arg_FILES}" STREQUAL "")
+  if(_idlgen_KEYWORDS_MISSING_VALUES)
+    message(FATAL_ERROR "idlgen_generate: no value after ${_idlgen_KEYWORDS_MISSING_VALUES}")
+  endif()
+  if("${_idlgen_TARGET}" STREQUAL "" OR "${_idlgen_FILES}" STREQUAL "")
     message(FATAL_ERROR "idlgen_generate: TARGET and FILES are required")
   endif()
   if(NOT TARGET idlgen::idlgen-header)
     message(FATAL_ERROR "idlgen_generate: there is no idlgen-header to run")
   endif()
+endfunction()
 
-  set(base ${CMAKE_CURRENT_SOURCE_DIR})
-  if(DEFINED arg_BASE_DIR)
-    cmake_path(ABSOLUTE_PATH arg_BASE_DIR NORMALIZE OUTPUT_VARIABLE base)
-  endif()
-  set(include ${CMAKE_CURRENT_BINARY_DIR}/${arg_TARGET}.idlgen/include)
-  # Ninja compiles nothing again if a command leaves the header as it is. make would repeat the command
-  # in each build.
-  set(options)
+# Adds the command that generates one header.
+function(_idlgen_add_command idl include name depends)
+  # Ninja compiles nothing again if a command leaves the header as it is. make would repeat the
+  # command in each build.
+  set(options "")
   if(CMAKE_GENERATOR MATCHES "^Ninja")
     set(options --if-changed)
   endif()
-  # idlgen_import_program writes this file if the program is not built here.
-  set(stamp ${CMAKE_BINARY_DIR}/CMakeFiles/idlgen-header.sha256)
-  if(EXISTS "${stamp}")
-    list(APPEND arg_DEPENDS ${stamp})
+  get_target_property(stamp idlgen::idlgen-header IDLGEN_STAMP)
+  if(stamp)
+    list(APPEND depends "${stamp}")
   endif()
+  add_custom_command(
+    OUTPUT "${include}/${name}"
+    COMMAND idlgen::idlgen-header ${options} "${idl}" "${include}/${name}"
+    DEPENDS "${idl}" idlgen::idlgen-header ${depends}
+    COMMENT "Generating ${name}"
+    VERBATIM)
+endfunction()
 
-  set(names)
-  foreach(file IN LISTS arg_FILES)
-    _idlgen_locate("${file}" "${base}" "${include}" idl name)
-    if(DEFINED "_idlgen_${name}")
-      message(FATAL_ERROR
-              "idlgen_generate: ${_idlgen_${name}} and ${file} would both generate ${name}")
-    endif()
-    set("_idlgen_${name}" "${file}")
-    list(APPEND names "${name}")
-    add_custom_command(
-      OUTPUT ${include}/${name}
-      COMMAND idlgen::idlgen-header ${options} ${idl} ${include}/${name}
-      DEPENDS ${idl} idlgen::idlgen-header ${arg_DEPENDS}
-      COMMENT "Generating ${name}"
-      VERBATIM)
-  endforeach()
-
-  # The headers of IDL files that are not listed any more.
+# Removes the headers of IDL files that are not listed any more.
+function(_idlgen_remove_other_headers include names)
   string(REPLACE "*" "[*]" pattern "${include}")
-  file(GLOB_RECURSE old RELATIVE ${include} "${pattern}/*.h")
-  list(REMOVE_ITEM old ${names})
-  foreach(name IN LISTS old)
+  file(GLOB_RECURSE others RELATIVE "${include}" "${pattern}/*.h")
+  list(REMOVE_ITEM others ${names})
+  foreach(name IN LISTS others)
     file(REMOVE "${include}/${name}")
   endforeach()
+endfunction()
 
+# Adds the library and the target that generates its headers.
+function(_idlgen_add_library target include names)
+  list(TRANSFORM names PREPEND "${include}/" OUTPUT_VARIABLE headers)
   # ALL: headers that nothing links can be installed, too.
-  list(TRANSFORM names PREPEND ${include}/ OUTPUT_VARIABLE headers)
-  add_custom_target(${arg_TARGET}_generate ALL DEPENDS ${headers})
-  add_library(${arg_TARGET} INTERFACE)
-  add_dependencies(${arg_TARGET} ${arg_TARGET}_generate)
-  target_sources(${arg_TARGET} INTERFACE
-    FILE_SET HEADERS BASE_DIRS ${include} FILES ${headers})
+  add_custom_target("${target}_generate" ALL DEPENDS ${headers})
+  add_library("${target}" INTERFACE)
+  add_dependencies("${target}" "${target}_generate")
+  target_sources("${target}" INTERFACE FILE_SET HEADERS BASE_DIRS "${include}" FILES ${headers})
   # SYSTEM: the functions of empty requests have unused parameters.
-  target_include_directories(${arg_TARGET} SYSTEM INTERFACE $<BUILD_INTERFACE:${include}>)
+  target_include_directories("${target}" SYSTEM INTERFACE "$<BUILD_INTERFACE:${include}>")
 endfunction()
 
 # idlgen_import_program(<installed> <variable>)
@@ -92,24 +109,24 @@ endfunction()
 # Sets the variable to an error message if the program does not exist, otherwise to an empty string.
 function(idlgen_import_program installed problem_variable)
   set(IDLGEN_HEADER_EXECUTABLE "" CACHE FILEPATH "The idlgen-header to run, if not the default")
-  set(program ${installed})
+  set(program "${installed}")
   set(problem "The program is missing from its package: ${program}")
   if(IDLGEN_HEADER_EXECUTABLE)
-    cmake_path(ABSOLUTE_PATH IDLGEN_HEADER_EXECUTABLE BASE_DIRECTORY ${CMAKE_SOURCE_DIR} NORMALIZE
+    cmake_path(ABSOLUTE_PATH IDLGEN_HEADER_EXECUTABLE BASE_DIRECTORY "${CMAKE_SOURCE_DIR}" NORMALIZE
                OUTPUT_VARIABLE program)
     set(problem "IDLGEN_HEADER_EXECUTABLE does not exist or is a directory: ${program}")
   elseif(CMAKE_CROSSCOMPILING)
     find_program(_idlgen_program idlgen-header PATHS ENV PATH
                  NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
-    set(program ${_idlgen_program})
+    set(program "${_idlgen_program}")
     set(problem "This is a cross build, and there is no idlgen-header for the build machine in its \
 PATH. Install one there or set IDLGEN_HEADER_EXECUTABLE to it.")
   endif()
   if(EXISTS "${program}" AND NOT IS_DIRECTORY "${program}")
     set(problem "")
-    _idlgen_create_target(${program})
+    _idlgen_create_target("${program}")
   endif()
-  set(${problem_variable} ${problem} PARENT_SCOPE)
+  set(${problem_variable} "${problem}" PARENT_SCOPE)
 endfunction()
 
 # Returns the absolute path of an IDL file, and the path of its header below the include directory.
@@ -158,17 +175,18 @@ function(_idlgen_create_target program)
   endif()
   _idlgen_check_path("${program}")
   _idlgen_check_path("${CMAKE_BINARY_DIR}")
-  add_executable(idlgen::idlgen-header IMPORTED GLOBAL)
-  set_target_properties(idlgen::idlgen-header PROPERTIES IMPORTED_LOCATION ${program})
-
-  # A program with other contents may be older than the headers. They depend on this file, too, which
+  # A program with other contents may be older than the headers. They depend on the stamp, too, which
   # is written only if the contents have changed.
-  file(SHA256 ${program} hash)
-  file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/CMakeFiles/idlgen-header.sha256" CONTENT "${hash}\n")
+  set(stamp "${CMAKE_BINARY_DIR}/idlgen-header.sha256")
+  file(SHA256 "${program}" hash)
+  file(CONFIGURE OUTPUT "${stamp}" CONTENT "${hash}\n")
+  add_executable(idlgen::idlgen-header IMPORTED GLOBAL)
+  set_target_properties(idlgen::idlgen-header PROPERTIES
+    IMPORTED_LOCATION "${program}" IDLGEN_STAMP "${stamp}")
 endfunction()
 
-# CMake writes some characters to build files unquoted. Ninja, make or the shell would then read another
-# path, or several.
+# CMake writes some characters to build files unquoted. Ninja, make or the shell would then read
+# another path, or several.
 function(_idlgen_check_path path)
   set(unsupported "[][?#<>|\\;\t\r\n]|\\$\\(")
   if(CMAKE_GENERATOR MATCHES "Makefiles")

@@ -1,7 +1,9 @@
 # A project that uses idlgen_generate, with one of CMake's generators.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
-start("${BUILD}")
-configure_consumer("-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror")
+start("${BUILD} with a blank")
+# Cache entries of the project do not reach into idlgen_generate.
+configure_consumer("-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror"
+                   -D names=stray -D options=stray -D arg_DEPENDS=stray)
 set(geometry_idl ${source}/idl/common/geometry.idl)
 set(geometry ${build}/idl/common_idl.idlgen/include/common/geometry.h)
 set(made ${build}/idl/made_idl.idlgen/include/make/made.h)
