@@ -1,6 +1,6 @@
 # Calls that idlgen_generate and find_package reject, and the messages.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
-start(errors)
+start("errors with a blank")
 create_small_project()
 foreach(name "a#.idl" a.txt none dots. .hidden sub/c.idl "v[1].idl" "v?.idl" "a%b.idl" "a:b.idl")
   file(WRITE "${scratch}/${name}" "")

@@ -1,6 +1,6 @@
 # Which program the package runs, and what happens if the program changes.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
-start(program)
+start("program with a blank")
 # The package is moved first: it must not depend on where it was installed.
 file(COPY ${PREFIX}/bin ${PREFIX}/share DESTINATION ${scratch}/moved)
 set(other_package ${PREFIX}/share/cmake/idlgen)

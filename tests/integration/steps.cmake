@@ -50,9 +50,9 @@ function(check_contains file text)
   check("position GREATER_EQUAL 0")
 endfunction()
 
-# Creates an empty directory for the test, ${scratch}, with a space in its path.
+# Creates an empty directory for the test, ${scratch}.
 macro(start name)
-  set(scratch "${SCRATCH}/${name} with a blank")
+  set(scratch "${SCRATCH}/${name}")
   file(REMOVE_RECURSE ${scratch})
   file(MAKE_DIRECTORY ${scratch})
 endmacro()
