@@ -1,0 +1,17 @@
+include(CheckCXXSourceCompiles)
+include(CheckCXXSourceRuns)
+
+# Sets the cache entry to whether a statically linked program runs or, in a cross build, can be linked.
+# With some sanitizers it can be linked, but crashes at its start.
+function(check_static variable)
+  # The checks do not use the options of the directory, such as those of a project that includes
+  # this one.
+  get_directory_property(link_options LINK_OPTIONS)
+  set(CMAKE_REQUIRED_LINK_OPTIONS ${link_options} -static)
+  set(program "int main() { return 0; }")
+  if(CMAKE_CROSSCOMPILING)
+    check_cxx_source_compiles("${program}" ${variable})
+  else()
+    check_cxx_source_runs("${program}" ${variable})
+  endif()
+endfunction()
