@@ -1,5 +1,5 @@
-# A project that includes idlgen with add_subdirectory, has several configurations, and links idlgen with
-# the framework's library. A library that prints a message stands in for it.
+# idlgen in a project that includes it with add_subdirectory, has several configurations, and links
+# idlgen with the framework's library. A library that prints a message stands in for it.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("source tree")
 file(WRITE ${scratch}/zentho.cpp "#include <cstdio>
@@ -32,3 +32,9 @@ run(SUCCEEDS COMMAND ${build}/idlgen/idlgen/Debug/idlgen -f ${scratch}/a.idl
 run(SUCCEEDS COMMAND ${CMAKE_COMMAND} --install ${build} --prefix ${scratch}/installed)
 check("EXISTS \"${scratch}/installed/include/common/geometry.h\"")
 check("NOT EXISTS \"${scratch}/installed/bin\"")
+
+# The Debian package of a cross build has the architecture of the target.
+run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -S ${IDLGEN_SOURCE_DIR} -B ${scratch}/cross
+                     -D CMAKE_SYSTEM_NAME=Linux -D CMAKE_SYSTEM_PROCESSOR=aarch64
+                     -D BUILD_TESTING=OFF)
+check_contains(${scratch}/cross/CPackConfig.cmake "CPACK_DEBIAN_PACKAGE_ARCHITECTURE \"arm64\"")
