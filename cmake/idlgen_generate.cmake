@@ -1,39 +1,27 @@
-# idlgen_generate(TARGET <target> FILES <file>... [BASE_DIR <dir>] [DEPENDS <target or file>...])
+# idlgen_generate(TARGET <target> FILES <file>... [BASE_DIR <directory>...]
+#                 [DEPENDS <target or file>...])
 #
-# Adds the INTERFACE library <target>, whose users can include the headers of the IDL files, and the
-# custom target <target>_generate, which generates them.
-#
-#   FILES     relative to the current source directory, or absolute
-#   BASE_DIR  the directory that paths in include statements are relative to; default: the current
-#             source directory. For IDL files in the current binary directory, paths are relative to
-#             that directory, unless BASE_DIR is below it.
-#   DEPENDS   targets or files that generate IDL files. Files that another CMakeLists.txt generates
-#             need the source file property GENERATED in this directory.
-#
-# The headers are written to ${CMAKE_CURRENT_BINARY_DIR}/<target>.idlgen/include, at the path of the
-# IDL file relative to BASE_DIR.
+# doc/builds.md describes the arguments.
 cmake_policy(VERSION 3.23)
 
 # A cache entry of the project shows wherever a variable is not set. So all variables are set first,
 # and the arguments get a prefix that no project uses.
 function(idlgen_generate)
-  cmake_parse_arguments(PARSE_ARGV 0 _idlgen "" "TARGET;BASE_DIR" "FILES;DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 0 _idlgen "" "" "TARGET;FILES;BASE_DIR;DEPENDS")
   _idlgen_check_arguments()
-  set(base "${CMAKE_CURRENT_SOURCE_DIR}")
-  if(DEFINED _idlgen_BASE_DIR)
-    cmake_path(ABSOLUTE_PATH _idlgen_BASE_DIR NORMALIZE OUTPUT_VARIABLE base)
-  endif()
+  _idlgen_get_base_dirs(bases)
   set(include "${CMAKE_CURRENT_BINARY_DIR}/${_idlgen_TARGET}.idlgen/include")
-
+  set(idls "")
   set(names "")
   foreach(file IN LISTS _idlgen_FILES)
-    _idlgen_locate("${file}" "${base}" "${include}" idl name)
-    list(FIND names "${name}" index)
-    if(NOT index EQUAL -1)
-      list(GET _idlgen_FILES ${index} other)
-      message(FATAL_ERROR "idlgen_generate: ${other} and ${file} would both generate ${name}")
-    endif()
+    _idlgen_locate("${file}" "${bases}" idl name)
+    _idlgen_check_path("${idl}")
+    _idlgen_check_path("${include}/${name}")
+    list(APPEND idls "${idl}")
     list(APPEND names "${name}")
+  endforeach()
+  _idlgen_check_names("${_idlgen_FILES}" "${names}")
+  foreach(idl name IN ZIP_LISTS idls names)
     _idlgen_add_command("${idl}" "${include}" "${name}" "${_idlgen_DEPENDS}")
   endforeach()
   _idlgen_remove_other_headers("${include}" "${names}")
@@ -53,9 +41,86 @@ function(_idlgen_check_arguments)
   if("${_idlgen_TARGET}" STREQUAL "" OR "${_idlgen_FILES}" STREQUAL "")
     message(FATAL_ERROR "idlgen_generate: TARGET and FILES are required")
   endif()
+  if(_idlgen_TARGET MATCHES ";")
+    message(FATAL_ERROR "idlgen_generate: TARGET takes one name, not ${_idlgen_TARGET}")
+  endif()
   if(NOT TARGET idlgen::idlgen-header)
     message(FATAL_ERROR "idlgen_generate: there is no idlgen-header to run")
   endif()
+endfunction()
+
+# Returns the base directories of the calling idlgen_generate, inner ones before outer ones.
+function(_idlgen_get_base_dirs variable)
+  if("${_idlgen_BASE_DIR}" STREQUAL "")
+    set(_idlgen_BASE_DIR "${CMAKE_CURRENT_SOURCE_DIR}")
+  endif()
+  set(bases "${CMAKE_CURRENT_BINARY_DIR}")
+  foreach(base IN LISTS _idlgen_BASE_DIR)
+    cmake_path(ABSOLUTE_PATH base NORMALIZE)
+    list(APPEND bases "${base}")
+  endforeach()
+  list(SORT bases ORDER DESCENDING)
+  set(${variable} "${bases}" PARENT_SCOPE)
+endfunction()
+
+# Returns the absolute path of an IDL file and the name of its header: its path relative to the
+# innermost base directory that contains it.
+function(_idlgen_locate file bases idl_variable name_variable)
+  cmake_path(ABSOLUTE_PATH file NORMALIZE OUTPUT_VARIABLE idl)
+  get_source_file_property(generated "${idl}" GENERATED)
+  if(NOT generated AND (NOT EXISTS "${idl}" OR IS_DIRECTORY "${idl}"))
+    message(FATAL_ERROR "idlgen_generate: file not found: ${file}")
+  endif()
+  foreach(base IN LISTS bases)
+    cmake_path(IS_PREFIX base "${idl}" NORMALIZE inside)
+    if(inside)
+      cmake_path(RELATIVE_PATH idl BASE_DIRECTORY "${base}" OUTPUT_VARIABLE name)
+      break()
+    endif()
+  endforeach()
+  if(NOT inside)
+    list(JOIN bases ", " bases)
+    message(FATAL_ERROR "idlgen_generate: ${file} is in none of the base directories ${bases}")
+  endif()
+
+  # As in idlgen, only the last extension is replaced.
+  cmake_path(GET name EXTENSION LAST_ONLY extension)
+  if(extension MATCHES "^\\.?$")
+    message(FATAL_ERROR "idlgen_generate: ${file} has no extension to replace with .h")
+  endif()
+  cmake_path(REPLACE_EXTENSION name LAST_ONLY .h)
+  set(${idl_variable} "${idl}" PARENT_SCOPE)
+  set(${name_variable} "${name}" PARENT_SCOPE)
+endfunction()
+
+# Checks that the headers have different names, and that none is a directory of another one.
+function(_idlgen_check_names files names)
+  set(unique "${names}")
+  list(REMOVE_DUPLICATES unique)
+  if(NOT unique STREQUAL names)
+    _idlgen_report_duplicate("${files}" "${names}")
+  endif()
+  foreach(name IN LISTS names)
+    cmake_path(GET name PARENT_PATH directory)
+    while(directory MATCHES "\\.h(/|$)")
+      if(directory IN_LIST names)
+        message(FATAL_ERROR "idlgen_generate: ${directory} would be a header and a directory")
+      endif()
+      cmake_path(GET directory PARENT_PATH directory)
+    endwhile()
+  endforeach()
+endfunction()
+
+function(_idlgen_report_duplicate files names)
+  set(earlier "")
+  foreach(file name IN ZIP_LISTS files names)
+    list(FIND earlier "${name}" index)
+    if(NOT index EQUAL -1)
+      list(GET files ${index} other)
+      message(FATAL_ERROR "idlgen_generate: ${other} and ${file} would both generate ${name}")
+    endif()
+    list(APPEND earlier "${name}")
+  endforeach()
 endfunction()
 
 # Adds the command that generates one header.
@@ -106,60 +171,39 @@ endfunction()
 #   - for the program that IDLGEN_HEADER_EXECUTABLE names, if set,
 #   - otherwise, in a cross build, for one from the PATH of the build machine,
 #   - otherwise, for the installed program.
-# Sets the variable to an error message if the program does not exist, otherwise to an empty string.
+# Sets the variable to an error message if there is no such program, otherwise to an empty string.
 function(idlgen_import_program installed problem_variable)
   set(IDLGEN_HEADER_EXECUTABLE "" CACHE FILEPATH "The idlgen-header to run, if not the default")
   set(program "${installed}")
   set(problem "The program is missing from its package: ${program}")
   if(IDLGEN_HEADER_EXECUTABLE)
-    cmake_path(ABSOLUTE_PATH IDLGEN_HEADER_EXECUTABLE BASE_DIRECTORY "${CMAKE_SOURCE_DIR}" NORMALIZE
-               OUTPUT_VARIABLE program)
-    set(problem "IDLGEN_HEADER_EXECUTABLE does not exist or is a directory: ${program}")
+    set(program "${IDLGEN_HEADER_EXECUTABLE}")
+    set(problem "IDLGEN_HEADER_EXECUTABLE is not the absolute path of a program: ${program}")
   elseif(CMAKE_CROSSCOMPILING)
-    find_program(_idlgen_program idlgen-header PATHS ENV PATH
-                 NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
-    set(program "${_idlgen_program}")
+    _idlgen_search_path(program)
     set(problem "This is a cross build, and there is no idlgen-header for the build machine in its \
 PATH. Install one there or set IDLGEN_HEADER_EXECUTABLE to it.")
   endif()
-  if(EXISTS "${program}" AND NOT IS_DIRECTORY "${program}")
+  _idlgen_check_path("${program}")
+  cmake_path(IS_ABSOLUTE program absolute)
+  execute_process(COMMAND test -f "${program}" -a -x "${program}" RESULT_VARIABLE status)
+  if(absolute AND status EQUAL 0)
     set(problem "")
     _idlgen_create_target("${program}")
   endif()
   set(${problem_variable} "${problem}" PARENT_SCOPE)
 endfunction()
 
-# Returns the absolute path of an IDL file, and the path of its header below the include directory.
-function(_idlgen_locate file base include idl_variable name_variable)
-  cmake_path(ABSOLUTE_PATH file NORMALIZE OUTPUT_VARIABLE idl)
-  cmake_path(IS_PREFIX base "${idl}" NORMALIZE inside)
-  cmake_path(IS_PREFIX base "${CMAKE_CURRENT_BINARY_DIR}" NORMALIZE base_is_above)
-  if(base_is_above OR NOT inside)
-    cmake_path(IS_PREFIX CMAKE_CURRENT_BINARY_DIR "${idl}" NORMALIZE inside_binary)
-    if(inside_binary)
-      set(base "${CMAKE_CURRENT_BINARY_DIR}")
-      set(inside TRUE)
-    endif()
+# Searches the PATH for idlgen-header. Keeps the result, because an IDE may configure again with
+# another PATH.
+function(_idlgen_search_path variable)
+  if(NOT EXISTS "${_IDLGEN_HEADER_IN_PATH}")
+    unset(_IDLGEN_HEADER_IN_PATH CACHE)
   endif()
-  get_source_file_property(generated "${idl}" GENERATED)
-  if(NOT generated AND (NOT EXISTS "${idl}" OR IS_DIRECTORY "${idl}"))
-    message(FATAL_ERROR "idlgen_generate: file not found: ${file}")
-  endif()
-  if(NOT inside)
-    message(FATAL_ERROR "idlgen_generate: ${file} is not below the base directory ${base}")
-  endif()
-
-  # As in idlgen, only the last extension is replaced.
-  cmake_path(RELATIVE_PATH idl BASE_DIRECTORY "${base}" OUTPUT_VARIABLE name)
-  cmake_path(GET name EXTENSION LAST_ONLY extension)
-  if(extension MATCHES "^\\.?$")
-    message(FATAL_ERROR "idlgen_generate: ${file} has no extension to replace with .h")
-  endif()
-  cmake_path(REPLACE_EXTENSION name LAST_ONLY .h)
-  _idlgen_check_path("${idl}")
-  _idlgen_check_path("${include}/${name}")
-  set(${idl_variable} "${idl}" PARENT_SCOPE)
-  set(${name_variable} "${name}" PARENT_SCOPE)
+  find_program(_IDLGEN_HEADER_IN_PATH idlgen-header PATHS ENV PATH
+               NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+  set_property(CACHE _IDLGEN_HEADER_IN_PATH PROPERTY TYPE INTERNAL)
+  set(${variable} "${_IDLGEN_HEADER_IN_PATH}" PARENT_SCOPE)
 endfunction()
 
 function(_idlgen_create_target program)
@@ -168,13 +212,15 @@ function(_idlgen_create_target program)
     if(NOT first)
       set(first "the idlgen-header that it builds")
     endif()
-    if(NOT first STREQUAL program)
+    file(REAL_PATH "${first}" first_file)
+    file(REAL_PATH "${program}" file)
+    if(NOT first_file STREQUAL file)
       message(WARNING "This build generates headers with ${first}. It ignores ${program}.")
     endif()
     return()
   endif()
-  _idlgen_check_path("${program}")
   _idlgen_check_path("${CMAKE_BINARY_DIR}")
+
   # A program with other contents may be older than the headers. They depend on the stamp, too, which
   # is written only if the contents have changed.
   set(stamp "${CMAKE_BINARY_DIR}/idlgen-header.sha256")

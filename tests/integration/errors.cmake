@@ -2,7 +2,8 @@
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("errors with a blank")
 create_small_project()
-foreach(name "a#.idl" a.txt none dots. .hidden sub/c.idl "v[1].idl" "v?.idl" "a%b.idl" "a:b.idl")
+foreach(name a.txt none dots. .hidden a.h/b.idl sub/c.idl
+             "a#.idl" "v[1].idl" "v?.idl" "a%b.idl" "a:b.idl")
   file(WRITE "${scratch}/${name}" "")
 endforeach()
 
@@ -13,12 +14,14 @@ endfunction()
 rejected("TARGET t" "idlgen_generate: TARGET and FILES are required")
 rejected("TARGET t FILES" "idlgen_generate: no value after FILES")
 rejected("t FILES a.idl" "idlgen_generate: unknown argument: t")
+rejected("TARGET t FILES a.idl TARGET u" "idlgen_generate: TARGET takes one name, not t;u")
 rejected("TARGET t FILES missing.idl" "idlgen_generate: file not found: missing.idl")
-rejected("TARGET t FILES a.idl BASE_DIR sub" "a.idl is not below the base directory")
+rejected("TARGET t FILES a.idl BASE_DIR sub" "a.idl is in none of the base directories")
 foreach(name none dots. .hidden)
   rejected("TARGET t FILES ${name}" "${name} has no extension")
 endforeach()
 rejected("TARGET t FILES a.idl a.txt" "a.idl and a.txt would both generate a.h")
+rejected("TARGET t FILES a.h/b.idl a.idl" "a.h would be a header and a directory")
 
 # Characters that CMake does not quote, wherever they are in the path.
 rejected("TARGET t FILES v[1].idl" "in the path ${scratch}/v[1].idl")

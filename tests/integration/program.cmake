@@ -23,25 +23,37 @@ run(SUCCEEDS COMMAND ${configure})
 run(SUCCEEDS COMMAND ${build_all} PRINTS "Generating a.h")
 run(SUCCEEDS COMMAND ${build_all} PRINTS "no work to do")
 
-# IDLGEN_HEADER_EXECUTABLE, relative to the source directory.
+# IDLGEN_HEADER_EXECUTABLE. CMake would wait for the contents of a pipe.
 file(MAKE_DIRECTORY ${scratch}/tools)
 file(COPY_FILE ${program} ${scratch}/tools/mine)
-run(SUCCEEDS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE:FILEPATH=tools/mine)
+run(SUCCEEDS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE=${scratch}/tools/mine)
 run(SUCCEEDS COMMAND ${build_all} --verbose PRINTS "/tools/mine")
-run(FAILS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE=${scratch}/none
-          PRINTS "IDLGEN_HEADER_EXECUTABLE does not exist or is a directory: ${scratch}/none")
+run(SUCCEEDS COMMAND mkfifo -m 755 ${scratch}/pipe)
+foreach(other tools/mine ${scratch}/none ${scratch}/tools ${scratch}/a.idl ${scratch}/pipe)
+  run(FAILS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE:FILEPATH=${other}
+            PRINTS "IDLGEN_HEADER_EXECUTABLE is not the absolute path of a program: ${other}")
+endforeach()
 
-# A second package with another program.
-run(SUCCEEDS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE=
-             -D "CALL=set(idlgen_DIR [[${other_package}]])\nfind_package(idlgen)"
+# A second package: the same one through a link, and one with another program.
+list(APPEND configure -D IDLGEN_HEADER_EXECUTABLE=)
+file(CREATE_LINK ${PREFIX} ${scratch}/link SYMBOLIC)
+set(second "set(idlgen_DIR [[${scratch}/link/share/cmake/idlgen]])\nfind_package(idlgen)")
+run(SUCCEEDS COMMAND ${configure} -D "CALL=${second}" HIDES "It ignores")
+set(second "set(idlgen_DIR [[${other_package}]])\nfind_package(idlgen)")
+run(SUCCEEDS COMMAND ${configure} -D "CALL=${second}"
              PRINTS "This build generates headers with ${program}. It ignores")
 
-# A cross build uses a program of the build machine.
-set(cross ${configure} --fresh -D CMAKE_SYSTEM_NAME=Linux)
+# A cross build uses a program of the build machine, and keeps it.
+file(REMOVE_RECURSE ${build})
+set(cross ${configure} -D CMAKE_SYSTEM_NAME=Linux)
 run(FAILS COMMAND ${cross} PRINTS "there is no idlgen-header for the build machine in its PATH")
-set(ENV{PATH} "${PREFIX}/bin:$ENV{PATH}")
+set(path "$ENV{PATH}")
+set(ENV{PATH} "${PREFIX}/bin:${path}")
 run(SUCCEEDS COMMAND ${cross})
+set(ENV{PATH} "${path}")
+run(SUCCEEDS COMMAND ${CMAKE_COMMAND} ${build})
 run(SUCCEEDS COMMAND ${build_all})
 
 file(REMOVE ${program})
-run(FAILS COMMAND ${configure} --fresh PRINTS "The program is missing from its package: ${program}")
+file(REMOVE_RECURSE ${build})
+run(FAILS COMMAND ${configure} PRINTS "The program is missing from its package: ${program}")
