@@ -47,3 +47,12 @@ file(WRITE ${geometry_idl} "${valid}")
 file(TOUCH ${scratch}/bin/idlgen-header)
 run(SUCCEEDS COMMAND ${build_all} PRINTS ${headers} main.cpp)
 run(SUCCEEDS COMMAND ${build_all} HIDES ${headers} main.cpp)
+
+# The header of a renamed IDL file is deleted, so that nothing is compiled with it.
+file(RENAME ${robot}/common/status.idl ${robot}/common/state.idl)
+foreach(name CMakeLists.txt Makefile meson.build)
+  file(READ ${robot}/${name} text)
+  string(REPLACE "status.idl" "state.idl" text "${text}")
+  file(WRITE ${robot}/${name} "${text}")
+endforeach()
+run(FAILS COMMAND ${build_all} PRINTS "common/status.h: No such file or directory")
