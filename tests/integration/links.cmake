@@ -1,0 +1,16 @@
+# The files that the documents link to exist, in the source tree and where they are installed.
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+file(GLOB documents ${IDLGEN_SOURCE_DIR}/*.md ${IDLGEN_SOURCE_DIR}/doc/*.md)
+file(GLOB_RECURSE installed ${PREFIX}/*.md)
+foreach(document IN LISTS documents installed)
+  cmake_path(GET document PARENT_PATH directory)
+  file(READ ${document} text)
+  string(REPLACE "](" "link:" text "${text}")  # CMake does not split lists at ; between brackets.
+  string(REGEX MATCHALL "link:[^)#:]+" links "${text}")
+  foreach(link IN LISTS links)
+    string(REPLACE "link:" "" link "${link}")
+    if(NOT EXISTS "${directory}/${link}")
+      message(FATAL_ERROR "${document} links ${link}")
+    endif()
+  endforeach()
+endforeach()
