@@ -1,8 +1,8 @@
 include(CheckCXXSourceCompiles)
 include(CheckCXXSourceRuns)
 
-# Sets the cache entry to whether a statically linked program runs or, in a cross build, can be linked.
-# With some sanitizers it can be linked, but crashes at its start.
+# Sets the cache entry to whether a statically linked program runs. A cross build only links it. With
+# some sanitizers a program can be linked statically, but crashes at its start.
 function(check_static variable)
   # The checks do not use the options of the directory, such as those of a project that includes
   # this one.

@@ -221,7 +221,7 @@ function(_idlgen_create_target program)
   endif()
   _idlgen_check_path("${CMAKE_BINARY_DIR}")
 
-  # A program with other contents may be older than the headers. They depend on the stamp, too, which
+  # A program with other contents may be older than the headers. They also depend on the stamp, which
   # is written only if the contents have changed.
   set(stamp "${CMAKE_BINARY_DIR}/idlgen-header.sha256")
   file(SHA256 "${program}" hash)
