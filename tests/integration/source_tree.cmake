@@ -34,7 +34,7 @@ check("EXISTS \"${scratch}/installed/include/common/geometry.h\"")
 check("NOT EXISTS \"${scratch}/installed/bin\"")
 
 # The Debian package of a cross build has the architecture of the target.
-run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -S ${IDLGEN_SOURCE_DIR} -B ${scratch}/cross
+run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G Ninja -S ${IDLGEN_SOURCE_DIR} -B ${scratch}/cross
                      -D CMAKE_SYSTEM_NAME=Linux -D CMAKE_SYSTEM_PROCESSOR=aarch64
                      -D BUILD_TESTING=OFF)
 check_contains(${scratch}/cross/CPackConfig.cmake "CPACK_DEBIAN_PACKAGE_ARCHITECTURE \"arm64\"")
