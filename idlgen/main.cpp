@@ -25,7 +25,7 @@ void processFile(const std::string& path, const Parser& parser, bool verbose) {
     parser.parse(idl, schema);
   } catch (const std::exception&) {
     if (verbose) schema.output();  // The statements before the error.
-    throw std::exception();
+    throw;
   }
   if (verbose) schema.output();
 

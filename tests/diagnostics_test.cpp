@@ -45,12 +45,12 @@ a.idl:2:1: note: declared here
       | ^
 )"},
     {"PartOfAWord", "namespace robot.a-b.c\nenum E { A: 1|B }",
-     R"(a.idl:1:17: error: "a-b" is not a name: write "_" instead of "-"
+     R"(a.idl:1:11: error: "a-b" is not a name: write "_" instead of "-"
     1 | namespace robot.a-b.c
-      |                 ^~~
-a.idl:2:15: warning: "B" is not an item above
+      |           ^~~~~~~~~~~
+a.idl:2:13: warning: "B" is not an item above
     2 | enum E { A: 1|B }
-      |               ^
+      |             ^~~
 )"},
     {"LastOfEqualWords", "enum e { e: 1 f: 2 } e # e",
      R"(a.idl:1:22: error: WRONG format in e

@@ -30,7 +30,7 @@ constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 struct Finding {
   const Rule* rule;
   std::size_t word;            ///< The index of the word at fault.
-  std::string_view text;       ///< The word, or the part of it that is at fault.
+  std::string_view text;       ///< For the sentence: the word, or the part at fault.
   std::size_t other = noWord;  ///< The index of the word that the note of the rule is about.
 };
 

@@ -79,44 +79,37 @@ class Writer {
       : path(filePath), words(fileWords), places(wordPlaces) {}
 
   void writeFinding(const Finding& finding) {
-    const char* const kind = IsError(finding) ? "error" : "warning";
-    write(kind, finding.word, finding.text, Sentence(finding));
-    if (finding.other != noWord) {
-      write("note", finding.other, words[finding.other].text, std::string(finding.rule->note));
-    }
+    write(IsError(finding) ? "error" : "warning", finding.word, Sentence(finding));
+    if (finding.other != noWord) write("note", finding.other, std::string(finding.rule->note));
   }
 
   void writeGrammarError(const ParseError& error) {
     const std::size_t last = error.tokensRead - 1;
-    write("error", last, words[last].text, Shortened(error.reason));
+    write("error", last, Shortened(error.reason));
     const std::string hint = GrammarHint(error, words, places.at(last));
-    if (!hint.empty()) text += Location(last, words[last].text) + ": note: " + hint + "\n";
+    if (!hint.empty()) text += Location(last) + ": note: " + hint + "\n";
     const std::size_t other = OtherWord(words, error);
     if (other == noWord) return;
-    const std::string_view word = words[other].text;
     const bool isStatement = words[other].role == Role::Statement;
-    write("note", other, word,
-          isStatement ? "this " + std::string(word) + " is not complete" : "the first one is here");
+    write("note", other,
+          isStatement ? "this " + std::string(words[other].text) + " is not complete"
+                      : "the first one is here");
   }
 
   std::string text;
 
  private:
-  /// Writes a message about a word or a part of it.
-  void write(const char* kind, std::size_t word, std::string_view part,
-             const std::string& sentence) {
+  /// Writes a message and the line of its word.
+  void write(const char* kind, std::size_t word, const std::string& sentence) {
     const Place& place = places.at(word);
-    text += Location(word, part) + ": " + kind + ": " + sentence + "\n" +
-            Excerpt(place.lineNumber, place.line, Offset(word, part), part.size());
+    text += Location(word) + ": " + kind + ": " + sentence + "\n" +
+            Excerpt(place.lineNumber, place.line, place.offset, words[word].text.size());
   }
 
-  [[nodiscard]] std::size_t Offset(std::size_t word, std::string_view part) const {
-    return places.at(word).offset + static_cast<std::size_t>(part.data() - words[word].text.data());
-  }
-
-  [[nodiscard]] std::string Location(std::size_t word, std::string_view part) const {
-    return Printable(path) + ":" + std::to_string(places.at(word).lineNumber) + ":" +
-           std::to_string(Offset(word, part) + 1);
+  [[nodiscard]] std::string Location(std::size_t word) const {
+    const Place& place = places.at(word);
+    return Printable(path) + ":" + std::to_string(place.lineNumber) + ":" +
+           std::to_string(place.offset + 1);
   }
 
   [[nodiscard]] std::string Sentence(const Finding& finding) const {

@@ -1,4 +1,5 @@
 #include "reader/idl.h"
+
 #include "support.h"
 
 using namespace std::string_literals;
