@@ -16,8 +16,8 @@
 #include <string_view>
 #include <vector>
 
+#include "diagnostics/examine.h"
 #include "generator/generator.h"
-#include "header/generate_header.h"
 #include "io/line_writer.h"
 #include "reader/idl.h"
 #include "schema/parser.h"
@@ -94,7 +94,7 @@ std::vector<std::string> Lines(const std::string& text) {
 
 /// Checks the messages about the text: their number, their places, and that nothing in them can
 /// disturb a terminal.
-void checkMessages(const std::string& text, const HeaderResult& result) {
+void checkMessages(const std::string& text, const Outcome& result) {
   const std::vector<std::string> textLines = Lines(text);
   std::size_t count = 0;
   std::size_t errors = 0;
@@ -241,7 +241,7 @@ void checkStages(const std::string& text) {
   Schema schema;
   const bool valid = Parse(idl, schema);
   Schema other;
-  HeaderResult result{};
+  Outcome result{};
   check(Printed([&] { result = examine("a.idl", text, other); }).empty(),
         "checking prints nothing");
   check(valid || !result.succeeded, "a file with a grammar error is never accepted");

@@ -47,7 +47,7 @@ int run(int argc, char** argv) {
   request.idl = argv[argc - 2];
   request.header = argv[argc - 1];
   request.ifChanged = ifChanged;
-  const HeaderResult result = generateHeader(request);
+  const Outcome result = generateHeader(request);
   printError(result.messages);
   return result.succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
 }

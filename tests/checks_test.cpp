@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "diagnostics/examine.h"
 #include "generator/generator.h"
-#include "header/generate_header.h"
 #include "schema/parser.h"
 #include "support.h"
 
@@ -95,7 +95,7 @@ using Checks = testing::TestWithParam<CheckCase>;
 
 TEST_P(Checks, TellEachMistake) {
   Schema schema;
-  const HeaderResult result = examine("a.idl", GetParam().text, schema);
+  const Outcome result = examine("a.idl", GetParam().text, schema);
   EXPECT_EQ(Shown(Messages(result.messages)), Shown(GetParam().expected));
   EXPECT_EQ(result.succeeded, !SaysError(GetParam().expected));
 }

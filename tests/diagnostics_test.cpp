@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "header/generate_header.h"
+#include "diagnostics/examine.h"
 #include "support.h"
 
 // Whole messages, with the lines that show the place.

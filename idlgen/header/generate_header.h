@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "schema/schema.h"
+#include "diagnostics/examine.h"
 
 namespace zentho {
 
@@ -13,21 +13,12 @@ struct HeaderRequest {
   bool ifChanged = false;  ///< Leave a header untouched that already has the text.
 };
 
-struct HeaderResult {
-  bool succeeded;
-  std::string messages;  ///< Lines for standard error. There may be warnings after success.
-};
-
-/// Parses and checks the text of the IDL file at `path`. Fills the empty `schema` if it succeeds.
-[[nodiscard]] HeaderResult examine(const std::string& path, const std::string& text,
-                                   Schema& schema);
-
 /// Generates the header of one IDL file, whole or not at all, with the stages in this process.
 /// Checks what the file means first. Creates missing directories. Prints nothing.
 ///
 /// Refuses to touch what may not be a generated header: the IDL file, a link, a device, or a file
 /// that is neither empty nor begins with "#pragma once". After any other failure, removes an older
 /// header, so that nothing is compiled with it.
-[[nodiscard]] HeaderResult generateHeader(const HeaderRequest& request);
+[[nodiscard]] Outcome generateHeader(const HeaderRequest& request);
 
 }  // namespace zentho

@@ -23,6 +23,10 @@ std::error_code LastError() {
   return {errno, std::generic_category()};
 }
 
+bool IsMissing(const std::error_code& error) {
+  return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
 std::error_code Descriptor::close() {
   if (value < 0) return {};
   const int result = ::close(value);

@@ -12,6 +12,9 @@ namespace zentho {
 /// Returns the reason why the last system call failed. Call it right after that.
 [[nodiscard]] std::error_code LastError();
 
+/// Returns whether the error means that there is no such file.
+[[nodiscard]] bool IsMissing(const std::error_code& error);
+
 /// Owns a file descriptor, which is negative if the file could not be opened.
 class Descriptor {
  public:

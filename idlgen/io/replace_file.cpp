@@ -1,14 +1,13 @@
 #include "io/replace_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <cstddef>
 #include <cstdio>
+#include <filesystem>
 
 #include "io/file.h"
 
@@ -31,16 +30,6 @@ class SignalDelay {
  private:
   sigset_t earlier{};
 };
-
-/// Creates the missing directories above a file.
-std::error_code makeDirectories(const std::string& path) {
-  for (std::size_t end = path.find('/', 1); end != std::string::npos;
-       end = path.find('/', end + 1)) {
-    const std::string directory = path.substr(0, end);
-    if (::mkdir(directory.c_str(), 0777) != 0 && errno != EEXIST) return LastError();
-  }
-  return {};
-}
 
 /// Creates a file with a new name in the directory of `path`, and sets `name` to its path. Returns
 /// a negative descriptor and sets errno if it fails. Unlike mkostemp, gives it the mode of a new
@@ -72,7 +61,9 @@ std::error_code replaceFile(const std::string& path, std::string_view bytes) {
   std::string temporary;
   int created = createTemporary(path, temporary);
   if (created < 0 && errno == ENOENT) {
-    if (const std::error_code error = makeDirectories(path)) return error;
+    std::error_code error;
+    std::filesystem::create_directories(path.substr(0, path.rfind('/') + 1), error);
+    if (error) return error;
     created = createTemporary(path, temporary);
   }
   if (created < 0) return LastError();
@@ -85,8 +76,8 @@ std::error_code replaceFile(const std::string& path, std::string_view bytes) {
 }
 
 std::error_code removeFile(const std::string& path) {
-  if (::unlink(path.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR) return {};
-  return LastError();
+  const std::error_code error = ::unlink(path.c_str()) == 0 ? std::error_code() : LastError();
+  return IsMissing(error) ? std::error_code() : error;
 }
 
 }  // namespace zentho
