@@ -10,7 +10,7 @@ namespace zentho {
 namespace {
 
 /// The number of bytes of a line or word that a message shows.
-constexpr std::size_t longest = 200;
+constexpr std::size_t maxShownSize = 200;
 
 void appendEscape(std::string& result, const Character& character) {
   std::array<char, 12> escape{};
@@ -32,7 +32,7 @@ std::size_t CharacterBegin(std::string_view text, std::size_t index) {
 
 /// Returns how much of the text a message shows, in bytes.
 std::size_t ShownSize(std::string_view text) {
-  return text.size() <= longest ? text.size() : CharacterBegin(text, longest);
+  return text.size() <= maxShownSize ? text.size() : CharacterBegin(text, maxShownSize);
 }
 
 /// Returns how many columns a printable text takes: one for each character.
@@ -71,7 +71,8 @@ std::string Shortened(std::string_view text) {
 std::string Excerpt(std::size_t lineNumber, std::string_view line, std::size_t begin,
                     std::size_t size) {
   constexpr std::size_t context = 40;
-  const std::size_t cut = begin + context <= longest ? 0 : CharacterBegin(line, begin - context);
+  const std::size_t cut =
+      begin + context <= maxShownSize ? 0 : CharacterBegin(line, begin - context);
   const std::string_view part = line.substr(cut);
   const std::size_t shown = ShownSize(part);
   const std::string before = (cut > 0 ? "..." : "") + Printable(part.substr(0, begin - cut));

@@ -20,7 +20,7 @@ std::string OutputPath(std::string_view idlPath) {
   return std::string(idlPath.substr(0, dot)) + ".h";
 }
 
-/// Returns the text with all occurrences of the pattern replaced.
+/// Returns the text with all occurrences of the pattern, which must not be empty, replaced.
 std::string replace(std::string text, std::string pattern, std::string replacement) {
   std::string result;
   std::size_t begin = 0;

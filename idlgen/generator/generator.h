@@ -14,6 +14,7 @@ namespace zentho {
 class Generator {
  public:
   explicit Generator(const Schema& model) : schema(&model) {}
+  explicit Generator(Schema&&) = delete;  // It would be gone before the header is written.
 
   /// Writes the header of the IDL file at `idlPath`. The header's path is `idlPath` with everything
   /// from the last '.' replaced by ".h", even if that '.' is in a directory's name. Creates missing

@@ -10,8 +10,8 @@
 namespace zentho {
 namespace {
 
-/// Moves the first token of `line` to the end of `pieces`: whole, and without a new allocation, if
-/// it does not contain the separator, otherwise as the pieces that `split` makes of it.
+/// Moves the first token of `line` to the end of `pieces`: as the pieces that `split` makes of it,
+/// or whole and without a new allocation if it is not empty and does not contain the separator.
 template <typename Split>
 void moveFront(std::list<std::string>& line, std::list<std::string>& pieces, char separator,
                const Split& split) {

@@ -32,11 +32,11 @@ std::vector<std::string_view> Tokens(const IDL& idl) {
 
 /// One pass over the tokens of a file, up to the first error. Refers to its arguments, which must
 /// outlive it. Prints only on request.
-class Walk {
+class StatementParser {
  public:
   /// `fileRoles` is empty, or gets the roles of the tokens that are read.
-  Walk(const std::vector<std::string_view>& fileTokens, std::vector<Role>& fileRoles,
-       Schema& target)
+  StatementParser(const std::vector<std::string_view>& fileTokens, std::vector<Role>& fileRoles,
+                  Schema& target)
       : tokens(fileTokens), roles(fileRoles), schema(target) {}
 
   [[nodiscard]] bool atEnd() const { return position == tokens.size(); }
@@ -74,7 +74,7 @@ class Walk {
   std::size_t position = 0;
 };
 
-std::string_view Walk::parseStatement() {
+std::string_view StatementParser::parseStatement() {
   const std::string_view keyword = next(Role::Statement);
   if (keyword == "include") {
     parseInclude();
@@ -92,20 +92,20 @@ std::string_view Walk::parseStatement() {
   return keyword;
 }
 
-void Walk::printTokensRead() const {
+void StatementParser::printTokensRead() const {
   printLine({});
   printLine({"lines:"});
   for (std::size_t i = 0; i < position; ++i) printLine({tokens[i]});
 }
 
-void Walk::parseInclude() {
+void StatementParser::parseInclude() {
   // Drops the first character, normally '"' or '<', without checking it. Drops everything from the
   // last '.', normally the extension and the closing '"' or '>'.
   const std::string_view file = next(Role::IncludePath).substr(1);
   schema.includes.emplace_back(file.substr(0, file.rfind('.')));
 }
 
-void Walk::parseNamespace() {
+void StatementParser::parseNamespace() {
   if (schema.namespaceSet) {
     fail(ParseError::Kind::SecondNamespace, "namespace can be set only once.");
   }
@@ -115,7 +115,7 @@ void Walk::parseNamespace() {
   schema.namespaces.insert(schema.namespaces.end(), components.begin(), components.end());
 }
 
-void Walk::parseEnum() {
+void StatementParser::parseEnum() {
   Enum record;
   record.name = next(Role::EnumName);
   expect("{", Role::Brace);
@@ -126,14 +126,14 @@ void Walk::parseEnum() {
   schema.enums.push_back(std::move(record));
 }
 
-void Walk::parseMessage() {
+void StatementParser::parseMessage() {
   Message message;
   message.name = next(Role::MessageName);
   message.members = parseMembers();
   schema.messages.push_back(std::move(message));
 }
 
-void Walk::parseService() {
+void StatementParser::parseService() {
   Service service;
   service.name = next(Role::ServiceName);
   expect("{", Role::Brace);
@@ -145,14 +145,14 @@ void Walk::parseService() {
   schema.services.push_back(std::move(service));
 }
 
-std::vector<CommonMember> Walk::parseMembers() {
+std::vector<CommonMember> StatementParser::parseMembers() {
   std::vector<CommonMember> members;
   expect("{", Role::Brace);
   while (!readListEnd()) members.push_back(parseMember());
   return members;
 }
 
-CommonMember Walk::parseMember() {
+CommonMember StatementParser::parseMember() {
   CommonMember member;
   member.name = next(Role::MemberName);
   // Strips one character from each end per level until the last '[' is gone. The trailing one must
@@ -160,7 +160,7 @@ CommonMember Walk::parseMember() {
   std::string_view type = next(Role::MemberType);
   const std::size_t levels = type.rfind('[') + 1;  // 0 if there is no '['.
   for (std::size_t level = 0; level < levels; ++level) {
-    // Never empty: a '[' is left, because each level strips at most the first one.
+    // Never empty: the last '[' is at index levels - 1, so only the last round strips it.
     if (type.back() != ']') failFormat(type);
     type = type.substr(1, type.size() - 2);
   }
@@ -176,36 +176,36 @@ CommonMember Walk::parseMember() {
   return member;
 }
 
-std::string_view Walk::next(Role role) {
+std::string_view StatementParser::next(Role role) {
   if (atEnd()) fail(ParseError::Kind::EndOfFile, "unexpected end of file.");
   if (!roles.empty()) roles[position] = role;
   return tokens[position++];
 }
 
-void Walk::expect(std::string_view expected, Role role) {
+void StatementParser::expect(std::string_view expected, Role role) {
   const std::string_view token = next(role);
   if (token != expected) failFormat(token);
 }
 
-bool Walk::readListEnd() {
+bool StatementParser::readListEnd() {
   if (atEnd() || tokens[position] != "}") return false;
   next(Role::Brace);
   return true;
 }
 
-void Walk::fail(ParseError::Kind kind, std::string reason) const {
+void StatementParser::fail(ParseError::Kind kind, std::string reason) const {
   throw ParseError(kind, std::move(reason), position);
 }
 
-void Walk::failFormat(std::string_view token) const {
+void StatementParser::failFormat(std::string_view token) const {
   fail(ParseError::Kind::WrongFormat, std::string("WRONG format in ").append(token));
 }
 
 /// Prints the reason, unless it is empty, and the tokens read so far. Throws a plain exception.
-[[noreturn]] void fail(const Walk& walk, const std::string& reason) {
+[[noreturn]] void fail(const StatementParser& parser, const std::string& reason) {
   try {
     if (!reason.empty()) printLine({reason});
-    walk.printTokensRead();
+    parser.printTokensRead();
   } catch (const std::exception&) {
     // Memory has run out.
   }
@@ -217,14 +217,14 @@ void Walk::failFormat(std::string_view token) const {
 void Parser::parse(const IDL& idl, Schema& schema) const {
   std::vector<std::string_view> tokens;
   std::vector<Role> noRoles;
-  Walk walk(tokens, noRoles, schema);
+  StatementParser parser(tokens, noRoles, schema);
   try {
     tokens = Tokens(idl);
-    while (!walk.atEnd()) printLine({walk.parseStatement(), " done."});
+    while (!parser.atEnd()) printLine({parser.parseStatement(), " done."});
   } catch (const ParseError& error) {
-    fail(walk, error.reason);
+    fail(parser, error.reason);
   } catch (const std::exception&) {
-    fail(walk, {});
+    fail(parser, {});
   }
 }
 
@@ -236,8 +236,8 @@ void Parser::parseSilently(const IDL& idl, Schema& schema) const {
 void Parser::parseSilently(const IDL& idl, Schema& schema, Words& words) const {
   words.texts = Tokens(idl);
   words.roles.assign(words.size(), Role::Unread);
-  Walk walk(words.texts, words.roles, schema);
-  while (!walk.atEnd()) walk.parseStatement();
+  StatementParser parser(words.texts, words.roles, schema);
+  while (!parser.atEnd()) parser.parseStatement();
 }
 
 }  // namespace zentho

@@ -45,9 +45,9 @@ struct Service {
 struct Schema {
   std::vector<std::string> includes;  ///< The included files, without extension.
 
-  // Whether a member has an integer type, is a string, is a vector or is a matrix. The generator
-  // turns these into includes. Nothing sets the last two yet: the framework's header includes
-  // <vector>, and there is no keyword for a matrix.
+  // Whether a member, or an element of a vector, is an integer, a string, a vector or a matrix. The
+  // generator turns these into includes. The parser sets the first two only: the framework's header
+  // includes <vector>, and there is no keyword for a matrix.
   bool hasIntType = false;
   bool hasString = false;
   bool hasVector = false;

@@ -9,7 +9,7 @@ namespace zentho::util {
 class FilePath {
  public:
   /// Creates an empty file at `path`, a zero-terminated string, and its missing parent directories.
-  /// Does not change an existing file. Ignores errors: the caller notices when it opens the file.
+  /// Does not change an existing file. Ignores errors: the caller's own open fails then.
   static void createFile(const char* path);
 };
 
