@@ -43,7 +43,7 @@ C++20 keyword as a name: warning; name; concept requires co_await char8_t conste
 reserved name: warning; name; __x _X __int128 __func__ _Pragma __init__
 built-in type as a name: warning; member; @int8: string  @string: [int8]
 type before the name: error alone; member; @int8 @x  @string @x  @float64 @x y: int8
-character in a name: error; name; a-b 1st 7 x! x? a+b x` a-b-c a/b "x" x% °C x— “x” ‘x’ x½ x‐y x… x§
+character in a name: error compiles; name; a-b 1st 7 x! x? a+b x` a-b-c a/b "x" x% °C x— “x” ‘x’ x½ x‐y x… x§
 invisible character in a name: error compiles; name; x\xa0y x\u200by x\u200d x\u2060 x²
 odd name: error compiles; name; x[3] x[] \\u00e9 x=3 (x) x/**/ *x &x x, x} x; x() x/**/y x\\ x.y
 control character in a name: error compiles; name; \tx x\t x\r \t x\x01 \x7fx x\x0cy x\tint8

@@ -19,7 +19,7 @@ std::map<std::size_t, Place> FindPlaces(std::string_view text, const Words& word
     std::size_t begin = code.find_first_not_of(separators);
     while (begin != std::string_view::npos) {
       if (wanted.count(index) > 0) places[index] = {lineNumber, line, begin};
-      begin = code.find_first_not_of(separators, begin + words[index].text.size());
+      begin = code.find_first_not_of(separators, begin + words.texts[index].size());
       ++index;
     }
   }

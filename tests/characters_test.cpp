@@ -1,0 +1,56 @@
+#include "check/characters.h"
+
+#include "support.h"
+
+namespace zentho {
+namespace {
+
+struct Encoding {
+  const char* name;
+  std::string bytes;
+  char32_t code;
+  std::size_t size;
+  bool valid;
+};
+using Encodings = testing::TestWithParam<Encoding>;
+
+TEST_P(Encodings, GiveTheFirstCharacter) {
+  const Character character = FirstCharacter(GetParam().bytes + "x");
+  EXPECT_EQ(static_cast<unsigned>(character.code), static_cast<unsigned>(GetParam().code));
+  EXPECT_EQ(character.size, GetParam().size);
+  EXPECT_EQ(character.valid, GetParam().valid);
+}
+
+const std::vector<Encoding> encodings = {
+    {"Ascii", "a", 'a', 1, true},
+    {"TwoBytes", "\xc3\xa9", 0xe9, 2, true},
+    {"ThreeBytes", "\xef\xbb\xbf", 0xfeff, 3, true},
+    {"FourBytes", "\xf0\x9f\x99\x82", 0x1f642, 4, true},
+    {"LastCode", "\xf4\x8f\xbf\xbf", 0x10ffff, 4, true},
+    {"BehindTheLastCode", "\xf4\x90\x80\x80", 0xf4, 1, false},
+    {"Continuation", "\x80", 0x80, 1, false},
+    {"TooLongForTwoBytes", "\xc1\xbf", 0xc1, 1, false},
+    {"TooLongForThreeBytes", "\xe0\x9f\xbf", 0xe0, 1, false},
+    {"TooLongForFourBytes", "\xf0\x8f\xbf\xbf", 0xf0, 1, false},
+    {"Surrogate", "\xed\xa0\x80", 0xed, 1, false},
+    {"Incomplete", "\xe2\x82", 0xe2, 1, false},
+    {"NoUtf8", "\xff", 0xff, 1, false}};
+INSTANTIATE_TEST_SUITE_P(Characters, Encodings, testing::ValuesIn(encodings), RowName<Encoding>);
+
+TEST(Characters, AreInvisibleUpToTheEndsOfTheRanges) {
+  for (const char32_t code : {0x00, 0x1f, 0x7f, 0xa0, 0xad, 0x200b, 0x2028, 0xfeff, 0xe0001}) {
+    EXPECT_TRUE(IsInvisible(code)) << static_cast<unsigned>(code);
+  }
+  for (const char32_t code : {0x20, 0x7e, 0xa1, 0xe9, 0x2010, 0x2030, 0x3001, 0x1f642}) {
+    EXPECT_FALSE(IsInvisible(code)) << static_cast<unsigned>(code);
+  }
+}
+
+TEST(Characters, AreControlsAlsoBeyondAscii) {
+  EXPECT_TRUE(HasControlCharacter("a\x1b"));
+  EXPECT_TRUE(HasControlCharacter("\xc2\x9b"));
+  EXPECT_FALSE(HasControlCharacter("a\xc2\xa0\x9b"));  // A space, and a byte that is no UTF-8.
+}
+
+}  // namespace
+}  // namespace zentho
