@@ -160,8 +160,11 @@ TEST_P(EachSignal, LeavesTheHeaderWhole) {
   }
 }
 
-constexpr EndingSignal signals[] = {
-    {"SIGHUP", SIGHUP}, {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGKILL", SIGKILL}};
+constexpr EndingSignal signals[] = {{"SIGHUP", SIGHUP},
+                                    {"SIGINT", SIGINT},
+                                    {"SIGQUIT", SIGQUIT},
+                                    {"SIGTERM", SIGTERM},
+                                    {"SIGKILL", SIGKILL}};
 INSTANTIATE_TEST_SUITE_P(IdlgenHeader, EachSignal, testing::ValuesIn(signals),
                          RowName<EndingSignal>);
 

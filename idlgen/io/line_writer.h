@@ -11,9 +11,6 @@ namespace zentho {
 /// Writes text line by line.
 class LineWriter {
  public:
-  LineWriter() = default;
-  LineWriter(const LineWriter&) = delete;
-  LineWriter& operator=(const LineWriter&) = delete;
   virtual ~LineWriter() = default;
 
   /// Writes the concatenated pieces and a line feed. Throws only if memory runs out.

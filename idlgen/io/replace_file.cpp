@@ -1,6 +1,7 @@
 #include "io/replace_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -20,7 +21,7 @@ class SignalDelay {
   SignalDelay() {
     sigset_t ending;
     ::sigemptyset(&ending);
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) ::sigaddset(&ending, signal);
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) ::sigaddset(&ending, signal);
     ::pthread_sigmask(SIG_BLOCK, &ending, &earlier);
   }
   SignalDelay(const SignalDelay&) = delete;
@@ -76,8 +77,11 @@ std::error_code replaceFile(const std::string& path, std::string_view bytes) {
 }
 
 std::error_code removeFile(const std::string& path) {
-  const std::error_code error = ::unlink(path.c_str()) == 0 ? std::error_code() : LastError();
-  return IsMissing(error) ? std::error_code() : error;
+  if (::unlink(path.c_str()) == 0) return {};
+  const std::error_code error = LastError();  // On a read-only file system, also without a file.
+  struct stat status {};
+  if (::lstat(path.c_str(), &status) != 0 && IsMissing(LastError())) return {};
+  return error;
 }
 
 }  // namespace zentho

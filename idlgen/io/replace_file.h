@@ -7,8 +7,8 @@
 namespace zentho {
 
 /// Creates or replaces the file at `path`, whole or not at all: writes a temporary file in the same
-/// directory and renames it. Creates missing directories. SIGHUP, SIGINT and SIGTERM wait until the
-/// temporary file is gone.
+/// directory and renames it. Creates missing directories. SIGHUP, SIGINT, SIGQUIT and SIGTERM wait
+/// until the temporary file is gone.
 [[nodiscard]] std::error_code replaceFile(const std::string& path, std::string_view bytes);
 
 /// Removes the file at `path`, if there is one.
