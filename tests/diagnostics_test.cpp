@@ -29,6 +29,8 @@ TEST_P(Excerpts, ShowTheirPlaces) {
 }
 
 const std::string keyword = "a.idl:1:1: error: WRONG format in ";
+const std::string noStatement =
+    ": note: a statement begins with include, namespace, enum, message or service\n";
 
 const std::vector<ExcerptRow> excerpts = {
     {"WordInALine", "message M {\n    x: int8;\n}\n",
@@ -56,7 +58,8 @@ a.idl:2:13: warning: "B" is not an item above
      R"(a.idl:1:22: error: WRONG format in e
     1 | enum e { e: 1 f: 2 } e # e
       |                      ^
-)"},
+a.idl:1:22)" +
+         noStatement},
     {"CharactersOfSeveralBytes", "message M { größe: int8, 温度: Größe }",
      R"(a.idl:1:22: error: "int8," is not a type: delete the ","
     1 | message M { größe: int8, 温度: Größe }
@@ -77,13 +80,14 @@ a.idl:1:1: note: use spaces instead of tabs
       | ^
 a.idl:4:1: note: there is no "{" for it
 )"},
-    {"OneByte", "{", keyword + "{\n    1 | {\n      | ^\n"},
+    {"OneByte", "{", keyword + "{\n    1 | {\n      | ^\na.idl:1:1" + noStatement},
     {"LineNumberOfSixDigits", Repeated(123455, "#\n") + "+",
-     "a.idl:123456:1: error: WRONG format in +\n123456 | +\n       | ^\n"},
+     "a.idl:123456:1: error: WRONG format in +\n123456 | +\n       | ^\na.idl:123456:1" +
+         noStatement},
     {"LineOf200Bytes", "+ " + Repeated(198, "."),
-     keyword + "+\n    1 | + " + Repeated(198, ".") + "\n      | ^\n"},
+     keyword + "+\n    1 | + " + Repeated(198, ".") + "\n      | ^\na.idl:1:1" + noStatement},
     {"LineOf201BytesIsCut", "+ " + Repeated(199, "."),
-     keyword + "+\n    1 | + " + Repeated(198, ".") + "...\n      | ^\n"},
+     keyword + "+\n    1 | + " + Repeated(198, ".") + "...\n      | ^\na.idl:1:1" + noStatement},
     {"WordBehind160Bytes", "enum " + Repeated(154, "E") + " (" + Repeated(50, "."),
      "a.idl:1:161: error: WRONG format in (" + Repeated(50, ".") + "\n    1 | enum " +
          Repeated(154, "E") + " (" + Repeated(39, ".") + "...\n      | " + Repeated(160, " ") +
@@ -95,7 +99,7 @@ a.idl:4:1: note: there is no "{" for it
          Repeated(50, "~") + "\na.idl:1:162: note: a \"{\" is missing before it\n"},
     {"CutBetweenCharacters", "a" + Repeated(101, "é"),
      keyword + "a" + Repeated(91, "é") + "...\n    1 | a" + Repeated(99, "é") + "...\n      | ^" +
-         Repeated(99, "~") + "\n"},
+         Repeated(99, "~") + "\na.idl:1:1" + noStatement},
     {"BeginsBetweenCharacters", "enum b" + Repeated(100, "é") + " (",
      "a.idl:1:208: error: WRONG format in (\n    1 | ..." + Repeated(20, "é") + " (\n      | " +
          Repeated(24, " ") + "^\na.idl:1:208: note: a \"{\" is missing before it\n"},

@@ -1,4 +1,4 @@
-#include "diagnostics/places.h"
+#include "check/places.h"
 
 #include "support.h"
 

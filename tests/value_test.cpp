@@ -28,7 +28,8 @@ TEST(Value, IsNothingElse) {
   for (const std::string& word : Words(
            "08 0x 0x' 1' '1 1''0 0b2 1.5 .5 1e3 1_x 1uu 1lul 0x1g = + 1+ *1 &A 1~2 1!2 1=2 1<=>2 "
            "() (1 1) )( (1)) 1(2) f(, ,1 1,2 1; {1} 1} \"a\" 'a a' '' '\\' '\\x' \\u0041 R'a' x'a' "
-           "1//2 1/*2 <%1 1%>2 1??2 [1] 1[2] a.b a::b a->b @1 `1` nullptr class int 1int #1 \x01 "
+           "1//2 1/*2 <%1 1%>2 1??2 [1] 1[2] a.b a::b a->b @1 `1` nullptr class int sizeof 0xE+1 "
+           "0x1e-1 1int #1 \x01 "
            "'\x01' \xff u8'é' 1é é° A° (1)'a'b")) {
     EXPECT_FALSE(ReadValue(word).isValid) << word;
   }

@@ -220,12 +220,16 @@ void Checker::checkMember(std::size_t i) {
   if (isInList(own.asMember) && IsIdentifier(name)) {
     report(rules::memberTwice, i - 1, own.asMember);
   }
+  const std::size_t before = findings.size();
   const std::optional<std::string_view> element = ElementType(words[i].text);
   if (element.has_value()) {
     checkType(i, *element, element->size() < words[i].text.size());
   } else {
     report(rules::notAType, i);
   }
+  // In `Pose pose`, the type has been put first, and is no member.
+  const bool isUnknown = findings.size() > before && findings.back().rule == &rules::notDeclared;
+  if (isUnknown && declarations.record(name) != noWord) return;
   if (isInList(own.asType)) report(rules::changesMeaning, i - 1, own.asType);
   own.asMember = i - 1;
 }
@@ -272,9 +276,11 @@ void Checker::checkFound(std::size_t i, std::string_view type, bool isVector, co
     case Lookup::Item:
       return reportPart(rules::hiddenByItem, i, type, found.word);
     case Lookup::Below: {
+      const bool isService = words[found.word].role == Role::ServiceName &&
+                             words[scope.record].role == Role::MessageName;
+      const Rule& rule = isService ? rules::serviceInMessage : rules::declaredBelow;
       const bool mayBeElsewhere = declarations.mayBeElsewhere(type);
-      const Rule& rule = mayBeElsewhere ? rules::perhapsDeclaredBelow : rules::declaredBelow;
-      return reportPart(rule, i, type, found.word);
+      return reportPart(mayBeElsewhere ? rules::perhapsDeclaredBelow : rule, i, type, found.word);
     }
     case Lookup::Unknown:
       if (!IsCppType(type)) reportPart(rules::notDeclared, i, type);
@@ -283,12 +289,12 @@ void Checker::checkFound(std::size_t i, std::string_view type, bool isVector, co
 
 }  // namespace
 
-std::vector<Finding> Check(const Words& words, std::size_t count) {
-  const std::size_t inStep = WordsInStep(words, count);
+std::vector<Finding> Check(std::string_view text, const Words& words, std::size_t count) {
+  const std::size_t inStep = WordsInStep(text, words, count);
   Checker checker(words, inStep);
   for (std::size_t i = 0; i < inStep; ++i) checker.checkWord(i);
   std::vector<Finding> findings = std::move(checker.findings);
-  if (inStep < count) explainStep(words, inStep, findings);
+  if (inStep < count) explainStep(text, words, inStep, findings);
   const auto isBefore = [](const Finding& a, const Finding& b) { return a.word < b.word; };
   if (!std::is_sorted(findings.begin(), findings.end(), isBefore)) {
     std::stable_sort(findings.begin(), findings.end(), isBefore);

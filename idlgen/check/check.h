@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "check/rules.h"
@@ -9,8 +10,9 @@
 namespace zentho {
 
 /// Checks what the words of a file mean: whether each can be what its place means, and whether C++
-/// compilers accept the header, as far as the file itself shows. Checks the first `count` words;
-/// the others may still declare what these use. Returns the findings in the order of the words.
-std::vector<Finding> Check(const Words& words, std::size_t count);
+/// compilers accept the header, as far as the file itself shows. Checks the first `count` words of
+/// the text; the others may still declare what these use. Returns the findings in the order of the
+/// words.
+std::vector<Finding> Check(std::string_view text, const Words& words, std::size_t count);
 
 }  // namespace zentho

@@ -12,6 +12,8 @@ enum class Severity : std::uint8_t { Error, Warning };
 enum class Hint : std::uint8_t {
   None,
   Form,        ///< What the characters of the word suggest.
+  Colons,      ///< How to write a name with "::".
+  ItemValue,   ///< That an item needs a value, if it seems to have none.
   SimilarType  ///< A type with a similar name.
 };
 
@@ -46,10 +48,20 @@ inline constexpr Rule notAValue{error, R"("%" is not a value)", {}, Hint::Form};
 inline constexpr Rule notAPath{error, R"(% is not a path)", {}, Hint::Form};
 
 // Words that put those behind them out of step.
-inline constexpr Rule missingEnd{error, R"(a "}" is missing before this "%")"};
+inline constexpr Rule missingEndOfPart{error, R"(a "}" is missing before this "%")"};
+inline constexpr Rule missingEnd{
+    error, R"(a "}" is missing before this "%": declarations cannot be nested)"};
 inline constexpr Rule missingName{error, R"(a name is missing before the "%")"};
+inline constexpr Rule nameless{error, R"("%" has no name)"};
 inline constexpr Rule missingType{error, R"("%" has no type)"};
 inline constexpr Rule missingValue{error, R"("%" has no value: each item needs one, as in "A: 0")"};
+
+inline constexpr Rule extraWordOfType{
+    error, R"("%" is a word too many: a member is a name and one word for the type)"};
+inline constexpr Rule extraWordOfValue{
+    error, R"("%" is a word too many: an item is a name and one word for the value)"};
+inline constexpr Rule colonsInType{error, R"("%::" is not a type)", {}, Hint::Colons};
+inline constexpr Rule colonsInValue{error, R"("%::" is not a value)", {}, Hint::Colons};
 
 // Names.
 inline constexpr Rule keywordAsName{
@@ -80,6 +92,8 @@ inline constexpr Rule declaredBelow{
     error, R"("%" is declared below: move it above the types that use it)", "declared here"};
 inline constexpr Rule perhapsDeclaredBelow{
     warning, R"("%" is declared below: it is not the type that is meant here)", "declared here"};
+inline constexpr Rule serviceInMessage{
+    error, R"("%" belongs to a service, which messages cannot use)", "declared here"};
 inline constexpr Rule containsItself{
     error, R"("%" cannot contain itself: only a vector of it can be a member)"};
 inline constexpr Rule hiddenByMember{error, R"("%" is a member here, which hides the type)",
@@ -94,7 +108,7 @@ inline constexpr Rule serviceAsType{
 inline constexpr Rule tooLarge{warning, R"("%" has more than 64 bits)"};
 inline constexpr Rule wideCharacter{warning,
                                     R"(%: some compilers reject this character: write its number)"};
-inline constexpr Rule notAnItem{warning, R"("%" is not an item above)", {}, Hint::Form};
+inline constexpr Rule notAnItem{warning, R"("%" is not an item above)", {}, Hint::ItemValue};
 
 // Includes.
 inline constexpr Rule unquotedPath{warning,

@@ -121,10 +121,13 @@ class ValueReader {
   bool readNumber() {
     if (!mayBeOperand()) return false;
     std::size_t size = 0;
-    while (size < rest.size() && (IsNameCharacter(static_cast<unsigned char>(rest[size])) ||
-                                  rest[size] == '\'' || rest[size] == '.')) {
-      ++size;
-    }
+    // A sign behind an 'e' or 'p' belongs to it, also in 0xE+1.
+    const auto isPart = [&](char byte, char before) {
+      const bool isSign = byte == '+' || byte == '-';
+      return IsNameCharacter(static_cast<unsigned char>(byte)) || byte == '\'' || byte == '.' ||
+             (isSign && std::string_view("eEpP").find(before) != npos);
+    };
+    while (size < rest.size() && isPart(rest[size], rest[size > 0 ? size - 1 : 0])) ++size;
     const std::optional<bool> isLarge = IsLargeInteger(rest.substr(0, size));
     if (!isLarge.has_value()) return false;
     if (*isLarge && value.tooLarge.empty()) value.tooLarge = rest.substr(0, size);
@@ -158,6 +161,7 @@ class ValueReader {
         if (!mayBeType) return false;
         break;
       case Keyword::Operand:
+        if (name != "true" && name != "false" && after != '(' && after != '<') return false;
         break;
       case Keyword::Cpp20:
       case Keyword::None:

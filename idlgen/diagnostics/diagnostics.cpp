@@ -5,8 +5,8 @@
 #include <map>
 #include <set>
 
+#include "check/places.h"
 #include "diagnostics/hints.h"
-#include "diagnostics/places.h"
 #include "diagnostics/printable.h"
 
 namespace zentho {
@@ -83,10 +83,10 @@ class Writer {
     if (finding.other != noWord) write("note", finding.other, std::string(finding.rule->note));
   }
 
-  void writeGrammarError(const ParseError& error) {
+  void writeGrammarError(const ParseError& error, bool isFirst) {
     const std::size_t last = error.tokensRead - 1;
     write("error", last, Shortened(error.reason));
-    const std::string hint = GrammarHint(error, words, places.at(last));
+    const std::string hint = GrammarHint(error, words, places.at(last), isFirst);
     if (!hint.empty()) text += Location(last) + ": note: " + hint + "\n";
     const std::size_t other = OtherWord(words, error);
     if (other == noWord) return;
@@ -134,7 +134,11 @@ class Writer {
       case Hint::Form:
         return FormHint(finding.text, words[finding.word]);
       case Hint::SimilarType:
-        return TypeHint(finding.text, finding.word, words, places.at(finding.word));
+        return TypeHint(finding.text, finding.word, words);
+      case Hint::ItemValue:
+        return ItemHint(finding.text, words[finding.word], places.at(finding.word));
+      case Hint::Colons:
+        return ColonsHint(words[finding.word], places.at(finding.word));
     }
     return {};
   }
@@ -175,7 +179,10 @@ std::string Diagnostics(const std::string& path, std::string_view text, const Wo
       FindPlaces(text, words, WantedWords(words, shown, grammarError));
   Writer writer(path, words, places);
   for (const Finding& finding : shown) writer.writeFinding(finding);
-  if (grammarError != nullptr) writer.writeGrammarError(*grammarError);
+  if (grammarError != nullptr) {
+    const bool isFirst = std::none_of(findings.begin(), findings.end(), IsError);
+    writer.writeGrammarError(*grammarError, isFirst);
+  }
   if (shown.size() < findings.size()) {
     writer.text += Printable(path) + ": " + Count(findings.size() - shown.size(), "more message") +
                    " not shown\n";

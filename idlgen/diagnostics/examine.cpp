@@ -37,7 +37,7 @@ Outcome examine(const std::string& path, const std::string& text, Schema& schema
   } catch (const ParseError& error) {
     grammarError = error;
   }
-  const std::vector<Finding> findings = Check(words, WordsToCheck(words, grammarError));
+  const std::vector<Finding> findings = Check(text, words, WordsToCheck(words, grammarError));
   const ParseError* const error = grammarError.has_value() ? &*grammarError : nullptr;
   Outcome result = {error == nullptr && !HasError(findings), {}};
   if (error != nullptr || !findings.empty()) {

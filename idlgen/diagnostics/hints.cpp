@@ -53,7 +53,10 @@ std::string NameHint(std::string_view text, Role role) {
   if (Contains(text, "=")) {
     return isItem ? std::string(writeColon) : "there are no default values";
   }
-  if (FindKeyword(text) == Keyword::Type) return R"(put the name first, as in "x: int8")";
+  if (role == Role::MemberName && FindKeyword(text) == Keyword::Type) {
+    return R"(put the name first, as in "x: int8")";
+  }
+  if (StartsWith(text, "--")) return R"(comments start with "#")";
   if (text == "enum" || text == "namespace") return R"(is a "}" missing above?)";
   if (Contains(text, "[")) return R"(the brackets are around the type, as in "[int8]")";
   if (Contains(text, "-")) return R"(write "_" instead of "-")";
@@ -72,6 +75,8 @@ std::string TypeFormHint(std::string_view text) {
   }
   if (opening > 0) return R"(the brackets are around the type, as in "[int8]")";
   if (Contains(text, "*") || Contains(text, "&")) return "there are no pointers and references";
+  if (Contains(text, "/")) return "write a dot between names";
+  if (Contains(text, "=")) return "there are no default values";
   return {};
 }
 
@@ -80,7 +85,6 @@ std::string ValueHint(std::string_view text) {
   if (text == "=" || (sign != npos && IsIdentifier(text.substr(0, sign)))) {
     return std::string(writeColon);
   }
-  if (IsIdentifier(text)) return R"(each item needs a value, as in "A: 0")";
   if (text.front() == '\'') return "write the number of the character";
   return "values are integers, items above, and expressions of them without spaces";
 }
@@ -144,16 +148,21 @@ class Search {
   std::string_view similar;
 };
 
-std::string StatementHint(const Words& words, std::size_t i, const Place& place) {
-  const std::string_view text = words[i].text;
-  const Role before = i > 0 ? words[i - 1].role : Role::Statement;
-  const bool isAfterColons = place.offset >= 2 && place.line.substr(place.offset - 2, 2) == "::";
-  if (before == Role::NamespacePath && isAfterColons) {
-    return "write dots: " + Quoted(std::string(words[i - 1].text) + "." + std::string(text));
+bool IsAfterColons(const Place& place) {
+  return place.offset >= 2 && place.line.substr(place.offset - 2, 2) == "::";
+}
+
+/// Returns the keyword that a word of another language stands for, or one that is similar.
+std::string KeywordHint(std::string_view text) {
+  constexpr std::array<std::array<std::string_view, 2>, 6> foreign = {{{"import", "include"},
+                                                                       {"package", "namespace"},
+                                                                       {"module", "namespace"},
+                                                                       {"struct", "message"},
+                                                                       {"class", "message"},
+                                                                       {"interface", "service"}}};
+  for (const auto& [word, keyword] : foreign) {
+    if (text == word) return "did you mean " + Quoted(keyword) + "?";
   }
-  if (before == Role::NamespacePath && text == "{") return "a namespace has no braces";
-  if (before == Role::IncludePath) return "a path contains no spaces";
-  if (text == "}") return R"(there is no "{" for it)";
   Search search(text);
   for (const char* keyword : {"include", "namespace", "enum", "message", "service"}) {
     search.compare(keyword);
@@ -161,8 +170,22 @@ std::string StatementHint(const Words& words, std::size_t i, const Place& place)
   return search.question();
 }
 
+std::string StatementHint(const Words& words, std::size_t i, const Place& place) {
+  const std::string_view text = words[i].text;
+  const Role before = i > 0 ? words[i - 1].role : Role::Statement;
+  if (before == Role::NamespacePath && IsAfterColons(place)) {
+    return "write dots: " + Quoted(std::string(words[i - 1].text) + "." + std::string(text));
+  }
+  if (before == Role::NamespacePath && text == "{") return "a namespace has no braces";
+  if (before == Role::NamespacePath) return "a namespace is one word";
+  if (before == Role::IncludePath) return "a path is one word, without spaces";
+  if (text == "}") return R"(there is no "{" for it)";
+  return "a statement begins with include, namespace, enum, message or service";
+}
+
 /// About a word in place of a brace.
-std::string BraceHint(const Words& words, std::size_t i) {
+std::string BraceHint(const Words& words, std::size_t i, const Place& place) {
+  if (IsAfterColons(place)) return "a name is one word, without colons";
   if (i > 0 && words[i - 1].role == Role::Brace) return R"(a "}" is missing before it)";
   if (i > 0 && words[i - 1].role == Role::EnumName) {
     return FindBuiltinType(words[i].text) != nullptr || IsCppType(words[i].text)
@@ -181,10 +204,13 @@ std::string PartHint(const Words& words, std::size_t i) {
 /// About a type whose brackets are not balanced.
 std::string BracketHint(std::string_view type) {
   if (type == "[") return R"(a type is one word, as in "[int8]")";
-  const std::size_t opening = type.find('[');
-  if (opening == 0) return R"(a "]" is missing at its end)";
-  return type.find(']') == opening + 1 ? R"(the brackets are around the type, as in "[int8]")"
-                                       : "there are no arrays of a fixed size";
+  const std::size_t last = type.rfind('[');
+  const std::size_t closing = type.find(']', last);
+  if (closing == npos) return R"(a "]" is missing at its end)";
+  const std::string_view inside = type.substr(last + 1, closing - last - 1);
+  const bool isSize = !inside.empty() && inside.find_first_not_of("0123456789") == npos;
+  return isSize ? "there are no arrays of a fixed size"
+                : R"(the brackets are around the type, as in "[int8]")";
 }
 
 }  // namespace
@@ -207,12 +233,19 @@ std::string FormHint(std::string_view text, const Word& word) {
   return "it contains " + Quoted(foreign);
 }
 
-std::string TypeHint(std::string_view type, std::size_t word, const Words& words,
-                     const Place& place) {
-  const std::string_view behind =
-      place.line.substr(std::min(place.offset + words[word].text.size(), place.line.size()));
-  if (StartsWith(behind, "::") && word + 1 < words.size()) {
-    return "write dots: " + Quoted(std::string(type) + "." + std::string(words[word + 1].text));
+std::string TypeHint(std::string_view type, std::size_t word, const Words& words) {
+  const std::string_view name = words.texts[word - 1];
+  const auto isDeclared = [&](std::string_view text) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      const Role role = words.roles[i];
+      if ((role == Role::EnumName || role == Role::MessageName) && words.texts[i] == text) {
+        return true;
+      }
+    }
+    return false;
+  };
+  if (FindBuiltinType(name) != nullptr || isDeclared(name)) {
+    return "put the name first, as in " + Quoted(std::string(type) + ": " + std::string(name));
   }
   Search search(type);
   for (const BuiltinType& builtin : builtinTypes) search.compare(builtin.keyword);
@@ -223,15 +256,40 @@ std::string TypeHint(std::string_view type, std::size_t word, const Words& words
   return search.question();
 }
 
-std::string GrammarHint(const ParseError& error, const Words& words, const Place& place) {
+std::string ItemHint(std::string_view text, const Word& word, const Place& place) {
+  const std::size_t before = place.line.substr(0, place.offset).find_last_not_of(' ');
+  const bool isMeant = before != npos && place.line[before] == ':';
+  if (isMeant || text.size() != word.text.size()) return {};
+  return R"(each item needs a value, as in "A: 0")";
+}
+
+std::string ColonsHint(const Word& word, const Place& place) {
+  std::string_view name = place.line.substr(place.offset);
+  name = name.substr(0, name.find_first_of(" ;,}#"));
+  if (word.role == Role::ItemValue) {
+    return "write only the item: " + Quoted(name.substr(name.rfind(':') + 1));
+  }
+  if (name == "std::string") return R"(write "string")";
+  std::string path;
+  for (const char letter : name) {
+    if (letter != ':') path += letter;
+    if (letter == ':' && path.back() != '.') path += '.';
+  }
+  return "write dots: " + Quoted(path);
+}
+
+std::string GrammarHint(const ParseError& error, const Words& words, const Place& place,
+                        bool isFirst) {
   if (error.kind != ParseError::Kind::WrongFormat) return {};
   const std::size_t i = error.tokensRead - 1;
-  if (std::string hint = CharacterHint(words[i].text); !hint.empty()) return hint;
+  std::string hint = CharacterHint(words[i].text);
+  if (hint.empty() && words[i].role == Role::Statement) hint = KeywordHint(words[i].text);
+  if (!hint.empty() || !isFirst) return hint;
   switch (words[i].role) {
     case Role::Statement:
       return StatementHint(words, i, place);
     case Role::Brace:
-      return BraceHint(words, i);
+      return BraceHint(words, i, place);
     case Role::Part:
       return PartHint(words, i);
     default:

@@ -4,7 +4,6 @@
 #include <map>
 #include <set>
 #include <string_view>
-#include <vector>
 
 #include "schema/parser.h"
 
@@ -21,5 +20,12 @@ struct Place {
 /// of the text. Takes one pass over the text, so it is only called when there is something to say.
 std::map<std::size_t, Place> FindPlaces(std::string_view text, const Words& words,
                                         const std::set<std::size_t>& wanted);
+
+/// Returns the places of the words from one index up to another.
+std::map<std::size_t, Place> FindPlaces(std::string_view text, const Words& words,
+                                        std::size_t begin, std::size_t end);
+
+/// Returns the rest of the line behind the word at this place.
+std::string_view Behind(const Place& place, std::string_view word);
 
 }  // namespace zentho
