@@ -46,6 +46,7 @@ void appendCases(const std::string& file, std::vector<CheckCase>& cases) {
   std::vector<std::string> pending;
   for (std::string line; std::getline(lines, line);) {
     if (StartsWith(line, "### ")) {
+      if (!pending.empty()) throw std::runtime_error("a message without a line in " + file);
       const std::size_t space = line.find(' ', 4);
       cases.push_back({line.substr(4, space - 4), space == std::string::npos, "", {}});
       lineNumber = 0;

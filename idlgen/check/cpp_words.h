@@ -15,13 +15,14 @@ enum class Keyword : std::uint8_t {
   Cpp20  ///< Not before C++20.
 };
 
+/// Returns what the word is, or `None`.
 Keyword FindKeyword(std::string_view word);
 
 /// Returns whether a type is found in C++ without a declaration in the file: a fundamental type or
 /// one of <cstdint> and <cstddef>.
 bool IsCppType(std::string_view type);
 
-/// Returns whether only the compiler may declare the name.
+/// Returns whether the name begins with "__", or with "_" and a capital letter.
 bool IsReserved(std::string_view name);
 
 }  // namespace zentho

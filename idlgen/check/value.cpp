@@ -79,7 +79,7 @@ class ValueReader {
   }
 
  private:
-  enum class Token { Operator, Opening, Call, Literal, Name, Closing };
+  enum class Token { Operator, Opening, Call, Literal, Name, Type, Closing, Cast };
 
   bool readToken() {
     const char first = rest.front();
@@ -100,14 +100,14 @@ class ValueReader {
   }
 
   [[nodiscard]] bool endsOperand() const {
-    return last == Token::Literal || last == Token::Name || last == Token::Closing;
+    return last != Token::Operator && last != Token::Opening && last != Token::Call;
   }
 
   /// Returns whether an operand may follow: also after a cast, such as `(int)`.
-  [[nodiscard]] bool mayBeOperand() const { return !endsOperand() || last == Token::Closing; }
+  [[nodiscard]] bool mayBeOperand() const { return !endsOperand() || last == Token::Cast; }
 
   bool readOpening() {
-    if (last == Token::Literal) return false;
+    if (last == Token::Literal || last == Token::Closing) return false;
     ++depth;
     return take(1, last == Token::Name ? Token::Call : Token::Opening);
   }
@@ -115,7 +115,7 @@ class ValueReader {
   bool readClosing() {
     if (depth == 0 || !(endsOperand() || last == Token::Call)) return false;
     --depth;
-    return take(1, Token::Closing);
+    return take(1, last == Token::Type ? Token::Cast : Token::Closing);
   }
 
   bool readNumber() {
@@ -153,8 +153,10 @@ class ValueReader {
     const bool isEnclosed = (before == '(' && after == ')') || (before == '<' && after == '>');
     const bool mayBeType = isEnclosed || after == '(';
     switch (FindKeyword(name)) {
-      case Keyword::Operator:
-        return take(size, Token::Operator);
+      case Keyword::Operator: {
+        const bool isUnary = name == "not" || name == "compl";
+        return (isUnary ? mayBeOperand() : endsOperand()) && take(size, Token::Operator);
+      }
       case Keyword::Other:
         return false;
       case Keyword::Type:
@@ -166,8 +168,10 @@ class ValueReader {
       case Keyword::Cpp20:
       case Keyword::None:
         (mayBeType ? value.types : value.names).push_back(name);
+        break;
     }
-    return size > 0 && mayBeOperand() && take(size, Token::Name);
+    if (size == 0 || !mayBeOperand()) return false;
+    return take(size, isEnclosed ? Token::Type : Token::Name);
   }
 
   /// Reads a character literal with a prefix of this size.
@@ -190,7 +194,7 @@ class ValueReader {
         std::any_of(literal.begin(), literal.end(), [](char byte) { return (byte & 0x80) != 0; }) ||
         literal.find("\\u") != npos || literal.find("\\U") != npos;
     if (isWide && literal.substr(0, 2) == "u8") return false;
-    if (isWide && prefix == 0) value.wideCharacter = literal;
+    if (isWide && prefix == 0 && value.wideCharacter.empty()) value.wideCharacter = literal;
     return take(literal.size(), Token::Literal);
   }
 

@@ -56,13 +56,15 @@ std::string NameHint(std::string_view text, Role role) {
   if (role == Role::MemberName && FindKeyword(text) == Keyword::Type) {
     return R"(put the name first, as in "x: int8")";
   }
-  if (StartsWith(text, "--")) return R"(comments start with "#")";
+  if (!isItem && StartsWith(text, "--")) return R"(comments start with "#")";
   if (text == "enum" || text == "namespace") return R"(is a "}" missing above?)";
   if (Contains(text, "[")) return R"(the brackets are around the type, as in "[int8]")";
+  if (isItem && text.find_first_not_of("+-*/%&|^<>!~?") == npos) {
+    return "write the value as one word, without spaces";
+  }
   if (Contains(text, "-")) return R"(write "_" instead of "-")";
   if (role != Role::NamespacePath && Contains(text, ".")) return "names contain no dots";
   if (text.front() >= '0' && text.front() <= '9') return "names begin with a letter";
-  if (isItem && text.size() <= 2) return "write the value as one word, without spaces";
   return {};
 }
 
@@ -70,7 +72,7 @@ std::string TypeFormHint(std::string_view text) {
   if (text == "=") return "there are no default values";
   const auto opening = std::count(text.begin(), text.end(), '[');
   if (opening != std::count(text.begin(), text.end(), ']')) return "count the brackets";
-  if (opening == static_cast<std::ptrdiff_t>(text.size() / 2) && opening > 0) {
+  if (opening > 0 && text.find_first_not_of("[]") == npos) {
     return R"(the type of the elements is missing, as in "[int8]")";
   }
   if (opening > 0) return R"(the brackets are around the type, as in "[int8]")";
@@ -186,11 +188,10 @@ std::string StatementHint(const Words& words, std::size_t i, const Place& place)
 /// About a word in place of a brace.
 std::string BraceHint(const Words& words, std::size_t i, const Place& place) {
   if (IsAfterColons(place)) return "a name is one word, without colons";
-  if (i > 0 && words[i - 1].role == Role::Brace) return R"(a "}" is missing before it)";
-  if (i > 0 && words[i - 1].role == Role::EnumName) {
-    return FindBuiltinType(words[i].text) != nullptr || IsCppType(words[i].text)
-               ? "the underlying type of an enum cannot be chosen"
-               : R"(a "{" is missing before it)";
+  if (words[i - 1].role == Role::Brace) return R"(a "}" is missing before it)";
+  const bool isType = FindBuiltinType(words[i].text) != nullptr || IsCppType(words[i].text);
+  if (words[i - 1].role == Role::EnumName && isType) {
+    return "the underlying type of an enum cannot be chosen";
   }
   return R"(a "{" is missing before it)";
 }
@@ -292,8 +293,10 @@ std::string GrammarHint(const ParseError& error, const Words& words, const Place
       return BraceHint(words, i, place);
     case Role::Part:
       return PartHint(words, i);
-    default:
+    case Role::MemberType:
       return BracketHint(words[i].text);
+    default:
+      return {};
   }
 }
 
