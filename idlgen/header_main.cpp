@@ -35,11 +35,10 @@ void printError(std::string_view text) {
 /// Executes the command line. Returns the exit status.
 int run(int argc, char** argv) {
   const std::string_view option = argc > 1 ? argv[1] : "";
-  if (option == "--help" && argc == 2) return print(help);
-  if (option == "--version" && argc == 2) return print(version);
+  const bool isLone = option == "--help" || option == "--version";
+  if (isLone && argc == 2) return print(option == "--help" ? help : version);
   const bool ifChanged = option == "--if-changed";
-  const bool isOther = option == "--help" || option == "--version";
-  if (isOther || argc != (ifChanged ? 4 : 3)) {
+  if (isLone || argc != (ifChanged ? 4 : 3)) {
     printError(usage);
     return 2;
   }

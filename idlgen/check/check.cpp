@@ -16,7 +16,7 @@
 namespace zentho {
 namespace {
 
-/// Where a name has last been used, as the indexes of words.
+/// Where a name has last been used, as the indexes of words. 0 if never.
 struct Uses {
   std::size_t asMember = 0;
   std::size_t asType = 0;  ///< Without dots.
@@ -51,6 +51,11 @@ class Checker {
 
   /// Returns whether the text is a name that C++ compilers accept.
   bool checkName(std::size_t i, std::string_view text);
+
+  /// Returns whether the declaration of the name would be one of an existing namespace.
+  [[nodiscard]] bool isGlobalNamespace(std::string_view name) const {
+    return !declarations.hasNamespace() && (name == "std" || name == "zentho");
+  }
 
   /// Begins the members of a message, request or response, behind this word.
   void startMembers(std::size_t word, std::size_t record, Scope::Part part);
@@ -127,15 +132,12 @@ void Checker::checkInclude(std::size_t i) {
 
 void Checker::checkNamespace(std::size_t i) {
   const std::vector<std::string_view> parts = Components(words[i].text);
-  bool hasEmptyPart = parts.back().empty();
-  for (const std::string_view& part : parts) {
-    if (part.empty()) {
-      hasEmptyPart = hasEmptyPart || &part != &parts.front();
-    } else if (checkName(i, part) && part == "std") {
-      reportPart(rules::hidesStd, i, part);
-    }
+  for (const std::string_view part : parts) {
+    if (!part.empty() && checkName(i, part) && part == "std") reportPart(rules::hidesStd, i, part);
   }
-  if (hasEmptyPart) report(rules::emptyNamespace, i);
+  // The first part is empty before a leading dot.
+  const bool isDot = parts.size() == 2 && parts.back().empty();
+  if (isDot || std::count(parts.begin() + 1, parts.end(), "") > 0) report(rules::emptyNamespace, i);
 }
 
 bool Checker::checkName(std::size_t i, std::string_view text) {
@@ -159,7 +161,7 @@ void Checker::checkRecordName(std::size_t i) {
   const std::string_view name = words[i].text;
   if (!checkName(i, name)) return;
   const bool isService = words[i].role == Role::ServiceName;
-  if (!declarations.hasNamespace() && (name == "std" || name == "zentho")) {
+  if (isGlobalNamespace(name)) {
     report(rules::globalNamespace, i);
   } else if (name == "std") {
     report(rules::hidesStd, i);
@@ -178,9 +180,7 @@ void Checker::checkRecordName(std::size_t i) {
 void Checker::checkItemName(std::size_t i) {
   const std::string_view name = words[i].text;
   if (!checkName(i, name)) return;
-  if (!declarations.hasNamespace() && (name == "std" || name == "zentho")) {
-    report(rules::globalNamespace, i);
-  }
+  if (isGlobalNamespace(name)) report(rules::globalNamespace, i);
   const std::size_t item = declarations.item(name);
   const std::size_t record = declarations.record(name);
   if (item < i) {
@@ -212,7 +212,8 @@ void Checker::checkMemberName(std::size_t i) {
   if (checkName(i, name) && FindBuiltinType(name) != nullptr) report(rules::builtinTypeAsName, i);
 }
 
-/// The type comes first in C++: the name of the member is declared behind it.
+/// Checks the member with this type, whose name is the word before it. The type comes first in C++:
+/// the name is declared behind it.
 void Checker::checkMember(std::size_t i) {
   const std::string_view name = words[i - 1].text;
   if (IsPunctuation(name)) return;  // It has been reported.

@@ -47,7 +47,7 @@ Declarations::Declarations(const Words& fileWords, std::size_t count) : words(fi
   for (std::size_t i = count; i < words.size(); ++i) unread.insert(words[i].text);
 }
 
-std::size_t Declarations::IndexIn(const Index& index, std::string_view name) {
+std::size_t Declarations::indexIn(const Index& index, std::string_view name) {
   const auto found = index.find(name);
   return found == index.end() ? noWord : found->second;
 }
@@ -105,7 +105,8 @@ Found Declarations::findFromNamespace(std::size_t level, const std::vector<std::
   return isVisible ? findNested(declared, path, next + 1, user) : Found{Lookup::Below, declared};
 }
 
-/// Looks up a name in the innermost namespace, which contains all declarations.
+/// Looks up a name in the innermost namespace, which contains all declarations. Items come before
+/// all members, and hide a type of their name.
 Found Declarations::findInNamespace(std::string_view name, const Scope& user) const {
   const std::size_t declared = record(name);
   if (item(name) != noWord) return {Lookup::Item, item(name)};

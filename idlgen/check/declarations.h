@@ -7,7 +7,6 @@
 #include <unordered_set>
 #include <vector>
 
-#include "check/rules.h"
 #include "schema/parser.h"
 
 namespace zentho {
@@ -47,10 +46,10 @@ class Declarations {
   [[nodiscard]] Found findType(std::string_view type, const Scope& user) const;
 
   /// Returns the index of the first enum, message or service of this name, or `noWord`.
-  [[nodiscard]] std::size_t record(std::string_view name) const { return IndexIn(records, name); }
+  [[nodiscard]] std::size_t record(std::string_view name) const { return indexIn(records, name); }
 
   /// Returns the index of the first item of this name, or `noWord`.
-  [[nodiscard]] std::size_t item(std::string_view name) const { return IndexIn(items, name); }
+  [[nodiscard]] std::size_t item(std::string_view name) const { return indexIn(items, name); }
 
   [[nodiscard]] bool hasNamespace() const { return !namespaces.empty(); }
 
@@ -60,7 +59,7 @@ class Declarations {
  private:
   using Index = std::unordered_map<std::string_view, std::size_t>;
 
-  static std::size_t IndexIn(const Index& index, std::string_view name);
+  static std::size_t indexIn(const Index& index, std::string_view name);
 
   [[nodiscard]] Found findName(std::string_view name, const Scope& user) const;
   [[nodiscard]] Found findPath(const std::vector<std::string_view>& path, const Scope& user) const;
@@ -78,7 +77,8 @@ class Declarations {
   Index records;
   Index items;
   bool hasInclude = false;
-  std::unordered_set<std::string_view> unread;  ///< The texts of the words behind the first ones.
+  std::unordered_set<std::string_view>
+      unread;  ///< The words from `count` on, which may declare anything.
 };
 
 }  // namespace zentho

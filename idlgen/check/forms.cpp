@@ -76,7 +76,9 @@ bool IsTemplate(std::string_view type) {
     const char after = size < type.size() ? type[size] : '\0';
     const bool isEmptyList = word.empty() && before == '<' && after == '>';
     const bool isMember = before == '>' && (word.empty() || word.front() == '.');
-    if (before == '>' ? !isMember : !isEmptyList && word.empty()) return false;
+    const bool mayBeEmpty = before == '>' || isEmptyList;
+    if (word.empty() && !mayBeEmpty) return false;
+    if (before == '>' && !isMember) return false;
     if (!word.empty() && !IsTemplateArgument(word)) return false;
     if (after == '<' && (word.empty() || IsNumber(word))) return false;
     if (after == '\0') return depth == 0;
@@ -93,10 +95,10 @@ IncludeForm FormOfInclude(std::string_view word) {
   const char closing = opening == '<' ? '>' : '"';
   const bool terminated = word.size() > 1 && word.back() == closing;
   std::string_view path = word.substr(1, word.size() - (terminated ? 2 : 1));
-  const bool isEscape = path.find("/*") != std::string_view::npos ||
-                        path.find("//") != std::string_view::npos ||
-                        path.find_first_of("\"\\{};,") != std::string_view::npos;
-  if (isEscape || HasControlCharacter(word)) return IncludeForm::Invalid;
+  const bool hasCode = path.find("/*") != std::string_view::npos ||
+                       path.find("//") != std::string_view::npos ||
+                       path.find_first_of("\"\\{};,") != std::string_view::npos;
+  if (hasCode || HasControlCharacter(word)) return IncludeForm::Invalid;
   if (opening != '"' && opening != '<') return IncludeForm::Unquoted;
   if (!terminated) return IncludeForm::Unterminated;
   const std::size_t dot = path.rfind('.');

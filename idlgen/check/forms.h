@@ -32,6 +32,8 @@ enum class IncludeForm {
   NoExtension,
   Invalid  ///< It contains what could end the `#include` or hide what follows.
 };
+
+/// Returns what the word, which is not empty, is.
 IncludeForm FormOfInclude(std::string_view word);
 
 }  // namespace zentho

@@ -1,7 +1,6 @@
 #include "check/out_of_step.h"
 
 #include <algorithm>
-#include <map>
 #include <optional>
 #include <string_view>
 #include <unordered_set>
@@ -90,10 +89,10 @@ void explainOpening(const Words& words, std::size_t i, std::vector<Finding>& fin
 class List {
  public:
   List(std::string_view text, const Words& fileWords, std::size_t listBegin, std::size_t listEnd)
-      : words(fileWords),
-        begin(listBegin),
-        end(listEnd),
-        places(FindPlaces(text, fileWords, listBegin, listEnd)) {
+      : words(fileWords), begin(listBegin), end(listEnd) {
+    visitPlaces(text, words, end, [&](std::size_t word, const Place& place) {
+      if (word >= begin) places.push_back(place);
+    });
     for (std::size_t i = 0; i < begin; ++i) {
       const Role role = words.roles[i];
       if (role == Role::EnumName || role == Role::MessageName) types.insert(words.texts[i]);
@@ -125,14 +124,16 @@ class List {
  private:
   [[nodiscard]] bool isOfEnum() const { return words.roles[end] == Role::ItemValue; }
 
+  [[nodiscard]] std::size_t lineNumber(std::size_t i) const { return places[i - begin].lineNumber; }
+
   [[nodiscard]] std::size_t lineEnd(std::size_t i) const {
     std::size_t next = i + 1;
-    while (next < end && places.at(next).lineNumber == places.at(i).lineNumber) ++next;
+    while (next < end && lineNumber(next) == lineNumber(i)) ++next;
     return next;
   }
 
   [[nodiscard]] bool isFollowedByColon(std::size_t i) const {
-    const std::string_view behind = Behind(places.at(i), words.texts[i]);
+    const std::string_view behind = Behind(places[i - begin], words.texts[i]);
     const std::size_t next = behind.find_first_not_of(' ');
     return next != std::string_view::npos && behind[next] == ':';
   }
@@ -156,7 +157,7 @@ class List {
   const Words& words;
   std::size_t begin;
   std::size_t end;
-  std::map<std::size_t, Place> places;
+  std::vector<Place> places;                   ///< Of the words from `begin` on.
   std::unordered_set<std::string_view> types;  ///< Declared above the list.
 };
 
@@ -178,13 +179,14 @@ void explainClosing(std::string_view text, const Words& words, std::size_t i,
 std::size_t FirstCppName(std::string_view text, const Words& words, std::size_t count) {
   constexpr std::string_view colons = "::";
   if (text.find(colons) == std::string_view::npos) return count;
-  for (const auto& [i, place] : FindPlaces(text, words, 0, count)) {
-    const std::string_view behind = Behind(place, words.texts[i]).substr(0, 3);
+  std::size_t first = count;
+  visitPlaces(text, words, count, [&](std::size_t word, const Place& place) {
+    const std::string_view behind = Behind(place, words.texts[word]).substr(0, 3);
     const bool isGlued =
-        behind.size() == 3 && behind.substr(0, 2) == colons && behind.find_last_of(" :\t") != 2;
-    if (isGlued && IsSecondHalf(words.roles[i])) return i;
-  }
-  return count;
+        behind.size() == 3 && behind.substr(0, 2) == colons && behind.find_last_of(" :\t\r") != 2;
+    if (isGlued && IsSecondHalf(words.roles[word])) first = std::min(first, word);
+  });
+  return first;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <set>
 #include <string_view>
@@ -16,14 +17,16 @@ struct Place {
   std::size_t offset;  ///< In the line, in bytes.
 };
 
-/// Returns the places of the wanted words, which are given by their indexes. `words` are all words
-/// of the text. Takes one pass over the text, so it is only called when there is something to say.
+using PlaceVisitor = std::function<void(std::size_t word, const Place& place)>;
+
+/// Calls the visitor for each word of the text up to the index `end`. `words` are all of its words.
+/// Takes one pass over the text, so it is only called when there is something to say.
+void visitPlaces(std::string_view text, const Words& words, std::size_t end,
+                 const PlaceVisitor& visitor);
+
+/// Returns the places of the wanted words, which are given by their indexes.
 std::map<std::size_t, Place> FindPlaces(std::string_view text, const Words& words,
                                         const std::set<std::size_t>& wanted);
-
-/// Returns the places of the words from one index up to another.
-std::map<std::size_t, Place> FindPlaces(std::string_view text, const Words& words,
-                                        std::size_t begin, std::size_t end);
 
 /// Returns the rest of the line behind the word at this place.
 std::string_view Behind(const Place& place, std::string_view word);

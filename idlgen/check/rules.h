@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "schema/parser.h"
+
 namespace zentho {
 
 enum class Severity : std::uint8_t { Error, Warning };
@@ -25,8 +27,6 @@ struct Rule {
   std::string_view note = {};  ///< About the other place, if there is one.
   Hint hint = Hint::None;
 };
-
-constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 
 /// A place where a file breaks a rule.
 struct Finding {

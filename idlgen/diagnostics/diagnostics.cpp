@@ -79,7 +79,7 @@ class Writer {
       : path(filePath), words(fileWords), places(wordPlaces) {}
 
   void writeFinding(const Finding& finding) {
-    write(IsError(finding) ? "error" : "warning", finding.word, Sentence(finding));
+    write(IsError(finding) ? "error" : "warning", finding.word, sentenceOf(finding));
     if (finding.other != noWord) write("note", finding.other, std::string(finding.rule->note));
   }
 
@@ -87,7 +87,7 @@ class Writer {
     const std::size_t last = error.tokensRead - 1;
     write("error", last, Shortened(error.reason));
     const std::string hint = GrammarHint(error, words, places.at(last), isFirst);
-    if (!hint.empty()) text += Location(last) + ": note: " + hint + "\n";
+    if (!hint.empty()) text += location(last) + ": note: " + hint + "\n";
     const std::size_t other = OtherWord(words, error);
     if (other == noWord) return;
     const bool isStatement = words[other].role == Role::Statement;
@@ -102,17 +102,17 @@ class Writer {
   /// Writes a message and the line of its word.
   void write(const char* kind, std::size_t word, const std::string& sentence) {
     const Place& place = places.at(word);
-    text += Location(word) + ": " + kind + ": " + sentence + "\n" +
+    text += location(word) + ": " + kind + ": " + sentence + "\n" +
             Excerpt(place.lineNumber, place.line, place.offset, words[word].text.size());
   }
 
-  [[nodiscard]] std::string Location(std::size_t word) const {
+  [[nodiscard]] std::string location(std::size_t word) const {
     const Place& place = places.at(word);
     return Printable(path) + ":" + std::to_string(place.lineNumber) + ":" +
            std::to_string(place.offset + 1);
   }
 
-  [[nodiscard]] std::string Sentence(const Finding& finding) const {
+  [[nodiscard]] std::string sentenceOf(const Finding& finding) const {
     std::string sentence;
     for (const char letter : finding.rule->sentence) {
       if (letter == '%') {
@@ -123,11 +123,11 @@ class Writer {
         sentence += letter;
       }
     }
-    const std::string hint = HintFor(finding);
+    const std::string hint = hintFor(finding);
     return hint.empty() ? sentence : sentence + ": " + hint;
   }
 
-  [[nodiscard]] std::string HintFor(const Finding& finding) const {
+  [[nodiscard]] std::string hintFor(const Finding& finding) const {
     switch (finding.rule->hint) {
       case Hint::None:
         return {};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <vector>
 
 #include "check/characters.h"
 #include "check/cpp_words.h"

@@ -6,8 +6,8 @@
 
 namespace zentho {
 
-/// Returns the text with the characters that cannot be seen as escapes, such as `\t`, `\x1b` or
-/// `\ufeff`, and so do the bytes that are not valid UTF-8. It then takes one line.
+/// Returns the text with escapes such as `\t`, `\x1b` or `\ufeff` for characters that cannot be
+/// seen and for bytes that are not valid UTF-8. The result is one line.
 std::string Printable(std::string_view text);
 
 /// The same, but of a long text only the beginning, followed by "...".

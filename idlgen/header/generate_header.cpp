@@ -31,7 +31,7 @@ std::error_code PathError(const std::string& path) {
   if (name.empty() || name == "." || name == "..") {
     return std::make_error_code(std::errc::is_a_directory);
   }
-  // Once a missing directory has been made, ".." behind it leads to files that were not examined.
+  // "new/../a.h" leads to no file while "new" is missing, and later to one that was not examined.
   const std::size_t parent = path.rfind("/../");
   struct stat status {};
   if (parent == std::string::npos) return {};
@@ -79,7 +79,7 @@ bool HasText(const std::string& path, const std::string& text) {
   return !readFile(path, old, text.size() + 1) && old == text;
 }
 
-Outcome Generate(const HeaderRequest& request) {
+Outcome generate(const HeaderRequest& request) {
   std::string source;
   if (const std::error_code error = readFile(request.idl, source)) {
     return {false, ErrorLine(request.idl, error.message())};
@@ -105,7 +105,7 @@ Outcome generateHeader(const HeaderRequest& request) {
   }
   Outcome result{};
   try {
-    result = Generate(request);
+    result = generate(request);
   } catch (const std::bad_alloc&) {
     result = {false, "idlgen-header: Cannot allocate memory\n"};
   }

@@ -37,15 +37,15 @@ class SignalDelay {
 /// file.
 int createTemporary(const std::string& path, std::string& name) {
   constexpr int tries = 100;
-  int file = -1;
-  for (int i = 0; i < tries && file < 0 && (i == 0 || errno == EEXIST); ++i) {
+  for (int i = 0; i < tries; ++i) {
     // The time tells apart processes with the same number in different containers.
     const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
     name = path.substr(0, path.rfind('/') + 1) + ".idlgen-" + std::to_string(::getpid()) + "-" +
            std::to_string(time) + ".tmp";
-    file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    const int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file >= 0 || errno != EEXIST) return file;
   }
-  return file;
+  return -1;
 }
 
 /// Writes the file and closes it.
@@ -78,7 +78,7 @@ std::error_code replaceFile(const std::string& path, std::string_view bytes) {
 
 std::error_code removeFile(const std::string& path) {
   if (::unlink(path.c_str()) == 0) return {};
-  const std::error_code error = LastError();  // On a read-only file system, also without a file.
+  const std::error_code error = LastError();  // EROFS also if there is no file.
   struct stat status {};
   if (::lstat(path.c_str(), &status) != 0 && IsMissing(LastError())) return {};
   return error;

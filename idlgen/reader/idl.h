@@ -13,11 +13,11 @@ std::string_view WithoutComment(std::string_view line);
 
 /// The token lines of one IDL file, and the passes that split its text into them.
 ///
-/// A token is a non-empty byte string without spaces and colons. A token line holds the tokens of
-/// one word: `x:int8` gives the token line {"x", "int8"}, and `:` an empty one. Which tokens share
-/// a line matters only to the dumps. The class knows no grammar, quotes or escapes, and accepts
-/// every sequence of bytes. Its only special characters are the line feed, '#', '/', the space, ':'
-/// and '{'.
+/// A token is a non-empty byte string without spaces and colons. A token line holds the tokens
+/// between two spaces: `x:int8` gives the token line {"x", "int8"}, and `:` an empty one. Which
+/// tokens share a line matters only to the dumps. The class knows no grammar, quotes or escapes,
+/// and accepts every sequence of bytes. Its only special characters are the line feed, '#', '/',
+/// the space, ':' and '{'.
 ///
 /// A fixed interface, see CONTRIBUTING.md.
 class IDL {

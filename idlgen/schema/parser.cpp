@@ -215,7 +215,8 @@ void StatementParser::failFormat(std::string_view token) const {
 }  // namespace
 
 void Parser::parse(const IDL& idl, Schema& schema) const {
-  std::vector<std::string_view> tokens;
+  std::vector<std::string_view>
+      tokens;  // Filled inside the try block: memory may run out there, too.
   std::vector<Role> noRoles;
   StatementParser parser(tokens, noRoles, schema);
   try {

@@ -35,6 +35,8 @@ struct Word {
   Role role;
 };
 
+constexpr std::size_t noWord = static_cast<std::size_t>(-1);  ///< No index of a word.
+
 /// The words of a file, and what the parser has taken them for. Refers to the strings of the `IDL`.
 struct Words {
   [[nodiscard]] std::size_t size() const { return texts.size(); }
