@@ -181,7 +181,7 @@ missing type: error loose; statement; message P { x: int8 @y: }  message P { @x 
     message P { @x: y: int8 }
 missing value: error loose; statement; enum E { @A B C }  enum E { @A: }  enum E { @A: B: 1 }
 cut statement: error loose; end; @message  @message P  @message P {  @include  @enum E { A
-    @message P { x:  service S { request { @}  service S { request { } response { } @
+    @message P { x:  service S { request { @}  service S { request { } response { @}
 two colons: told; member; @p: @a::B @q: @a::B
 two colons once: error loose; statement; message P { @p: a::B }  message P { x: int8 @y: .a::B }
 default value: error; member; x: int8 @= 3  x: string @= "a"

@@ -7,8 +7,6 @@
 
 namespace zentho {
 
-// A std::error_code is empty after success and converts to false then.
-
 /// Returns the reason why the last system call failed. Call it right after that.
 [[nodiscard]] std::error_code LastError();
 
