@@ -46,6 +46,7 @@ class Checker {
   void checkValue(std::size_t i);
   void checkMember(std::size_t i);
   void checkMemberName(std::size_t i);
+  void checkTypeWord(std::size_t i);
   void checkType(std::size_t i, std::string_view type, bool isVector);
   void checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found);
 
@@ -217,22 +218,22 @@ void Checker::checkMemberName(std::size_t i) {
 void Checker::checkMember(std::size_t i) {
   const std::string_view name = words[i - 1].text;
   if (IsPunctuation(name)) return;  // It has been reported.
+  if (!IsIdentifier(name)) return checkTypeWord(i);
   Uses& own = uses[name];
-  if (isInList(own.asMember) && IsIdentifier(name)) {
-    report(rules::memberTwice, i - 1, own.asMember);
-  }
+  if (isInList(own.asMember)) report(rules::memberTwice, i - 1, own.asMember);
   const std::size_t before = findings.size();
-  const std::optional<std::string_view> element = ElementType(words[i].text);
-  if (element.has_value()) {
-    checkType(i, *element, element->size() < words[i].text.size());
-  } else {
-    report(rules::notAType, i);
-  }
+  checkTypeWord(i);
   // In `Pose pose`, the type has been put first, and is no member.
   const bool isUnknown = findings.size() > before && findings.back().rule == &rules::notDeclared;
   if (isUnknown && declarations.record(name) != noWord) return;
   if (isInList(own.asType)) report(rules::changesMeaning, i - 1, own.asType);
   own.asMember = i - 1;
+}
+
+void Checker::checkTypeWord(std::size_t i) {
+  const std::optional<std::string_view> element = ElementType(words[i].text);
+  if (!element.has_value()) return report(rules::notAType, i);
+  checkType(i, *element, element->size() < words[i].text.size());
 }
 
 void Checker::checkType(std::size_t i, std::string_view type, bool isVector) {
