@@ -149,7 +149,7 @@ include of another file: warning; statement; ¶include @base.idl¶  include @'b.
     include @"base"  ¶include @"a//b.idl"¶  ¶include @"a#b.idl"¶  include @"v1.2/robot"
 odd include: error compiles; statement; ¶include @"b.h"/*.idl"¶  include @"a\\b.idl"
     include @"a"b.idl"  include @"a\tb.idl"  include @"a.idl\r"
-include with more words: error; statement; include @"my @file.idl"  ¶include "a/b.idl" @//␣note¶
+include with more words: error; statement; include @"my @file.idl"  ¶include "a/b.idl"␣@//␣note¶
     include "a.idl" @"b.idl"  include "a.idl" @;
 namespace with odd dots: warning plain; statement; namespace @a..b  namespace @a.  namespace @.
 dot before a namespace: silent plain; statement; namespace .a.b
