@@ -148,8 +148,12 @@ class List {
     const auto finding = [&](const Rule& rule, std::size_t word) {
       return Finding{&rule, word, words.texts[word]};
     };
+    const Rule& missing = isOfEnum() ? rules::missingValue : rules::missingType;
+    for (std::size_t i = first; i < last; i += 2) {
+      if (isFollowedByColon(i) && isFollowedByColon(i + 1)) return finding(missing, i);
+    }
     const bool isName = isFollowedByColon(last) || !looksLikeSecondHalf(last);
-    if (isName) return finding(isOfEnum() ? rules::missingValue : rules::missingType, last);
+    if (isName) return finding(missing, last);
     if (first == last) return finding(rules::nameless, last);
     return finding(isOfEnum() ? rules::extraWordOfValue : rules::extraWordOfType, last);
   }
