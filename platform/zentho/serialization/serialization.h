@@ -37,7 +37,7 @@ class BytesBuffer {
   std::size_t position = 0;
 };
 
-namespace detail {
+namespace stub_internal {
 
 template <typename T>
 struct IsVector : std::false_type {};
@@ -51,14 +51,15 @@ template <typename T>
 inline constexpr bool isRecord =
     !isScalar<T> && !IsVector<T>::value && !std::is_same_v<T, std::string>;
 
-}  // namespace detail
+}  // namespace stub_internal
 
 /// Appends a value to the buffer: a number or an enum as its bytes in memory, a string or a vector
 /// as its length and its elements. Generated headers specialize this for their structs.
 template <typename T>
 void serialize(const T& data, BytesBuffer& buffer) {
-  static_assert(!detail::isRecord<T>, "no generated header with this type has been included");
-  if constexpr (detail::isScalar<T>) {
+  static_assert(!stub_internal::isRecord<T>,
+                "no generated header with this type has been included");
+  if constexpr (stub_internal::isScalar<T>) {
     buffer.write(&data, sizeof data);
   } else {
     serialize(std::uint64_t{data.size()}, buffer);
@@ -70,8 +71,9 @@ void serialize(const T& data, BytesBuffer& buffer) {
 /// it. On failure, `data` and the read position are unspecified.
 template <typename T>
 void deserialize(BytesBuffer& buffer, T& data) {
-  static_assert(!detail::isRecord<T>, "no generated header with this type has been included");
-  if constexpr (detail::isScalar<T>) {
+  static_assert(!stub_internal::isRecord<T>,
+                "no generated header with this type has been included");
+  if constexpr (stub_internal::isScalar<T>) {
     buffer.read(&data, sizeof data);
   } else {
     std::uint64_t length = 0;
