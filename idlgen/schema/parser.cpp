@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,6 +12,7 @@
 
 #include "io/line_writer.h"
 #include "schema/builtin_types.h"
+#include "schema/statements.h"
 
 namespace zentho {
 namespace {
@@ -21,31 +23,29 @@ bool IsIntType(std::string type) {
   return builtin != nullptr && builtin->isInteger;
 }
 
-/// Returns all tokens of a file, in their order.
-std::vector<std::string_view> Tokens(const IDL& idl) {
-  std::vector<std::string_view> tokens;
+/// Returns all tokens of a file, in their order. None has been read.
+Words AllWords(const IDL& idl) {
+  Words words;
   for (const std::list<std::string>& line : idl.tokenLines) {
-    tokens.insert(tokens.end(), line.begin(), line.end());
+    words.texts.insert(words.texts.end(), line.begin(), line.end());
   }
-  return tokens;
+  words.roles.assign(words.size(), Role::Unread);
+  return words;
 }
 
-/// One pass over the tokens of a file, up to the first error. Refers to its arguments, which must
-/// outlive it. Prints only on request.
+/// One pass over the words of a file, up to the first error. Sets their roles. Refers to its
+/// arguments, which must outlive it. Prints only on request.
 class StatementParser {
  public:
-  /// `fileRoles` is empty, or gets the roles of the tokens that are read.
-  StatementParser(const std::vector<std::string_view>& fileTokens, std::vector<Role>& fileRoles,
-                  Schema& target)
-      : tokens(fileTokens), roles(fileRoles), schema(target) {}
+  StatementParser(Words& fileWords, Schema& target) : words(fileWords), schema(target) {}
 
-  [[nodiscard]] bool atEnd() const { return position == tokens.size(); }
+  [[nodiscard]] bool atEnd() const { return position == words.size(); }
 
   /// Parses one statement. Returns its keyword, or throws a ParseError.
   std::string_view parseStatement();
 
-  /// Prints the tokens read so far.
-  void printTokensRead() const;
+  /// Prints the words read so far.
+  void printWordsRead() const;
 
  private:
   void parseInclude();
@@ -68,34 +68,37 @@ class StatementParser {
   [[noreturn]] void fail(ParseError::Kind kind, std::string reason) const;
   [[noreturn]] void failFormat(std::string_view token) const;
 
-  const std::vector<std::string_view>& tokens;
-  std::vector<Role>& roles;
+  Words& words;
   Schema& schema;
   std::size_t position = 0;
 };
 
 std::string_view StatementParser::parseStatement() {
   const std::string_view keyword = next(Role::Statement);
-  if (keyword == "include") {
-    parseInclude();
-  } else if (keyword == "namespace") {
-    parseNamespace();
-  } else if (keyword == "enum") {
-    parseEnum();
-  } else if (keyword == "message") {
-    parseMessage();
-  } else if (keyword == "service") {
-    parseService();
-  } else {
-    failFormat(keyword);
+  switch (FindStatement(keyword)) {
+    case Statement::Include:
+      parseInclude();
+      break;
+    case Statement::Namespace:
+      parseNamespace();
+      break;
+    case Statement::Enum:
+      parseEnum();
+      break;
+    case Statement::Message:
+      parseMessage();
+      break;
+    case Statement::Service:
+      parseService();
+      break;
+    case Statement::None:
+      failFormat(keyword);
   }
   return keyword;
 }
 
-void StatementParser::printTokensRead() const {
-  printLine({});
-  printLine({"lines:"});
-  for (std::size_t i = 0; i < position; ++i) printLine({tokens[i]});
+void StatementParser::printWordsRead() const {
+  for (std::size_t i = 0; i < position; ++i) printLine({words.texts[i]});
 }
 
 void StatementParser::parseInclude() {
@@ -178,8 +181,8 @@ CommonMember StatementParser::parseMember() {
 
 std::string_view StatementParser::next(Role role) {
   if (atEnd()) fail(ParseError::Kind::EndOfFile, "unexpected end of file.");
-  if (!roles.empty()) roles[position] = role;
-  return tokens[position++];
+  words.roles[position] = role;
+  return words.texts[position++];
 }
 
 void StatementParser::expect(std::string_view expected, Role role) {
@@ -188,7 +191,7 @@ void StatementParser::expect(std::string_view expected, Role role) {
 }
 
 bool StatementParser::readListEnd() {
-  if (atEnd() || tokens[position] != "}") return false;
+  if (atEnd() || words.texts[position] != "}") return false;
   next(Role::Brace);
   return true;
 }
@@ -201,11 +204,15 @@ void StatementParser::failFormat(std::string_view token) const {
   fail(ParseError::Kind::WrongFormat, std::string("WRONG format in ").append(token));
 }
 
-/// Prints the reason, unless it is empty, and the tokens read so far. Throws a plain exception.
-[[noreturn]] void fail(const StatementParser& parser, const std::string& reason) {
+/// Prints why parsing stopped, unless that is unknown, and the words read so far. Throws a plain
+/// exception.
+[[noreturn]] void failPrinting(const std::string& reason,
+                               const std::optional<StatementParser>& parser) {
   try {
     if (!reason.empty()) printLine({reason});
-    parser.printTokensRead();
+    printLine({});
+    printLine({"lines:"});
+    if (parser.has_value()) parser->printWordsRead();
   } catch (const std::exception&) {
     // Memory has run out.
   }
@@ -215,17 +222,16 @@ void StatementParser::failFormat(std::string_view token) const {
 }  // namespace
 
 void Parser::parse(const IDL& idl, Schema& schema) const {
-  std::vector<std::string_view>
-      tokens;  // Filled inside the try block: memory may run out there, too.
-  std::vector<Role> noRoles;
-  StatementParser parser(tokens, noRoles, schema);
+  Words words;
+  std::optional<StatementParser> parser;
   try {
-    tokens = Tokens(idl);
-    while (!parser.atEnd()) printLine({parser.parseStatement(), " done."});
+    words = AllWords(idl);
+    parser.emplace(words, schema);
+    while (!parser->atEnd()) printLine({parser->parseStatement(), " done."});
   } catch (const ParseError& error) {
-    fail(parser, error.reason);
+    failPrinting(error.reason, parser);
   } catch (const std::exception&) {
-    fail(parser, {});
+    failPrinting({}, parser);
   }
 }
 
@@ -235,9 +241,13 @@ void Parser::parseSilently(const IDL& idl, Schema& schema) const {
 }
 
 void Parser::parseSilently(const IDL& idl, Schema& schema, Words& words) const {
-  words.texts = Tokens(idl);
+  words = AllWords(idl);
+  parseSilently(words, schema);
+}
+
+void Parser::parseSilently(Words& words, Schema& schema) const {
   words.roles.assign(words.size(), Role::Unread);
-  StatementParser parser(words.texts, words.roles, schema);
+  StatementParser parser(words, schema);
   while (!parser.atEnd()) parser.parseStatement();
 }
 

@@ -13,7 +13,7 @@
 
 namespace zentho {
 
-/// What a word of a file is to the parser.
+/// What a word of a file is to the parser. The names of records are in the order of the header.
 enum class Role : std::uint8_t {
   Statement,  ///< The keyword of a statement, or a word in its place.
   Part,       ///< `request` or `response`, or a word in its place.
@@ -27,7 +27,7 @@ enum class Role : std::uint8_t {
   ItemValue,
   MemberName,
   MemberType,
-  Unread  ///< The word follows an error.
+  Unread  ///< The word stands after an error.
 };
 
 struct Word {
@@ -35,9 +35,10 @@ struct Word {
   Role role;
 };
 
-constexpr std::size_t noWord = static_cast<std::size_t>(-1);  ///< No index of a word.
+/// No index of a word. Greater than every index.
+constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 
-/// The words of a file, and what the parser has taken them for. Refers to the strings of the `IDL`.
+/// The words of a file, and what the parser has taken them for. Refers to strings that others own.
 struct Words {
   [[nodiscard]] std::size_t size() const { return texts.size(); }
   [[nodiscard]] Word operator[](std::size_t i) const { return {texts[i], roles[i]}; }
@@ -77,6 +78,9 @@ class Parser {
 
   /// The same, and fills the empty `words` with all words of the file, also if it throws.
   void parseSilently(const IDL& idl, Schema& schema, Words& words) const;
+
+  /// The same for the texts of `words`. Sets their roles, also if it throws.
+  void parseSilently(Words& words, Schema& schema) const;
 };
 
 }  // namespace zentho
