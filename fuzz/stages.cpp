@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "diagnostics/examine.h"
+#include "header/examine.h"
 #include "generator/generator.h"
 #include "io/line_writer.h"
 #include "reader/idl.h"

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <sstream>
 
-#include "diagnostics/examine.h"
 #include "generator/generator.h"
+#include "header/examine.h"
 #include "schema/parser.h"
 #include "support.h"
 

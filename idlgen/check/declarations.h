@@ -1,84 +1,72 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
+#include "check/check.h"
 #include "schema/parser.h"
 
 namespace zentho {
 
-/// Where a member is declared.
-struct Scope {
-  enum class Part : std::uint8_t { None, Request, Response };
+/// No index of a declaration, file or namespace.
+constexpr std::size_t nothing = static_cast<std::size_t>(-1);
 
-  std::size_t record = noWord;  ///< The index of the name of the message or service.
-  Part part = Part::None;       ///< Of a service.
+/// A name that a file declares: of an enum, a message, a service or an item.
+struct Declaration {
+  std::size_t file;
+  std::size_t word;
+  Role role;
+  std::size_t next;  ///< The next one of the same name in the same namespace, or `nothing`.
+
+  [[nodiscard]] bool isItem() const { return role == Role::ItemName; }
 };
 
-/// What C++ finds for the name of a type.
-enum class Lookup : std::uint8_t {
-  Type,
-  Service,   ///< The type of a whole service.
-  Itself,    ///< The record that the member is in.
-  Item,      ///< An item of an enum, which hides types of its name.
-  Below,     ///< A declaration that comes later in the header.
-  Unknown,   ///< Nothing in this file.
-  Elsewhere  ///< Nothing in this file, but perhaps in another.
+/// A namespace into which files declare names. The first one is the global namespace.
+struct Namespace {
+  std::unordered_map<std::string_view, std::size_t> names;   ///< The first declarations.
+  std::unordered_map<std::string_view, std::size_t> nested;  ///< The namespaces inside.
 };
 
-struct Found {
-  Lookup lookup;
-  std::size_t word = noWord;  ///< The index of the name in its declaration, if there is one.
-};
-
-/// What the words of a file declare, and how C++ looks it up in the header. There, enums come
-/// first, messages second and services last. Refers to the words.
+/// What the words of some files declare. Of one file and one namespace, it has the first record and
+/// the first item of each name. Refers to the words.
 class Declarations {
  public:
-  /// Takes the declarations of the first `count` words. The others may declare anything.
-  Declarations(const Words& fileWords, std::size_t count);
+  /// A file, and the namespaces from the global one to that of the file.
+  struct File {
+    const Words* words;
+    const LeftOut* leftOut;
+    std::vector<std::size_t> namespaces;
+    bool hasInclude;
+  };
 
-  /// Looks up the type of a member, which has the form of a name with dots.
-  [[nodiscard]] Found findType(std::string_view type, const Scope& user) const;
+  /// Adds a file, whose words must have been parsed.
+  void add(const Words& words, const LeftOut& leftOut);
 
-  /// Returns the index of the first enum, message or service of this name, or `noWord`.
-  [[nodiscard]] std::size_t record(std::string_view name) const { return indexIn(records, name); }
+  [[nodiscard]] const File& file(std::size_t i) const { return files[i]; }
+  [[nodiscard]] const Declaration& operator[](std::size_t i) const { return declarations[i]; }
 
-  /// Returns the index of the first item of this name, or `noWord`.
-  [[nodiscard]] std::size_t item(std::string_view name) const { return indexIn(items, name); }
+  [[nodiscard]] std::size_t countNamespaces() const { return spaces.size(); }
 
-  [[nodiscard]] bool hasNamespace() const { return !namespaces.empty(); }
+  /// Returns the first declaration of a name in a namespace, or `nothing`.
+  [[nodiscard]] std::size_t firstIn(std::size_t space, std::string_view name) const;
 
-  /// Returns whether a name that the file does not declare may still be declared.
-  [[nodiscard]] bool mayBeElsewhere(std::string_view name) const;
+  /// Returns the namespace of this name in another one, or `nothing`.
+  [[nodiscard]] std::size_t nested(std::size_t space, std::string_view name) const;
+
+  /// Returns the index of the word that first declares a record, or an item, of this name in the
+  /// file, or `noWord`.
+  [[nodiscard]] std::size_t record(std::size_t file, std::string_view name) const;
+  [[nodiscard]] std::size_t item(std::size_t file, std::string_view name) const;
 
  private:
-  using Index = std::unordered_map<std::string_view, std::size_t>;
+  void declare(std::size_t file, std::size_t word, Role role);
+  [[nodiscard]] std::size_t find(std::size_t file, std::string_view name, bool isItem) const;
 
-  static std::size_t indexIn(const Index& index, std::string_view name);
-
-  [[nodiscard]] Found findName(std::string_view name, const Scope& user) const;
-  [[nodiscard]] Found findPath(const std::vector<std::string_view>& path, const Scope& user) const;
-  [[nodiscard]] Found foundRecord(std::size_t record, const Scope& user) const;
-  [[nodiscard]] Found findInNamespace(std::string_view name, const Scope& user) const;
-  [[nodiscard]] Found findFromNamespace(std::size_t level,
-                                        const std::vector<std::string_view>& path,
-                                        const Scope& user) const;
-  [[nodiscard]] Found findNested(std::size_t record, const std::vector<std::string_view>& path,
-                                 std::size_t next, const Scope& user) const;
-  [[nodiscard]] bool isAbove(std::size_t record, const Scope& user) const;
-
-  const Words& words;
-  std::vector<std::string_view> namespaces;
-  Index records;
-  Index items;
-  bool hasInclude = false;
-  std::unordered_set<std::string_view>
-      unread;  ///< The words from `count` on, which may declare anything.
+  std::vector<File> files;
+  std::vector<Namespace> spaces = std::vector<Namespace>(1);
+  std::vector<Declaration> declarations;
 };
 
 }  // namespace zentho

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-#include "schema/parser.h"
 
 namespace zentho {
 
@@ -13,10 +10,10 @@ enum class Severity : std::uint8_t { Error, Warning };
 /// Which advice follows the sentence of a rule.
 enum class Hint : std::uint8_t {
   None,
-  Form,        ///< What the characters of the word suggest.
-  Colons,      ///< How to write a name with "::".
-  ItemValue,   ///< That an item needs a value, if it seems to have none.
-  SimilarType  ///< A type with a similar name.
+  Form,         ///< What the characters of the word suggest.
+  ItemValue,    ///< That an item needs a value, if it seems to have none.
+  Order,        ///< How to declare a message before those that use it.
+  SimilarType,  ///< A type with a similar name, or what the record above lacks.
 };
 
 /// Something that a file must not contain, and the sentence about it. In the sentence, `%` stands
@@ -26,14 +23,6 @@ struct Rule {
   std::string_view sentence;
   std::string_view note = {};  ///< About the other place, if there is one.
   Hint hint = Hint::None;
-};
-
-/// A place where a file breaks a rule.
-struct Finding {
-  const Rule* rule;
-  std::size_t word;            ///< The index of the word at fault.
-  std::string_view text;       ///< For the sentence: the word, or the part at fault.
-  std::size_t other = noWord;  ///< The index of the word that the note of the rule is about.
 };
 
 namespace rules {
@@ -47,21 +36,38 @@ inline constexpr Rule notAType{error, R"("%" is not a type)", {}, Hint::Form};
 inline constexpr Rule notAValue{error, R"("%" is not a value)", {}, Hint::Form};
 inline constexpr Rule notAPath{error, R"(% is not a path)", {}, Hint::Form};
 
-// Words that put those behind them out of step.
+// Words that the grammar does not want, or that give all after them another role.
+inline constexpr Rule carriageReturns{error, "lines end with CR LF: end them with LF"};
+inline constexpr Rule notAStatement{error, R"("%" is not a statement)"};
+inline constexpr Rule secondNamespace{error, "the namespace is set already: a file has only one",
+                                      "the first one is here"};
+inline constexpr Rule endOfFile{error, "% is missing at the end of the file",
+                                "this @ is not complete"};
+inline constexpr Rule missingOpening{error, R"(a "{" is missing after "%")"};
+inline constexpr Rule notAnOpening{error, R"("%" is not "{")"};
+inline constexpr Rule notAnEnd{error, R"("%" is not "}")"};
+inline constexpr Rule notABrace{error, R"("%" is not a brace)"};
+inline constexpr Rule notAPart{error, R"("%" is neither "request" nor "response")"};
+inline constexpr Rule notARequest{error, R"("%" is not "request")"};
+inline constexpr Rule notAResponse{error, R"("%" is not "response")"};
+inline constexpr Rule missingEndOfService{error, R"(a "}" is missing before this "%")"};
 inline constexpr Rule missingEndOfPart{error, R"(a "}" is missing before this "%")"};
 inline constexpr Rule missingEnd{
     error, R"(a "}" is missing before this "%": declarations cannot be nested)"};
+inline constexpr Rule blockInMembers{
+    error, R"("%" is not a member: a member is a name and one word for the type)"};
+inline constexpr Rule blockInEnum{
+    error, R"("%" is not an item: an item is a name and one word for the value)"};
 inline constexpr Rule missingName{error, R"(a name is missing before the "%")"};
 inline constexpr Rule nameless{error, R"("%" has no name)"};
 inline constexpr Rule missingType{error, R"("%" has no type)"};
 inline constexpr Rule missingValue{error, R"("%" has no value: each item needs one, as in "A: 0")"};
-
 inline constexpr Rule extraWordOfType{
     error, R"("%" is a word too many: a member is a name and one word for the type)"};
 inline constexpr Rule extraWordOfValue{
     error, R"("%" is a word too many: an item is a name and one word for the value)"};
-inline constexpr Rule colonsInType{error, R"("%::" is not a type)", {}, Hint::Colons};
-inline constexpr Rule colonsInValue{error, R"("%::" is not a value)", {}, Hint::Colons};
+inline constexpr Rule colonsInType{error, R"("%::" is not a type)"};
+inline constexpr Rule colonsInValue{error, R"("%::" is not a value)"};
 
 // Names.
 inline constexpr Rule keywordAsName{
@@ -79,19 +85,31 @@ inline constexpr Rule nestedTypeAsService{
 inline constexpr Rule declaredTwice{error, R"("%" is already declared)", "declared here"};
 inline constexpr Rule itemTwice{error, R"("%" is already an item of @)", "declared here"};
 inline constexpr Rule memberTwice{error, R"("%" is already a member of @)", "declared here"};
+inline constexpr Rule frameworkName{
+    error, R"("%" is a name of the framework, which the header needs: choose another one)"};
 inline constexpr Rule changesMeaning{
+    warning, R"("%" is a type above: some compilers reject a member of that name)",
+    "declared here"};
+inline constexpr Rule changesMeaningBelow{
+    warning, R"("%" is a type below: some compilers reject a member of that name)",
+    "declared here"};
+inline constexpr Rule changesMeaningOfUse{
     warning, R"("%" is a type above: some compilers reject a member of that name)", "used here"};
 
 // Types.
 inline constexpr Rule keywordAsType{error, R"("%" is a keyword of C++ and not a type)"};
+inline constexpr Rule builtinInTemplate{
+    error, R"("%" is not a type of C++, as template arguments must be)", {}, Hint::Form};
 inline constexpr Rule uncheckedTemplate{
-    warning, R"("%" is C++ and is copied unchecked: vectors are written as "[int8]")"};
+    warning, R"("%" is C++ and is copied unchecked)", {}, Hint::Form};
 inline constexpr Rule laterType{warning, R"("%" is a type since C++20)"};
 inline constexpr Rule notDeclared{error, R"("%" is not declared)", {}, Hint::SimilarType};
-inline constexpr Rule declaredBelow{
-    error, R"("%" is declared below: move it above the types that use it)", "declared here"};
+inline constexpr Rule declaredBelow{error, R"("%" is declared below)", "declared here",
+                                    Hint::Order};
 inline constexpr Rule perhapsDeclaredBelow{
     warning, R"("%" is declared below: it is not the type that is meant here)", "declared here"};
+inline constexpr Rule responseInRequest{
+    error, R"("%" is declared below: a request cannot contain the response)"};
 inline constexpr Rule serviceInMessage{
     error, R"("%" belongs to a service, which messages cannot use)", "declared here"};
 inline constexpr Rule containsItself{
@@ -100,6 +118,9 @@ inline constexpr Rule hiddenByMember{error, R"("%" is a member here, which hides
                                      "declared here"};
 inline constexpr Rule hiddenByItem{error, R"("%" is an item of @, which hides the type)",
                                    "declared here"};
+inline constexpr Rule memberAsType{error, R"("%" is a member, not a type)", "declared here"};
+inline constexpr Rule itemAsType{error, R"("%" is an item of @, not a type)", "declared here"};
+inline constexpr Rule namespaceAsType{error, R"("%" is a namespace, not a type)"};
 inline constexpr Rule serviceAsType{
     warning,
     R"("%" is a service, for which there is no serialization: use its Request or Response)"};

@@ -9,7 +9,7 @@
 
 #include "check/characters.h"
 #include "check/cpp_words.h"
-#include "check/forms.h"
+#include "check/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -15,7 +15,14 @@ struct Value {
   std::vector<std::string_view> types;  ///< The names that may be types, such as in `sizeof(E)`.
 };
 
+/// Returns whether the word is a value, as far as its form shows.
+inline bool IsValue(std::string_view word);
+
 /// Reads literals and names that are joined by operators and parentheses. Evaluates nothing.
 Value ReadValue(std::string_view word);
+
+inline bool IsValue(std::string_view word) {
+  return ReadValue(word).isValid;
+}
 
 }  // namespace zentho

@@ -13,11 +13,10 @@ std::string Printable(std::string_view text);
 /// The same, but of a long text only the beginning, followed by "...".
 std::string Shortened(std::string_view text);
 
-/// A part of a line that contains the beginning of a word, and a second line that marks the word:
-///
-///        12 | messag Pose {
-///           | ^~~~~~
-std::string Excerpt(std::size_t lineNumber, std::string_view line, std::size_t begin,
-                    std::size_t size);
+/// The number of bytes of a line or word that a message shows.
+constexpr std::size_t maxShownSize = 200;
+
+/// Moves an index of the text back to the start of the UTF-8 character it is in.
+std::size_t CharacterBegin(std::string_view text, std::size_t index);
 
 }  // namespace zentho

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <system_error>
 
-#include "diagnostics/examine.h"
 #include "diagnostics/printable.h"
 #include "generator/generator.h"
+#include "header/examine.h"
 #include "io/file.h"
 #include "io/line_writer.h"
 #include "io/replace_file.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "diagnostics/examine.h"
+#include "header/examine.h"
 
 namespace zentho {
 

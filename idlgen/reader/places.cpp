@@ -25,6 +25,18 @@ std::vector<Place> FindPlaces(std::string_view text, const std::vector<std::stri
   return places;
 }
 
+bool HasColonsInWord(std::string_view text) {
+  std::size_t colons = text.find("::");
+  for (; colons != std::string_view::npos; colons = text.find("::", colons + 2)) {
+    const std::size_t begin = text.rfind('\n', colons) + 1;  // 0 in the first line.
+    const std::string_view line = text.substr(begin, text.find('\n', colons) - begin);
+    const std::string_view code = WithoutComment(line);
+    const std::size_t next = colons - begin + 2;
+    if (next < code.size() && code[next] != ' ' && code[next] != ':') return true;
+  }
+  return false;
+}
+
 std::string_view CodeAfter(const Place& place, std::string_view word) {
   return place.code.substr(std::min(place.offset + word.size(), place.code.size()));
 }

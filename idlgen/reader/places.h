@@ -18,6 +18,9 @@ struct Place {
 /// is only called when there is something to say.
 std::vector<Place> FindPlaces(std::string_view text, const std::vector<std::string_view>& words);
 
+/// Returns whether two colons stand inside of a word, as in `a::B`, apart from comments.
+bool HasColonsInWord(std::string_view text);
+
 /// Returns the rest of the line's code after the word at this place.
 std::string_view CodeAfter(const Place& place, std::string_view word);
 

@@ -1,8 +1,8 @@
-#include "diagnostics/diagnostics.h"
+#include "diagnostics/report.h"
 
 #include <sstream>
 
-#include "diagnostics/examine.h"
+#include "header/examine.h"
 #include "support.h"
 
 // Whole messages, with the lines that show the place.
@@ -28,9 +28,13 @@ TEST_P(Excerpts, ShowTheirPlaces) {
   EXPECT_EQ(examine("a.idl", GetParam().idl, schema).messages, GetParam().messages);
 }
 
-const std::string keyword = "a.idl:1:1: error: WRONG format in ";
 const std::string noStatement =
-    ": note: a statement begins with include, namespace, enum, message or service\n";
+    " is not a statement: a statement begins with include, namespace, enum, message or service\n";
+
+/// Returns the message about a word at the beginning of a file.
+std::string FirstWord(const std::string& shown) {
+  return "a.idl:1:1: error: \"" + shown + '"' + noStatement;
+}
 
 const std::vector<ExcerptRow> excerpts = {
     {"WordInALine", "message M {\n    x: int8;\n}\n",
@@ -55,11 +59,9 @@ a.idl:2:13: warning: "B" is not an item above
       |             ^~~
 )"},
     {"LastOfEqualWords", "enum e { e: 1 f: 2 } e # e",
-     R"(a.idl:1:22: error: WRONG format in e
-    1 | enum e { e: 1 f: 2 } e # e
+     "a.idl:1:22: error: \"e\"" + noStatement + R"(    1 | enum e { e: 1 f: 2 } e # e
       |                      ^
-a.idl:1:22)" +
-         noStatement},
+)"},
     {"CharactersOfSeveralBytes", "message M { größe: int8, 温度: Größe }",
      R"(a.idl:1:22: error: "int8," is not a type: delete the ","
     1 | message M { größe: int8, 温度: Größe }
@@ -68,43 +70,43 @@ a.idl:1:36: error: "Größe" is not declared
     1 | message M { größe: int8, 温度: Größe }
       |                              ^~~~~
 )"},
-    {"Escapes", "\tmessage M\xff\x1b\xc2\x9b\xe2\x80\x8b\xf3\xa0\x80\x81{\r",
-     R"(a.idl:1:1: error: WRONG format in \tmessage
-    1 | \tmessage M\xff\x1b\u009b\u200b\U000e0001{\r
+    {"Escapes", "\tmessage M\xff\x1b\xc2\x9b\xe2\x80\x8b\xf3\xa0\x80\x81{\r.",
+     R"(a.idl:1:1: error: "\tmessage" is not a statement: use spaces instead of tabs
+    1 | \tmessage M\xff\x1b\u009b\u200b\U000e0001{\r.
       | ^~~~~~~~~
-a.idl:1:1: note: use spaces instead of tabs
 )"},
     {"EmptyLinesAndNoLastLineFeed", "\n\n# comment\n}",
-     R"(a.idl:4:1: error: WRONG format in }
+     R"(a.idl:4:1: error: "}" is not a statement: there is no "{" for it
     4 | }
       | ^
-a.idl:4:1: note: there is no "{" for it
 )"},
-    {"OneByte", "{", keyword + "{\n    1 | {\n      | ^\na.idl:1:1" + noStatement},
+    {"OneByte", "+", FirstWord("+") + "    1 | +\n      | ^\n"},
     {"LineNumberOfSixDigits", Repeated(123455, "#\n") + "+",
-     "a.idl:123456:1: error: WRONG format in +\n123456 | +\n       | ^\na.idl:123456:1" +
-         noStatement},
+     "a.idl:123456:1: error: \"+\"" + noStatement + "123456 | +\n       | ^\n"},
     {"LineOf200Bytes", "+ " + Repeated(198, "."),
-     keyword + "+\n    1 | + " + Repeated(198, ".") + "\n      | ^\na.idl:1:1" + noStatement},
+     FirstWord("+") + "    1 | + " + Repeated(198, ".") + "\n      | ^\n"},
     {"LineOf201BytesIsCut", "+ " + Repeated(199, "."),
-     keyword + "+\n    1 | + " + Repeated(198, ".") + "...\n      | ^\na.idl:1:1" + noStatement},
-    {"WordBehind160Bytes", "enum " + Repeated(154, "E") + " (" + Repeated(50, "."),
-     "a.idl:1:161: error: WRONG format in (" + Repeated(50, ".") + "\n    1 | enum " +
-         Repeated(154, "E") + " (" + Repeated(39, ".") + "...\n      | " + Repeated(160, " ") +
-         "^" + Repeated(39, "~") + "\na.idl:1:161: note: a \"{\" is missing before it\n"},
-    {"WordBehind161BytesBeginsTheLineLater",
-     "enum " + Repeated(155, "E") + " (" + Repeated(50, "."),
-     "a.idl:1:162: error: WRONG format in (" + Repeated(50, ".") + "\n    1 | ..." +
-         Repeated(39, "E") + " (" + Repeated(50, ".") + "\n      | " + Repeated(43, " ") + "^" +
-         Repeated(50, "~") + "\na.idl:1:162: note: a \"{\" is missing before it\n"},
+     FirstWord("+") + "    1 | + " + Repeated(198, ".") + "...\n      | ^\n"},
+    {"WordAfter160Bytes", "enum " + Repeated(154, "E") + " (" + Repeated(50, "."),
+     "a.idl:1:161: error: \"(" + Repeated(50, ".") +
+         "\" is not \"{\": only a name stands before it\n    1 | enum " + Repeated(154, "E") +
+         " (" + Repeated(39, ".") + "...\n      | " + Repeated(160, " ") + "^" + Repeated(39, "~") +
+         "\n"},
+    {"WordAfter161BytesBeginsTheLineLater", "enum " + Repeated(155, "E") + " (" + Repeated(50, "."),
+     "a.idl:1:162: error: \"(" + Repeated(50, ".") +
+         "\" is not \"{\": only a name stands before it\n    1 | ..." + Repeated(39, "E") + " (" +
+         Repeated(50, ".") + "\n      | " + Repeated(43, " ") + "^" + Repeated(50, "~") + "\n"},
     {"CutBetweenCharacters", "a" + Repeated(101, "é"),
-     keyword + "a" + Repeated(91, "é") + "...\n    1 | a" + Repeated(99, "é") + "...\n      | ^" +
-         Repeated(99, "~") + "\na.idl:1:1" + noStatement},
+     FirstWord("a" + Repeated(99, "é") + "...") + "    1 | a" + Repeated(99, "é") +
+         "...\n      | ^" + Repeated(99, "~") + "\n"},
+    {"CutBetweenCharactersOfThreeBytes", Repeated(68, "温"),
+     FirstWord(Repeated(66, "温") + "...") + "    1 | " + Repeated(66, "温") + "...\n      | ^" +
+         Repeated(65, "~") + "\n"},
     {"BeginsBetweenCharacters", "enum b" + Repeated(100, "é") + " (",
-     "a.idl:1:208: error: WRONG format in (\n    1 | ..." + Repeated(20, "é") + " (\n      | " +
-         Repeated(24, " ") + "^\na.idl:1:208: note: a \"{\" is missing before it\n"},
+     "a.idl:1:208: error: \"(\" is not \"{\": only a name stands before it\n    1 | ..." +
+         Repeated(20, "é") + " (\n      | " + Repeated(24, " ") + "^\n"},
 };
-INSTANTIATE_TEST_SUITE_P(Diagnostics, Excerpts, testing::ValuesIn(excerpts), RowName<ExcerptRow>);
+INSTANTIATE_TEST_SUITE_P(Report, Excerpts, testing::ValuesIn(excerpts), RowName<ExcerptRow>);
 
 /// Returns the file with this many misspelt types, each behind a name that is only warned about.
 std::string Mistakes(int count) {
@@ -132,7 +134,7 @@ Shown Count(const std::string& idl) {
   return shown;
 }
 
-TEST(Diagnostics, AreAtMost20) {
+TEST(Report, HasAtMost20Messages) {
   const Shown all = Count(Mistakes(10) + "}");
   EXPECT_EQ(all.errors, 10);
   EXPECT_EQ(all.warnings, 10);
@@ -148,9 +150,18 @@ TEST(Diagnostics, AreAtMost20) {
   EXPECT_EQ(errors.warnings, 0);
   EXPECT_EQ(errors.lastLine, "a.idl: 22 more messages not shown");
 
-  const Shown incomplete = Count(Mistakes(20));  // The grammar error is the 21st.
+  const Shown incomplete = Count(Mistakes(20));  // The end of the file is the 21st.
   EXPECT_EQ(incomplete.errors, 20);
   EXPECT_EQ(incomplete.lastLine, "a.idl: 21 more messages not shown");
+}
+
+TEST(Report, EndsAfter20LinesThatCannotBeRead) {
+  const Shown all = Count(Repeated(20, "?\n") + "message M { x: Y }");
+  EXPECT_EQ(all.errors, 20);
+  EXPECT_EQ(all.lastLine, "a.idl: 1 more message not shown");
+  const Shown some = Count(Repeated(21, "?\n") + "message M { x: Y }");
+  EXPECT_EQ(some.errors, 20);
+  EXPECT_EQ(some.lastLine, "a.idl: the rest is not checked");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "check/forms.h"
+#include "check/word_forms.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -36,6 +36,8 @@ bool IsNameCharacter(char32_t code) {
   }
   // Signs and spaces that texts contain, but no letters. All others are left to the compiler.
   if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
+  // Some compilers take these for spaces.
+  if (code == 0x1680 || code == 0x180e || code == 0x3000) return false;
   return code < 0x2000 || code > 0x206f;
 }
 
@@ -90,6 +92,37 @@ bool IsTemplate(std::string_view type) {
   }
 }
 
+std::vector<std::string_view> TemplateNames(std::string_view type) {
+  std::vector<std::string_view> names;
+  while (!type.empty()) {
+    const std::size_t size = std::min(type.find_first_of("<>,"), type.size());
+    const std::string_view name = type.substr(0, size);
+    const bool isOther =
+        name.empty() || name.front() == '.' || IsNumber(name) || Components(name).front() == "std";
+    if (!isOther) names.push_back(name);
+    type.remove_prefix(std::min(size + 1, type.size()));
+  }
+  return names;
+}
+
+char BraceOf(std::string_view word) {
+  constexpr std::string_view extra = ";,\t\r";
+  const std::size_t begin = word.find_first_not_of(extra);
+  if (begin == std::string_view::npos) return '\0';
+  const std::size_t end = word.find_last_not_of(extra) + 1;
+  if (word[begin] == '}' || word[end - 1] == '}') return '}';
+  return word[end - 1] == '{' ? '{' : '\0';
+}
+
+bool IsTypeForm(std::string_view word) {
+  const std::optional<std::string_view> element = ElementType(word);
+  if (!element.has_value()) return false;
+  if (element->find('<') != std::string_view::npos) return IsTemplate(*element);
+  const std::vector<std::string_view> parts = Components(*element);
+  const std::ptrdiff_t skipped = parts.size() > 1 && parts.front().empty() ? 1 : 0;
+  return std::all_of(parts.begin() + skipped, parts.end(), IsIdentifier);
+}
+
 IncludeForm FormOfInclude(std::string_view word) {
   const char opening = word.front();
   const char closing = opening == '<' ? '>' : '"';
@@ -102,7 +135,8 @@ IncludeForm FormOfInclude(std::string_view word) {
   if (opening != '"' && opening != '<') return IncludeForm::Unquoted;
   if (!terminated) return IncludeForm::Unterminated;
   const std::size_t dot = path.rfind('.');
-  const bool hasExtension = dot != std::string_view::npos && dot > 0 && dot + 1 < path.size() &&
+  if (dot == 0) return IncludeForm::Invalid;  // It has no name.
+  const bool hasExtension = dot != std::string_view::npos && dot + 1 < path.size() &&
                             path.find('/', dot) == std::string_view::npos;
   return hasExtension ? IncludeForm::Path : IncludeForm::NoExtension;
 }

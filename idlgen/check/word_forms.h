@@ -24,6 +24,18 @@ std::vector<std::string_view> Components(std::string_view path);
 /// names and numbers in balanced angle brackets.
 bool IsTemplate(std::string_view type);
 
+/// Returns the brace that the word is, or that is glued to it: "{" at its end, or "}" at its
+/// beginning or end, apart from separators and invisible characters. `\0` if there is none.
+char BraceOf(std::string_view word);
+
+/// Returns whether the word has the form of a type: a name with dots, or one of C++ with template
+/// arguments, in any number of brackets.
+bool IsTypeForm(std::string_view word);
+
+/// Returns the names in a type with template arguments that the file may have to declare: neither
+/// numbers, nor names of `std`, nor ones with a leading dot.
+std::vector<std::string_view> TemplateNames(std::string_view type);
+
 /// What the word of an `include` statement is.
 enum class IncludeForm {
   Path,  ///< "dir/file.idl" or <dir/file.idl>

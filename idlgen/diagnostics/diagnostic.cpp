@@ -1,0 +1,41 @@
+#include "diagnostics/diagnostic.h"
+
+#include "diagnostics/excerpt.h"
+#include "diagnostics/printable.h"
+
+namespace zentho {
+namespace {
+
+std::string Line(const std::string& path, const char* kind, const Spot& spot,
+                 const std::string& sentence) {
+  const Place& place = spot.place;
+  return Printable(path) + ":" + std::to_string(place.lineNumber) + ":" +
+         std::to_string(place.offset + 1) + ": " + kind + ": " + sentence + "\n" +
+         Excerpt(place.lineNumber, place.line, place.offset, spot.size);
+}
+
+}  // namespace
+
+std::string Sentence(const Rule& rule, std::string_view text, const std::string& advice,
+                     std::string_view record) {
+  std::string sentence;
+  for (const char letter : rule.sentence) {
+    if (letter == '%') {
+      sentence += Shortened(text);
+    } else if (letter == '@') {
+      sentence += record;
+    } else {
+      sentence += letter;
+    }
+  }
+  return advice.empty() ? sentence : sentence + ": " + advice;
+}
+
+std::string Lines(const std::string& path, const Diagnostic& diagnostic) {
+  const char* const kind = diagnostic.severity == Severity::Error ? "error" : "warning";
+  std::string lines = Line(path, kind, diagnostic.spot, diagnostic.sentence);
+  if (!diagnostic.note.empty()) lines += Line(path, "note", diagnostic.noteSpot, diagnostic.note);
+  return lines;
+}
+
+}  // namespace zentho

@@ -1,0 +1,154 @@
+#include "diagnostics/report.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "diagnostics/advice.h"
+#include "diagnostics/printable.h"
+
+namespace zentho {
+namespace {
+
+/// The number of errors and warnings that are shown.
+constexpr std::size_t limit = 20;
+
+/// Returns the name of the enum, diagnostic or service that contains the word, or of its part, such
+/// as "Drive.Request".
+std::string RecordName(const Words& words, std::size_t word) {
+  std::string part;
+  for (std::size_t i = word; i-- > 0;) {
+    const Role role = words.roles[i];
+    if (role == Role::Part && part.empty()) {
+      part = words.texts[i] == "request" ? ".Request" : ".Response";
+    }
+    if (role == Role::EnumName || role == Role::MessageName || role == Role::ServiceName) {
+      return Shortened(words.texts[i]) + part;
+    }
+  }
+  return {};
+}
+
+/// Returns the place of the first comment that is meant as an include, if there is one.
+std::vector<Spot> CommentedInclude(std::string_view text) {
+  for (std::size_t lineNumber = 1; !text.empty(); ++lineNumber) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    const std::size_t hash = line.find_first_not_of(' ');
+    for (const std::string_view directive : {"#include", "#import"}) {
+      if (hash == std::string_view::npos || line.substr(hash, directive.size()) != directive) {
+        continue;
+      }
+      return {{{lineNumber, line, line.substr(0, hash), hash}, line.size() - hash}};
+    }
+  }
+  return {};
+}
+
+bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
+  const Place& first = a.spot.place;
+  const Place& second = b.spot.place;
+  return first.lineNumber != second.lineNumber ? first.lineNumber < second.lineNumber
+                                               : first.offset < second.offset;
+}
+
+/// Chooses the diagnostics that are shown.
+class Selection {
+ public:
+  Selection(std::string_view fileText, const Recovery& fileRecovery)
+      : text(fileText), recovery(fileRecovery), diagnostics(fileRecovery.diagnostics) {
+    addFindings(Severity::Error);
+    addFindings(Severity::Warning);
+    std::stable_sort(diagnostics.begin(), diagnostics.end(), IsBefore);
+  }
+
+  [[nodiscard]] const std::vector<Diagnostic>& shown() const { return diagnostics; }
+  [[nodiscard]] std::size_t leftOut() const { return notShown; }
+
+ private:
+  void addFindings(Severity severity) {
+    for (const Finding& finding : recovery.findings) {
+      if (finding.rule->severity != severity || isInLineAtFault(finding)) continue;
+      if (diagnostics.size() < limit) {
+        add(finding);
+      } else {
+        ++notShown;
+      }
+    }
+  }
+
+  /// Returns whether the line of the finding has been reported as a whole.
+  [[nodiscard]] bool isInLineAtFault(const Finding& finding) const {
+    const std::size_t line = recovery.file.places[finding.word].lineNumber;
+    const std::vector<std::size_t>& lines = recovery.linesAtFault;
+    return std::find(lines.begin(), lines.end(), line) != lines.end();
+  }
+
+  /// Adds the diagnostic of a finding, unless it gives the same advice about the same line as
+  /// another.
+  void add(const Finding& finding) {
+    const LocatedWords& file = recovery.file;
+    const std::string advice = AdviceFor(finding, file);
+    const auto spotOf = [&](std::size_t word) {
+      return Spot{file.places[word], file.text(word).size()};
+    };
+    Diagnostic diagnostic{finding.rule->severity, spotOf(finding.word), {}};
+    if (!advice.empty()) {
+      Advised advised{diagnostic.spot.place.lineNumber, finding.rule, advice};
+      if (std::find(given.begin(), given.end(), advised) != given.end()) return;
+      given.push_back(std::move(advised));
+    }
+    const bool hasOther = finding.other != noWord;
+    const std::string record = hasOther ? RecordName(file.words, finding.other) : std::string();
+    diagnostic.sentence = Sentence(*finding.rule, finding.text, advice, record);
+    if (hasOther) {
+      diagnostic.note = finding.rule->note;
+      diagnostic.noteSpot = spotOf(finding.other);
+    } else if (finding.rule == &rules::notDeclared && !std::exchange(isIncludeNoted, true)) {
+      for (const Spot& spot : CommentedInclude(text)) {
+        diagnostic.note = R"(this is a comment: write include "...", without "#")";
+        diagnostic.noteSpot = spot;
+      }
+    }
+    diagnostics.push_back(std::move(diagnostic));
+  }
+
+  /// A line, and what has been advised about it.
+  struct Advised {
+    std::size_t line;
+    const Rule* rule;
+    std::string advice;
+
+    bool operator==(const Advised& other) const {
+      return line == other.line && rule == other.rule && advice == other.advice;
+    }
+  };
+
+  std::string_view text;
+  const Recovery& recovery;
+  std::vector<Diagnostic> diagnostics;
+  std::vector<Advised> given;
+  std::size_t notShown = 0;
+  bool isIncludeNoted = false;
+};
+
+/// Returns "1 more message" or "2 more messages".
+std::string MoreMessages(std::size_t count) {
+  return std::to_string(count) + " more message" + (count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+std::string Report(const std::string& path, std::string_view text, const Recovery& recovery) {
+  const Selection selection(text, recovery);
+  std::string lines;
+  for (const Diagnostic& diagnostic : selection.shown()) lines += Lines(path, diagnostic);
+  if (selection.leftOut() > 0) {
+    lines += Printable(path) + ": " + MoreMessages(selection.leftOut()) + " not shown\n";
+  }
+  if (!recovery.isComplete) lines += Printable(path) + ": the rest is not checked\n";
+  return lines;
+}
+
+}  // namespace zentho

@@ -1,0 +1,47 @@
+#include "diagnostics/similar.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+#include "diagnostics/printable.h"
+
+namespace zentho {
+namespace {
+
+char Lower(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter | 0x20) : letter;
+}
+
+/// Returns how many letters must be inserted, deleted or replaced to get from one word to the
+/// other, apart from their case.
+std::size_t Distance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), 0U);
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const std::size_t replaced = diagonal + (Lower(a[i - 1]) == Lower(b[j - 1]) ? 0 : 1);
+      diagonal = row[j];
+      row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
+    }
+  }
+  return row.back();
+}
+
+}  // namespace
+
+void SimilarWord::compare(std::string_view candidate) {
+  if (candidate.size() + best <= word.size() || word.size() + best <= candidate.size()) return;
+  const std::size_t distance = Distance(word, candidate);
+  if (distance >= best) return;
+  best = distance;
+  similar = candidate;
+}
+
+std::string DidYouMean(std::string_view word) {
+  return word.empty() ? std::string() : "did you mean \"" + Shortened(word) + "\"?";
+}
+
+}  // namespace zentho

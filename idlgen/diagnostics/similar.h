@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zentho {
+
+/// Looks for the word that is most similar to another one.
+class SimilarWord {
+ public:
+  explicit SimilarWord(std::string_view wanted)
+      : word(wanted), best(wanted.size() <= 40 ? wanted.size() / 3 + 1 : 0) {}
+
+  void compare(std::string_view candidate);
+
+  /// Returns the most similar one, or nothing if none was similar.
+  [[nodiscard]] std::string_view found() const { return similar; }
+
+ private:
+  std::string_view word;
+  std::size_t best;  ///< Only words with a smaller distance are similar.
+  std::string_view similar;
+};
+
+/// Returns the question whether this word is meant, or nothing if it is empty.
+std::string DidYouMean(std::string_view word);
+
+}  // namespace zentho

@@ -1,0 +1,187 @@
+#include <algorithm>
+#include <optional>
+
+#include "check/word_forms.h"
+#include "diagnostics/advice.h"
+#include "diagnostics/printable.h"
+#include "recovery/fix.h"
+
+namespace zentho {
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+
+/// Returns the words of a range with the roles that they would have in a line without mistakes. One
+/// too many at its end is no name.
+std::vector<Word> WithRoles(const LocatedWords& file, WordRange range) {
+  const Role first = file.role(range.first);
+  const bool isItem = first == Role::ItemName || first == Role::ItemValue;
+  const Role second = isItem ? Role::ItemValue : Role::MemberType;
+  const bool isSecond = first == Role::ItemValue || first == Role::MemberType;
+  const Role name = isItem ? Role::ItemName : Role::MemberName;
+  std::vector<Word> words;
+  for (std::size_t i = range.first; i < range.end; ++i) {
+    const bool isExtra = i > range.first && i + 1 == range.end;
+    const bool isName = !isExtra && ((i - range.first) % 2 == 0) != isSecond;
+    const Role role = !IsInList(first) ? Role::Statement : isName ? name : second;
+    words.push_back({file.text(i), role});
+  }
+  if (!IsInList(first)) words.front().role = first;
+  return words;
+}
+
+/// Returns where a comment of another language begins in the word, or its size.
+std::size_t CommentBegin(std::string_view word) {
+  const std::size_t begin = std::min({word.find("/*"), word.find("//"), word.find("*/")});
+  return std::min(word.substr(0, 2) == "--" ? 0 : begin, word.size());
+}
+
+/// Returns the index after the last word of the comment that begins in this one.
+std::size_t CommentEnd(const LocatedWords& file, std::size_t i) {
+  const std::string_view comment = file.text(i).substr(CommentBegin(file.text(i)));
+  if (comment.substr(0, 2) == "*/") return i + 1;
+  const std::size_t lineEnd = LineEnd(file, i);
+  if (comment.substr(0, 2) != "/*" || comment.find("*/", 2) != npos) {
+    return comment.substr(0, 2) == "/*" ? i + 1 : lineEnd;
+  }
+  for (std::size_t end = i + 1; end < file.size(); ++end) {
+    if (file.text(end).find("*/") != npos) return end + 1;
+  }
+  return lineEnd;
+}
+
+/// Appends the parts of a word between separators.
+void appendParts(std::string_view word, std::string_view separators,
+                 std::vector<std::string>& parts) {
+  while (true) {
+    const std::size_t begin = word.find_first_not_of(separators);
+    if (begin == npos) return;
+    word.remove_prefix(begin);
+    const std::size_t size = std::min(word.find_first_of(separators), word.size());
+    parts.emplace_back(word.substr(0, size));
+    word.remove_prefix(size);
+  }
+}
+
+/// Returns what a word with a brace beside other characters is read as.
+std::vector<std::string> SplitAtBraces(std::string_view word) {
+  std::vector<std::string> parts;
+  while (!word.empty()) {
+    const std::size_t brace = word.find_first_of("{}");
+    appendParts(word.substr(0, brace), ";,", parts);
+    if (brace == npos) break;
+    parts.emplace_back(word.substr(brace, 1));
+    word.remove_prefix(brace + 1);
+  }
+  return parts;
+}
+
+std::vector<std::string> SplitAtBlanks(const LocatedWords& file, WordRange range) {
+  std::vector<std::string> parts;
+  for (std::size_t i = range.first; i < range.end; ++i) {
+    std::string_view word = file.text(i);
+    constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+    if (word.substr(0, byteOrderMark.size()) == byteOrderMark) {
+      word.remove_prefix(byteOrderMark.size());
+    }
+    appendParts(word, "\t\r", parts);
+  }
+  return parts;
+}
+
+/// Reads the range without what the sign at one of its words shows.
+void readWithout(const LocatedWords& file, WordRange range, Fix& fix) {
+  const std::size_t i = fix.word;
+  const std::string_view word = file.text(i);
+  if (CommentBegin(word) < word.size()) {
+    fix.replaced = {i, CommentEnd(file, i)};
+    if (CommentBegin(word) > 0) fix.texts.emplace_back(word.substr(0, CommentBegin(word)));
+  } else if (BraceOf(word) != '\0' && word.find_first_of("\t\r") == npos) {
+    fix.replaced = {i, i + 1};
+    fix.texts = SplitAtBraces(word);
+  } else {
+    fix.replaced = range;
+    fix.texts = SplitAtBlanks(file, range);
+  }
+}
+
+/// Returns how to write the C++ name with "::" that begins with this word.
+std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
+  const Place& place = file.places[i];
+  std::string_view name = place.code.substr(place.offset);
+  name = name.substr(0, name.find_first_of(role == Role::ItemValue ? " ;,})\t\r" : " ;,}\t\r"));
+  if (role == Role::ItemValue) {
+    return "write only the item: \"" + Shortened(name.substr(name.rfind(':') + 1)) + '"';
+  }
+  std::string path;
+  for (const char letter : name) {
+    if (letter != ':') path += letter;
+    if (letter == ':' && path.back() != '.') path += '.';
+  }
+  const std::size_t library = path.find("std.string");
+  if (library == npos) return "write dots: \"" + Shortened(path) + '"';
+  return "write \"" + Shortened(path.erase(library, 4)) + '"';
+}
+
+}  // namespace
+
+bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
+  const std::vector<Word> words = WithRoles(file, range);
+  if (const std::optional<Sign> sign = FindSign(Signs::Characters, words)) {
+    fix.word = range.first + sign->word;
+    fix.rule = &FormRule(words[sign->word].role);
+    fix.text = file.text(fix.word);
+    fix.advice = sign->advice;
+    readWithout(file, range, fix);
+    return true;
+  }
+  if (!IsInList(words.front().role)) return false;
+  for (std::size_t i = range.first; i < range.end; ++i) {
+    if (!IsJoinedByColons(file, i)) continue;
+    const Role role = words[i - range.first].role;
+    fix.word = i;
+    fix.rule = role == Role::ItemValue ? &rules::colonsInValue : &rules::colonsInType;
+    fix.text = file.text(i);
+    fix.advice = ColonsAdvice(file, i, role);
+    fix.replaced = range;
+    return true;
+  }
+  return false;
+}
+
+bool FindFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix) {
+  const std::vector<Word> words = WithRoles(file, range);
+  const std::optional<Sign> sign = FindSign(signs, words);
+  if (!sign.has_value()) return false;
+  fix.word = range.first + sign->word;
+  fix.rule = &FormRule(words[sign->word].role);
+  fix.text = file.text(fix.word);
+  fix.advice = sign->advice;
+  if (BraceOf(fix.text) != '\0') {  // Such as `};`.
+    fix.replaced = {fix.word, fix.word + 1};
+    fix.texts = SplitAtBraces(fix.text);
+  }
+  return true;
+}
+
+const Rule& FormRule(Role role) {
+  switch (role) {
+    case Role::Statement:
+    case Role::Unread:
+      return rules::notAStatement;
+    case Role::Part:
+      return rules::notAPart;
+    case Role::Brace:
+      return rules::notABrace;
+    case Role::IncludePath:
+      return rules::notAPath;
+    case Role::ItemValue:
+      return rules::notAValue;
+    case Role::MemberType:
+      return rules::notAType;
+    default:
+      return rules::notAName;
+  }
+}
+
+}  // namespace zentho

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "check/located_words.h"
+#include "check/rules.h"
+#include "diagnostics/advice.h"
+
+namespace zentho {
+
+/// What is wrong with some words, and what to read in place of them.
+struct Fix {
+  const Rule* rule;
+  std::size_t word;       ///< The word that shows the cause.
+  std::string_view text;  ///< For the sentence of the rule.
+  std::string advice;
+
+  WordRange replaced;                   ///< May be empty.
+  std::vector<std::string> texts = {};  ///< What is read there.
+  std::size_t other = noWord;           ///< The word that the note of the rule is about.
+};
+
+/// Returns the fix for a word that stands in a list of members or items.
+Fix FixList(const LocatedWords& file, std::size_t word);
+
+/// Returns the fix for a word that stands anywhere else.
+Fix FixStatement(const LocatedWords& file, std::size_t word);
+
+/// Returns the fix for a statement that is not complete at the end of the file.
+Fix FixEnd(const LocatedWords& file);
+
+/// Returns what is missing before this word to complete the statement that is open there.
+std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end);
+
+/// Returns whether a word of this role stands in a list of members or items.
+bool IsInList(Role role);
+
+/// The names of the enums and messages of a file.
+using TypeNames = std::unordered_set<std::string_view>;
+
+TypeNames DeclaredTypes(const LocatedWords& file);
+
+/// Returns whether the list that contains this word has a line, up to that of the word, which opens
+/// a block or whose words cannot be read as names followed by types or values. A pair may stand on
+/// two lines.
+bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
+
+/// Finds the cause in the characters of the words or in two colons between them, and what is read
+/// instead. Returns whether there is one.
+bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix);
+
+/// Finds the cause in the form of one of the words. Returns whether there is one.
+bool FindFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix);
+
+/// Returns the rule that a word breaks because of its form.
+const Rule& FormRule(Role role);
+
+}  // namespace zentho

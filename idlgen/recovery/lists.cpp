@@ -1,0 +1,224 @@
+#include <algorithm>
+
+#include "check/cpp_words.h"
+#include "check/word_forms.h"
+#include "diagnostics/advice.h"
+#include "recovery/fix.h"
+#include "schema/builtin_types.h"
+#include "schema/statements.h"
+
+namespace zentho {
+namespace {
+
+/// The lines of one list of members or items.
+class List {
+ public:
+  List(const LocatedWords& located, const TypeNames& typeNames, std::size_t word)
+      : file(located), types(typeNames), begin(word) {
+    while (IsInList(file.role(begin - 1))) --begin;
+  }
+
+  [[nodiscard]] bool isEnum() const { return file.role(begin) == Role::ItemName; }
+
+  /// Returns the first line up to this word that opens a block or does not consist of pairs, or an
+  /// empty range.
+  [[nodiscard]] WordRange firstWrongLine(std::size_t last) const {
+    std::size_t i = begin;
+    while (i <= last && i < file.size() && file.text(i).front() != '}') {
+      const std::size_t end = lineEnd(i);
+      const auto opensBlock = [&](std::string_view text) { return text == "{"; };
+      const auto texts = file.words.texts.begin();
+      const bool hasBlock = std::any_of(texts + static_cast<std::ptrdiff_t>(i),
+                                        texts + static_cast<std::ptrdiff_t>(end), opensBlock);
+      const bool isOdd = (end - i) % 2 == 1;
+      const bool hasType = end - i > 1 && IsAfterColon(file, end - 1);
+      if (hasBlock || (isOdd && (hasType || !goesOn(end)))) return {i, end};
+      i = isOdd ? end + 1 : end;
+    }
+    return {last, last};
+  }
+
+  /// Returns the words of the list that stand on the line of this one.
+  [[nodiscard]] WordRange lineOf(std::size_t word) const {
+    std::size_t first = word;
+    while (first > begin && AreOnOneLine(file, first - 1, word)) --first;
+    return {first, lineEnd(word)};
+  }
+
+  [[nodiscard]] bool isRequest() const {
+    return file.role(begin - 2) == Role::Part && file.text(begin - 2) == "request";
+  }
+
+  /// Finds the cause in the number of the words of a line.
+  void count(WordRange line, Fix& fix) const {
+    const auto set = [&](const Rule& rule, std::size_t word) {
+      fix.rule = &rule;
+      fix.word = word;
+      fix.text = file.text(word);
+    };
+    const std::size_t last = line.end - 1;
+    const Rule& missing = isEnum() ? rules::missingValue : rules::missingType;
+    const Rule& extra = isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
+    for (std::size_t i = line.first; i < last; i += 2) {
+      if (!IsBeforeColon(file, i + 1)) continue;
+      return set(IsBeforeColon(file, i) ? missing : extra, i);
+    }
+    const bool isName = IsBeforeColon(file, last) || !looksLikeSecondHalf(last);
+    if (isName) return set(missing, last);
+    set(line.first == last ? rules::nameless : extra, last);
+  }
+
+ private:
+  /// Returns the index after the last word that stands on the line of this one, in the list.
+  [[nodiscard]] std::size_t lineEnd(std::size_t i) const {
+    std::size_t end = i;
+    while (end < file.size() && AreOnOneLine(file, i, end)) {
+      if (BraceOf(file.text(end)) == '}') return end + (file.text(end).front() == '}' ? 0 : 1);
+      ++end;
+    }
+    return end;
+  }
+
+  /// Returns whether the pair that the last word of a line begins ends with the next line's first.
+  [[nodiscard]] bool goesOn(std::size_t next) const {
+    if (next >= file.size() || BraceOf(file.text(next)) != '\0' || IsBeforeColon(file, next)) {
+      return false;
+    }
+    const bool leavesPairs = (lineEnd(next) - next) % 2 == 1;
+    const bool isAfterColon = IsAfterColon(file, next) || IsBeforeColon(file, next - 1);
+    return looksLikeSecondHalf(next) || (isAfterColon && leavesPairs);
+  }
+
+  /// Returns whether the word is rather a type or a value than a name.
+  [[nodiscard]] bool looksLikeSecondHalf(std::size_t i) const {
+    std::string_view text = file.text(i);
+    text = text.substr(0, text.find_last_not_of(";,") + 1);
+    const bool isName = IsIdentifier(text) && FindKeyword(text) == Keyword::None &&
+                        FindBuiltinType(text) == nullptr;
+    return !isName || (!isEnum() && types.count(text) > 0 && !IsBeforeColon(file, i));
+  }
+
+  const LocatedWords& file;
+  const TypeNames& types;
+  std::size_t begin;
+};
+
+/// Finds a word that qualifies a declaration in another language.
+bool FindQualifier(const LocatedWords& file, WordRange line, const List& list, Fix& fix) {
+  if (line.end - line.first < 2) return false;
+  for (std::size_t i = line.first; i < line.end; ++i) {
+    if (!IsQualifier(file.text(i)) || IsBeforeColon(file, i)) continue;
+    fix.rule = list.isEnum() ? &rules::extraWordOfValue : &rules::extraWordOfType;
+    fix.word = i;
+    fix.text = file.text(i);
+    return true;
+  }
+  return false;
+}
+
+/// Finds a type in place of the name.
+bool BeginsWithType(const LocatedWords& file, WordRange line, Fix& fix) {
+  const std::string_view first = file.text(line.first);
+  if (line.end - line.first < 2 || !IsTypeWord(first) || IsBeforeColon(file, line.first)) {
+    return false;
+  }
+  fix.rule = &rules::notAName;
+  fix.word = line.first;
+  fix.text = first;
+  fix.advice = FormAdvice(first, Role::MemberName);
+  return true;
+}
+
+/// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
+Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
+  std::size_t brace = line.first;
+  while (file.text(brace) != "{") ++brace;
+  const std::size_t before = brace - line.first;
+  const WordRange block = {line.first, ClosingBrace(file, brace) + 1};
+  const auto at = [&](const Rule& rule, std::size_t word) {
+    return Fix{&rule, word, file.text(word), {}, block};
+  };
+  if (before >= 2 && IsDeclaration(FindStatement(file.text(brace - 2)))) {
+    Fix fix = at(rules::missingEnd, brace - 2);
+    if (OpenBraces(file) <= 0) return fix;  // It is nested, and has its own end.
+    fix.replaced = {brace - 2, brace - 2};
+    fix.texts = MissingBraces(file, brace - 2);
+    return fix;
+  }
+  if (before >= 1 && list.isRequest() && file.text(brace - 1) == "response") {
+    Fix fix = at(rules::missingEndOfPart, brace - 1);
+    fix.replaced = {brace - 1, brace - 1};
+    fix.texts = {"}"};
+    return fix;
+  }
+  if (before % 2 == 1 && IsBeforeColon(file, brace - 1)) {
+    Fix fix = at(list.isEnum() ? rules::notAValue : rules::notAType, brace);
+    if (!list.isEnum()) fix.advice = "declare a message for it";
+    return fix;
+  }
+  return at(list.isEnum() ? rules::blockInEnum : rules::blockInMembers, line.first);
+}
+
+}  // namespace
+
+bool IsInList(Role role) {
+  return role == Role::ItemName || role == Role::ItemValue || role == Role::MemberName ||
+         role == Role::MemberType;
+}
+
+std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end) {
+  std::size_t i = end - 1;
+  while (file.role(i) != Role::Part && file.role(i) != Role::Statement) --i;
+  const bool isService = FindStatement(file.text(i)) == Statement::Service;
+  if (file.role(i) != Role::Part && !isService) return {"}"};
+  std::vector<std::string> missing;
+  if (file.text(end - 1) != "}" && !isService) missing = {"}"};
+  if (isService) missing = {"request", "{", "}"};
+  if (isService || file.text(i) == "request") {
+    missing.insert(missing.end(), {"response", "{", "}"});
+  }
+  missing.emplace_back("}");
+  return missing;
+}
+
+TypeNames DeclaredTypes(const LocatedWords& file) {
+  TypeNames types;
+  for (std::size_t i = 0; i < file.size(); ++i) {
+    const Role role = file.role(i);
+    if (role == Role::EnumName || role == Role::MessageName) types.insert(file.text(i));
+  }
+  return types;
+}
+
+bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
+  const WordRange line = List(file, types, word).firstWrongLine(word);
+  return line.first < line.end;
+}
+
+Fix FixList(const LocatedWords& file, std::size_t word) {
+  const TypeNames types = DeclaredTypes(file);
+  const List list(file, types, word);
+  const WordRange line = list.firstWrongLine(word);
+  const bool isLine = line.first < line.end;
+  const bool isSecond = file.role(word) == Role::MemberType || file.role(word) == Role::ItemValue;
+  const WordRange pair = {isSecond ? word - 1 : word, word + 1};
+  const bool isCppName = IsJoinedByColons(file, word);  // Also in a line of pairs.
+  const WordRange range = isLine ? line : isCppName ? list.lineOf(word) : pair;
+
+  Fix fix{&FormRule(file.role(word)), word, file.text(word), {}, range};
+  if (FindCharacterCause(file, range, fix)) return fix;
+  const auto texts = file.words.texts.begin();
+  if (isLine && std::find(texts + static_cast<std::ptrdiff_t>(line.first),
+                          texts + static_cast<std::ptrdiff_t>(line.end),
+                          "{") != texts + static_cast<std::ptrdiff_t>(line.end)) {
+    return FixBlock(file, line, list);
+  }
+  if (isLine && FindQualifier(file, line, list, fix)) return fix;
+  if (FindFormCause(file, Signs::Assignments, range, fix)) return fix;
+  if (isLine && !list.isEnum() && BeginsWithType(file, line, fix)) return fix;
+  if (FindFormCause(file, Signs::Forms, range, fix)) return fix;
+  if (isLine) list.count(line, fix);
+  return fix;
+}
+
+}  // namespace zentho

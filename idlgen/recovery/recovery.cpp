@@ -1,0 +1,210 @@
+#include "recovery/recovery.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "check/out_of_step.h"
+#include "check/word_forms.h"
+#include "diagnostics/advice.h"
+#include "recovery/fix.h"
+#include "schema/schema.h"
+#include "schema/statements.h"
+
+namespace zentho {
+namespace {
+
+/// The number of faults after which the rest of a file is not read any more.
+constexpr std::size_t limit = 20;
+
+/// Returns the index of the first type or value of which "::" makes two words, or `count`.
+std::size_t FirstCppName(const LocatedWords& file, std::size_t count) {
+  std::size_t i = 0;
+  while (i < count && !(IsSecondHalf(file.role(i)) && IsJoinedByColons(file, i))) ++i;
+  return i;
+}
+
+template <typename T>
+void replace(std::vector<T>& list, WordRange range, const std::vector<T>& values) {
+  const auto at = [&](std::size_t i) { return list.begin() + static_cast<std::ptrdiff_t>(i); };
+  const auto rest = list.erase(at(range.first), at(range.end));
+  list.insert(rest, values.begin(), values.end());
+}
+
+}  // namespace
+
+Recovery::Recovery(std::string_view fileText, Words fileWords,
+                   std::optional<ParseError> grammarError)
+    : text(fileText), error(std::move(grammarError)) {
+  file.words = std::move(fileWords);
+  file.places = FindPlaces(text, file.words.texts);
+  lacksBraces = OpenBraces(file) > 0;
+}
+
+void Recovery::run() {
+  readBlanksAtLineEnds();
+  for (std::size_t faults = 0;; ++faults) {
+    const std::optional<Fix> fix = nextFix();
+    if (!fix.has_value()) return;
+    if (faults == limit) break;
+    apply(*fix);
+  }
+  isComplete = false;
+  findings.clear();
+}
+
+/// If most lines end with CR LF, says so once, and reads the CRs as blanks.
+void Recovery::readBlanksAtLineEnds() {
+  const auto endsLine = [&](std::size_t i) {
+    return i + 1 == file.size() || !AreOnOneLine(file, i, i + 1);
+  };
+  std::size_t lines = 0;
+  std::vector<std::size_t> ends;
+  for (std::size_t i = 0; i < file.size(); ++i) {
+    if (!endsLine(i)) continue;
+    ++lines;
+    if (file.text(i).back() == '\r') ends.push_back(i);
+  }
+  if (ends.size() * 2 <= lines) return;
+  const Place& place = file.places[ends.front()];
+  const Spot spot = {{place.lineNumber, place.line, place.code, place.line.size() - 1}, 1};
+  diagnostics.push_back({Severity::Error, spot, Sentence(rules::carriageReturns, "", "")});
+  for (const std::size_t i : ends) file.words.texts[i].remove_suffix(1);
+  std::vector<Place> places;
+  for (std::size_t i = 0; i < file.size(); ++i) {
+    if (!file.text(i).empty()) places.push_back(file.places[i]);
+  }
+  file.places = std::move(places);
+  std::vector<std::string_view>& words = file.words.texts;
+  words.erase(std::remove(words.begin(), words.end(), ""), words.end());
+  parse();
+}
+
+void Recovery::parse() {
+  error.reset();
+  Schema schema;
+  try {
+    Parser().parseSilently(file.words, schema);
+  } catch (const ParseError& parseError) {
+    error = parseError;
+  }
+}
+
+/// Returns the fix of the first word that the parser refuses or that has not the role that it is
+/// meant for, or nothing. Checks the words if there is no such word.
+std::optional<Fix> Recovery::nextFix() {
+  const bool isAtEnd = error.has_value() && error->kind == ParseError::Kind::EndOfFile;
+  const std::size_t count = error.has_value() && !isAtEnd ? error->tokensRead - 1 : file.size();
+  const std::size_t fault = std::min(WordsInStep(file.words, count), FirstCppName(file, count));
+  if (fault < count) return fixOfWord(fault);
+  if (isAtEnd) return fixOfEnd();
+  if (error.has_value()) return fixOfWord(fault);
+  findings = Check(file.words, leftOut);
+  return fixOfFindings();
+}
+
+Fix Recovery::fixOfWord(std::size_t word) const {
+  const bool isSecondNamespace = error.has_value() &&
+                                 error->kind == ParseError::Kind::SecondNamespace &&
+                                 error->tokensRead - 1 == word;
+  if (isSecondNamespace) {
+    const auto first =
+        std::find(file.words.roles.begin(), file.words.roles.end(), Role::NamespacePath);
+    const auto other = static_cast<std::size_t>(first - file.words.roles.begin());
+    return {
+        &rules::secondNamespace, word, "", "", {word, std::min(word + 2, file.size())}, {}, other};
+  }
+  return IsInList(file.role(word)) ? FixList(file, word) : FixStatement(file, word);
+}
+
+/// Returns the fix of a statement that the file ends in.
+Fix Recovery::fixOfEnd() const {
+  const std::size_t last = file.size() - 1;
+  if (IsInList(file.role(last)) && HasWrongLine(file, DeclaredTypes(file), last)) {
+    return FixList(file, last);
+  }
+  return FixEnd(file);
+}
+
+/// Returns the fix of the first list with a finding in or below a line that cannot be read in
+/// pairs: all words after that line have a wrong role.
+std::optional<Fix> Recovery::fixOfFindings() const {
+  const TypeNames types = DeclaredTypes(file);
+  std::size_t next = 0;
+  while (next < findings.size()) {
+    const std::size_t first = findings[next].word;
+    if (!IsInList(file.role(first))) {
+      ++next;
+      continue;
+    }
+    std::size_t listEnd = first;
+    while (IsInList(file.role(listEnd))) ++listEnd;
+    while (next < findings.size() && findings[next].word < listEnd) ++next;
+    const std::size_t last = findings[next - 1].word;
+    if (HasWrongLine(file, types, last)) return FixList(file, last);
+  }
+  return std::nullopt;
+}
+
+/// Says what is wrong, unless something has been said about that line, and parses the words that
+/// are read instead.
+void Recovery::apply(const Fix& fix) {
+  const Spot spot = spotOf(fix.word);
+  const bool isNew =
+      std::none_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
+        return diagnostic.spot.place.lineNumber == spot.place.lineNumber;
+      });
+  // A missing end may only follow from what has been left out.
+  const bool isConsequence = fix.rule == &rules::endOfFile && !diagnostics.empty() && !lacksBraces;
+  if (isNew && !isConsequence) {
+    Diagnostic diagnostic{Severity::Error, spot, Sentence(*fix.rule, fix.text, fix.advice)};
+    if (fix.other != noWord) {
+      diagnostic.note = Sentence({Severity::Error, fix.rule->note}, "", "", file.text(fix.other));
+      diagnostic.noteSpot = spotOf(fix.other);
+    }
+    diagnostics.push_back(std::move(diagnostic));
+  }
+
+  if (fix.replaced.first < fix.replaced.end) linesAtFault.push_back(spot.place.lineNumber);
+
+  std::vector<std::string_view> read;
+  for (const std::string& word : fix.texts) read.push_back(texts.emplace_back(word));
+  for (std::size_t i = fix.replaced.first; i < fix.replaced.end; ++i) {
+    if (std::find(read.begin(), read.end(), file.text(i)) == read.end()) leaveOut(file.text(i));
+  }
+  const std::size_t at = std::min(fix.replaced.first, file.size() - 1);
+  std::vector<Place> places;
+  std::size_t offset = file.places[at].offset;
+  for (const std::string_view word : read) {
+    Place place = file.places[at];
+    const std::size_t found = place.code.find(word, offset);
+    if (found != std::string_view::npos) offset = found;
+    place.offset = offset;
+    places.push_back(place);
+  }
+  replace(file.words.texts, fix.replaced, read);
+  replace(file.places, fix.replaced, places);
+  parse();
+}
+
+/// Keeps the names in a word that is not read, which may be declared there.
+void Recovery::leaveOut(std::string_view word) {
+  const Statement keyword = FindStatement(SimilarKeyword(word));
+  if (keyword == Statement::Include || keyword == Statement::Namespace) {
+    leftOut.mayDeclareAnything = true;
+  }
+  const auto isPart = [](char byte) {
+    return (byte & 0x80) != 0 || IsNameCharacter(static_cast<unsigned char>(byte));
+  };
+  while (!word.empty()) {
+    const auto* const end = std::find_if_not(word.begin(), word.end(), isPart);
+    const auto size = static_cast<std::size_t>(end - word.begin());
+    leftOut.names.insert(word.substr(0, size));
+    word.remove_prefix(std::min(size + 1, word.size()));
+  }
+}
+
+Spot Recovery::spotOf(std::size_t word) const {
+  return {file.places[word], file.text(word).size()};
+}
+
+}  // namespace zentho

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/check.h"
+#include "check/located_words.h"
+#include "diagnostics/diagnostic.h"
+#include "recovery/fix.h"
+#include "schema/parser.h"
+
+namespace zentho {
+
+/// Reads a file that the parser refuses, or that has words which are not what they mean: takes the
+/// first fault, replaces its line by what was probably meant, and parses the words once more, until
+/// no fault is left. Refers to the text.
+class Recovery {
+ public:
+  /// `fileWords` are all words of the text, with the roles that the parser has given to them.
+  Recovery(std::string_view fileText, Words fileWords, std::optional<ParseError> grammarError);
+
+  void run();
+
+  LocatedWords file;                      ///< What is read in the end.
+  std::vector<Finding> findings;          ///< Of the check, about the words that are read.
+  std::vector<Diagnostic> diagnostics;    ///< One for each line at fault.
+  std::vector<std::size_t> linesAtFault;  ///< Whose words are not all read.
+  LeftOut leftOut;                        ///< The words that are not read.
+  bool isComplete = true;                 ///< Otherwise there are too many faults to read the rest.
+
+ private:
+  void readBlanksAtLineEnds();
+  void parse();
+  [[nodiscard]] std::optional<Fix> nextFix();
+  [[nodiscard]] Fix fixOfWord(std::size_t word) const;
+  [[nodiscard]] Fix fixOfEnd() const;
+  [[nodiscard]] std::optional<Fix> fixOfFindings() const;
+  void apply(const Fix& fix);
+  void leaveOut(std::string_view word);
+  [[nodiscard]] Spot spotOf(std::size_t word) const;
+
+  std::string_view text;
+  std::optional<ParseError> error;
+  std::deque<std::string> texts;  ///< What is read in place of words of the file.
+  bool lacksBraces;               ///< Whether the file opens more braces than it closes.
+};
+
+}  // namespace zentho

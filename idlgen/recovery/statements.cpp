@@ -1,0 +1,291 @@
+#include "schema/statements.h"
+
+#include <algorithm>
+
+#include "check/cpp_words.h"
+#include "check/word_forms.h"
+#include "diagnostics/advice.h"
+#include "diagnostics/printable.h"
+#include "diagnostics/similar.h"
+#include "recovery/fix.h"
+#include "schema/builtin_types.h"
+
+namespace zentho {
+namespace {
+
+constexpr std::string_view anyStatement =
+    "a statement begins with include, namespace, enum, message or service";
+
+/// A word that is not what the grammar wants outside of a list, with its line.
+class Fault {
+ public:
+  Fault(const LocatedWords& located, std::size_t i)
+      : file(located), word(i), end(LineEnd(located, i)) {}
+
+  [[nodiscard]] Fix atStatement() const;
+  [[nodiscard]] Fix atBrace() const;
+  [[nodiscard]] Fix atPart() const;
+
+  /// Returns the fix that leaves out the rest of the line, and the block that it opens.
+  [[nodiscard]] Fix leaveOut(const Rule& rule, std::string_view advice) const {
+    return {&rule, word, file.text(word), std::string(advice), rest()};
+  }
+
+ private:
+  [[nodiscard]] WordRange rest() const {
+    const std::size_t brace = OpeningBrace(file, word);
+    return {word, brace == noWord ? end : std::max(end, ClosingBrace(file, brace) + 1)};
+  }
+
+  [[nodiscard]] bool isInLineOf(std::size_t other) const { return AreOnOneLine(file, word, other); }
+
+  [[nodiscard]] bool beginsStatement(std::size_t i) const {
+    return FindStatement(file.text(i)) != Statement::None;
+  }
+
+  [[nodiscard]] Fix afterPath() const;
+  [[nodiscard]] std::size_t laterDeclaration() const;
+  [[nodiscard]] std::string_view meantKeyword() const;
+  [[nodiscard]] std::size_t endOfClosedList() const;
+  [[nodiscard]] bool isClosed() const;
+  [[nodiscard]] Fix atOpening() const;
+  [[nodiscard]] std::string_view openingAdvice() const;
+
+  const LocatedWords& file;
+  std::size_t word;
+  std::size_t end;
+};
+
+/// More words on the line of a path: of an include, or of a namespace.
+Fix Fault::afterPath() const {
+  const std::string_view text = file.text(word);
+  Fix fix = leaveOut(rules::notAStatement, "a path is one word, without spaces");
+  if (file.role(word - 1) == Role::IncludePath) return fix;
+  fix.advice = "a namespace is one word";
+  if (text == "{") {
+    // Only the braces are left out, not what stands between them.
+    fix.advice = "a namespace has no braces";
+    fix.replaced = {word, ClosingBrace(file, word) + 1};
+    for (std::size_t i = word + 1; i + 1 < fix.replaced.end; ++i)
+      fix.texts.emplace_back(file.text(i));
+  } else if (IsJoinedByColons(file, word - 1)) {
+    std::string path(file.text(word - 1));
+    std::size_t last = word;
+    while (last < end && IsJoinedByColons(file, last - 1))
+      path += "." + std::string(file.text(last++));
+    fix.advice = "write dots: \"" + Shortened(path) + '"';
+    fix.replaced = {word - 1, last};
+    fix.texts = {path};
+  }
+  return fix;
+}
+
+/// Returns the index of a keyword further on in the line that begins a declaration, or `noWord`.
+std::size_t Fault::laterDeclaration() const {
+  for (std::size_t i = word + 1; i + 2 < file.size() && i < end; ++i) {
+    if (file.text(i) == "{") break;
+    if (IsDeclaration(FindStatement(file.text(i))) && file.text(i + 2) == "{") return i;
+  }
+  return noWord;
+}
+
+/// Returns the keyword that the word stands for, if the rest of the line fits, or nothing.
+std::string_view Fault::meantKeyword() const {
+  const std::string_view keyword = SimilarKeyword(file.text(word));
+  const bool fits = IsDeclaration(FindStatement(keyword))
+                        ? OpeningBrace(file, word) != noWord && OpeningBrace(file, word) > word + 1
+                        : end == word + 2;
+  return fits ? keyword : std::string_view();
+}
+
+/// If lines of pairs follow up to a brace, which belong to a list that has been closed too early,
+/// returns the index after that brace, or `noWord`.
+std::size_t Fault::endOfClosedList() const {
+  std::size_t i = word;
+  while (i < file.size() && !beginsStatement(i) && file.text(i) != "{") {
+    if (file.text(i).front() == '}') return i == word ? noWord : i + 1;
+    const std::size_t next = LineEnd(file, i);
+    if ((next - i) % 2 == 1 || !IsIdentifier(file.text(i)) || file.text(i + 1) == "=") break;
+    i = next;
+  }
+  return noWord;
+}
+
+Fix Fault::atStatement() const {
+  const std::string_view text = file.text(word);
+  const Role before = word > 0 ? file.role(word - 1) : Role::Statement;
+  const bool isAfterPath = before == Role::NamespacePath || before == Role::IncludePath;
+  if (isAfterPath && (isInLineOf(word - 1) || text == "{")) return afterPath();
+  Fix fix = leaveOut(rules::notAStatement, anyStatement);
+  if (BraceOf(text) == '}') {
+    fix.advice = R"(there is no "{" for it)";
+    fix.replaced = {word, word + 1};
+    return fix;
+  }
+  if (FindFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
+  if (laterDeclaration() != noWord) {
+    fix.replaced = {word, laterDeclaration()};
+  } else if (!SimilarKeyword(text).empty()) {
+    fix.advice = DidYouMean(SimilarKeyword(text));
+    if (meantKeyword().empty()) return fix;
+    fix.replaced = {word, word + 1};
+    fix.texts = {std::string(meantKeyword())};
+  } else if (endOfClosedList() != noWord) {
+    fix.advice = R"(is a "}" too many above it?)";
+    fix.replaced = {word, endOfClosedList()};
+  }
+  return fix;
+}
+
+/// Returns what to do about a word between a name and its brace.
+std::string_view Fault::openingAdvice() const {
+  const std::string_view text = file.text(word);
+  const Role name = file.role(word - 1);
+  if (IsJoinedByColons(file, word - 1)) return "a name is one word, without colons";
+  if (name == Role::Part) return "a request or response is members in braces";
+  if (name == Role::EnumName && (FindBuiltinType(text) != nullptr || IsCppType(text))) {
+    return "the underlying type of an enum cannot be chosen";
+  }
+  if (IsBeforeColon(file, word - 1) || text == "extends") return "messages have no base";
+  return "only a name stands before it";
+}
+
+/// Returns whether a list that begins with the word has an end before other braces.
+bool Fault::isClosed() const {
+  std::size_t i = word;
+  while (i < file.size() && BraceOf(file.text(i)) == '\0' && !beginsStatement(i)) ++i;
+  return i < file.size() && BraceOf(file.text(i)) == '}';
+}
+
+/// A word in place of the "{" after a name.
+Fix Fault::atOpening() const {
+  const std::size_t name = word - 1;
+  const bool isPart = file.role(name) == Role::Part;
+  Fix fix{&rules::missingOpening, name, file.text(name), {}, {word, word}, {"{"}};
+  if (!isInLineOf(name)) {
+    if (isPart || isClosed()) return fix;
+    fix.replaced = {name - 1, word};
+    fix.texts = {};
+    return fix;
+  }
+  fix = {&rules::notAnOpening,         word,        file.text(word),
+         std::string(openingAdvice()), {word, end}, {}};
+  const std::size_t brace = OpeningBrace(file, word);
+  const bool isKeyword = FindKeyword(file.text(name)) != Keyword::None;
+  if (brace != noWord && isKeyword && brace > word) {  // As in `enum class E {`.
+    fix = {&rules::keywordAsName, name, file.text(name), {}, {name, word}};
+  } else if (brace != noWord) {
+    fix.replaced.end = brace;
+  } else if (isPart) {
+    fix.replaced.end = word + 1;
+    fix.texts = {"{", "}"};
+  } else {
+    fix.replaced.first = name - 1;
+  }
+  return fix;
+}
+
+Fix Fault::atBrace() const {
+  const Role before = file.role(word - 1);
+  if (before != Role::Brace) return atOpening();
+  Fix fix = leaveOut(rules::missingEndOfService, "");
+  if (beginsStatement(word)) {
+    fix.replaced = {word, word};
+    fix.texts = {"}"};
+  } else if (BraceOf(file.text(word)) == '}') {
+    fix.rule = &rules::notAnEnd;
+    fix.advice = FormAdvice(file.text(word), Role::Statement);
+    fix.replaced = {word, word + 1};
+    fix.texts = {"}"};
+  } else {
+    fix.rule = &rules::notAnEnd;
+    fix.advice = "a service has one request and one response, in this order";
+  }
+  return fix;
+}
+
+/// A word in place of `request` or `response`.
+Fix Fault::atPart() const {
+  const std::string_view text = file.text(word);
+  const bool isRequest = file.role(word - 2) == Role::ServiceName;
+  const std::string part = isRequest ? "request" : "response";
+  Fix fix = leaveOut(isRequest ? rules::notARequest : rules::notAResponse,
+                     "a service has a request and a response, in this order");
+  SimilarWord similar(text);
+  similar.compare(part);
+  if (!similar.found().empty() && text != "request" && text != "response") {
+    fix.advice = DidYouMean(part);
+    fix.replaced = {word, word + 1};
+    fix.texts = {part};
+  } else if (text == "}" || text == "response") {
+    fix.replaced = {word, word};
+    fix.texts = {part, "{", "}"};
+    if (text == "}" && isRequest) fix.texts.insert(fix.texts.end(), {"response", "{", "}"});
+    if (text == "response") fix.advice = "a service begins with its request";
+  } else if (beginsStatement(word)) {
+    fix.rule = &rules::missingEndOfService;
+    fix.advice = {};
+    fix.replaced = {word, word};
+    fix.texts = {part, "{", "}", "}"};
+    if (isRequest) fix.texts.insert(fix.texts.begin() + 3, {"response", "{", "}"});
+  }
+  return fix;
+}
+
+/// A word that is glued to a brace, or a brace in place of a name.
+Fix FixName(const LocatedWords& file, std::size_t word) {
+  const std::string_view text = file.text(word);
+  Fix fix = Fault(file, word).leaveOut(FormRule(file.role(word)), "");
+  if (text == "{") {
+    fix.rule = &rules::missingName;
+    fix.replaced = {word, word};
+    fix.texts = {"_"};
+  } else if (BraceOf(text) == '}') {
+    fix.replaced = {word - 1, word};
+  }
+  return fix;
+}
+
+}  // namespace
+
+Fix FixStatement(const LocatedWords& file, std::size_t word) {
+  Fix fix{};
+  const Role role = file.role(word);
+  if (FindCharacterCause(file, {word, LineEnd(file, word)}, fix)) return fix;
+  const Fault fault(file, word);
+  switch (role) {
+    case Role::Statement:
+      return fault.atStatement();
+    case Role::Brace:
+      return fault.atBrace();
+    case Role::Part:
+      return fault.atPart();
+    default:
+      return FixName(file, word);
+  }
+}
+
+Fix FixEnd(const LocatedWords& file) {
+  const std::size_t last = file.size() - 1;
+  std::size_t keyword = last;
+  while (file.role(keyword) != Role::Statement) --keyword;
+  Fix fix{&rules::endOfFile, last, R"(a "}")", "", {file.size(), file.size()}, {}, keyword};
+  switch (file.role(last)) {
+    case Role::Statement:
+      fix.text = FindStatement(file.text(last)) == Statement::Include ? "a path" : "a name";
+      fix.replaced.first = keyword;
+      break;
+    case Role::EnumName:
+    case Role::MessageName:
+    case Role::ServiceName:
+    case Role::Part:
+      fix.text = R"(a "{")";
+      fix.replaced.first = keyword;
+      break;
+    default:
+      fix.texts = MissingBraces(file, file.size());
+  }
+  return fix;
+}
+
+}  // namespace zentho
