@@ -25,14 +25,15 @@ class Run {
       : request(checkRequest), sources(tree, checkRequest.directories) {}
 
   Outcome check() {
-    Outcome result{true, DirectoryErrors()};
-    if (!result.messages.empty()) return {false, result.messages};
-    sources.load(request.files);
+    sources.load(request.files);  // First, so that none of these files is taken for a stamp.
     for (const OutputFile& file : outputs()) {
       if (const std::optional<std::string> reason = Refusal(file)) {
         return {false, ErrorLine(file.path, *reason)};
       }
     }
+    std::string errors = directoryErrors();
+    if (!errors.empty()) return {false, std::move(errors)};
+    Outcome result{true, {}};
     for (const Sources::Named& named : sources.named()) append(examineNamed(named), result);
     if (result.succeeded) append(writeOutputs(), result);
     return result;
@@ -52,7 +53,7 @@ class Run {
   }
 
   /// Returns a message for each base directory that is none.
-  std::string DirectoryErrors() {
+  std::string directoryErrors() {
     std::string messages;
     for (const std::string& directory : request.directories) {
       const Entry entry = tree.look(directory);
