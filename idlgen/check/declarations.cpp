@@ -7,25 +7,67 @@
 namespace zentho {
 
 void Declarations::add(const Words& words, const LeftOut& leftOut) {
-  File file = {&words, &leftOut, {0}, false};
+  files.push_back({&words, &leftOut, {}, {}});
+  declareAll(files.size() - 1);
+}
+
+void Declarations::replace(std::size_t file, const Words& words, const LeftOut& leftOut) {
+  for (Declaration& declaration : declarations) {
+    if (declaration.file == file) declaration.file = nothing;
+  }
+  files[file] = {&words, &leftOut, {}, {}};
+  declareAll(file);
+}
+
+void Declarations::declareAll(std::size_t index) {
+  File& file = files[index];
+  file.namespaces = {0};
+  const Words& words = *file.words;
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words.roles[i] == Role::IncludePath) file.hasInclude = true;
     if (words.roles[i] != Role::NamespacePath) continue;
+    file.namespaceWord = i;
     for (const std::string_view part : Components(words.texts[i])) {
       if (part.empty()) continue;
       const auto [found, isNew] =
           spaces[file.namespaces.back()].nested.emplace(part, spaces.size());
       file.namespaces.push_back(found->second);
+      file.namespaceNames.push_back(part);
       if (isNew) spaces.emplace_back();
     }
   }
-  files.push_back(std::move(file));
   for (std::size_t i = 0; i < words.size(); ++i) {
     const Role role = words.roles[i];
     const bool isDeclaration = role == Role::EnumName || role == Role::MessageName ||
                                role == Role::ServiceName || role == Role::ItemName;
-    if (isDeclaration) declare(files.size() - 1, i, role);
+    if (isDeclaration) declare(index, i, role);
   }
+}
+
+std::vector<Clash> Declarations::clashes() const {
+  std::vector<Clash> clashes;
+  for (std::size_t space = 0; space < spaces.size(); ++space) {
+    for (const auto& [name, first] : spaces[space].names) {
+      const std::size_t inside = nested(space, name);
+      if (declarations[first].next != nothing || inside != nothing) {
+        clashes.push_back({first, inside});
+      }
+    }
+  }
+  const auto isBefore = [](const Clash& a, const Clash& b) {
+    return a.declaration < b.declaration;
+  };
+  std::sort(clashes.begin(), clashes.end(), isBefore);
+  return clashes;
+}
+
+bool Declarations::hasItem(std::string_view name) const {
+  for (std::size_t space = 0; space < spaces.size(); ++space) {
+    std::size_t i = firstIn(space, name);
+    while (i != nothing && !declarations[i].isItem()) i = declarations[i].next;
+    if (i != nothing) return true;
+  }
+  return false;
 }
 
 void Declarations::declare(std::size_t file, std::size_t word, Role role) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "check/rules.h"
@@ -8,12 +9,20 @@
 
 namespace zentho {
 
+/// A word of this or another file.
+struct WordInFile {
+  std::size_t word = noWord;
+  std::size_t file = static_cast<std::size_t>(-1);  ///< No index of a file: the same one.
+};
+
 /// A place where a file breaks a rule.
 struct Finding {
   const Rule* rule;
-  std::size_t word;            ///< The index of the word at fault.
-  std::string_view text;       ///< For the sentence: the word, or the part at fault.
-  std::size_t other = noWord;  ///< The index of the word that the note of the rule is about.
+  std::size_t word;         ///< The index of the word at fault.
+  std::string_view text;    ///< For the sentence: the word, or the part at fault.
+  WordInFile other = {};    ///< The word that the note of the rule is about, if there is one.
+  WordInFile another = {};  ///< A second one.
+  std::string advice = {};  ///< If not empty, it follows the sentence in place of the hint.
 };
 
 }  // namespace zentho

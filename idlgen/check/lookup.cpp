@@ -192,7 +192,6 @@ std::size_t Lookup::recordIn(std::size_t space, std::string_view name) const {
   return i;
 }
 
-/// Returns the namespace of this name in another one, if the file sees it, or `nothing`.
 std::size_t Lookup::seenNamespace(std::size_t space, std::string_view name) const {
   const std::size_t nested = declarations.nested(space, name);
   return nested != nothing && sight.hasNamespace(nested) ? nested : nothing;

@@ -61,6 +61,9 @@ class Lookup {
   /// Returns whether a record of this name is declared in the namespace of the file or further out.
   [[nodiscard]] bool hasRecord(std::string_view name) const;
 
+  /// Returns the namespace of this name in another one, if the file sees it, or `nothing`.
+  [[nodiscard]] std::size_t seenNamespace(std::size_t space, std::string_view name) const;
+
   /// Returns whether a name that no file declares may still be declared.
   [[nodiscard]] bool mayBeElsewhere(std::string_view name) const;
 
@@ -77,7 +80,6 @@ class Lookup {
   [[nodiscard]] Found findNested(std::size_t declaration, const Path& path, std::size_t next,
                                  const Scope& user) const;
   [[nodiscard]] std::size_t recordIn(std::size_t space, std::string_view name) const;
-  [[nodiscard]] std::size_t seenNamespace(std::size_t space, std::string_view name) const;
   [[nodiscard]] bool isAbove(std::size_t declaration, const Scope& user) const;
   [[nodiscard]] bool isOwn(std::size_t declaration, const Scope& user) const;
   [[nodiscard]] std::string_view text(std::size_t declaration) const;

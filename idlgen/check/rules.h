@@ -83,6 +83,10 @@ inline constexpr Rule globalNamespace{error, R"("%" is a namespace already: choo
 inline constexpr Rule nestedTypeAsService{
     error, R"(a service cannot be named "%": it contains a type of that name)"};
 inline constexpr Rule declaredTwice{error, R"("%" is already declared)", "declared here"};
+inline constexpr Rule isNamespace{error, R"("%" is already a namespace)", "declared here"};
+inline constexpr Rule hiddenNamespace{
+    error, R"("%" is also a namespace in zentho, where the functions of the header stand)",
+    "declared here"};
 inline constexpr Rule itemTwice{error, R"("%" is already an item of @)", "declared here"};
 inline constexpr Rule memberTwice{error, R"("%" is already a member of @)", "declared here"};
 inline constexpr Rule frameworkName{
@@ -121,6 +125,8 @@ inline constexpr Rule hiddenByItem{error, R"("%" is an item of @, which hides th
 inline constexpr Rule memberAsType{error, R"("%" is a member, not a type)", "declared here"};
 inline constexpr Rule itemAsType{error, R"("%" is an item of @, not a type)", "declared here"};
 inline constexpr Rule namespaceAsType{error, R"("%" is a namespace, not a type)"};
+inline constexpr Rule hiddenLibrary{
+    error, R"("%" needs the namespace of the C++ library, which is hidden here)", "declared here"};
 inline constexpr Rule serviceAsType{
     warning,
     R"("%" is a service, for which there is no serialization: use its Request or Response)"};
@@ -136,6 +142,11 @@ inline constexpr Rule unquotedPath{warning,
                                    R"(% is not in quotes: write "dir/file.idl", with the quotes)"};
 inline constexpr Rule unterminatedPath{
     warning, R"(% has no closing quote: a path ends before a space, ":", "#" and "//")"};
+inline constexpr Rule similarPath{warning, "there is no file %"};
+inline constexpr Rule cycle{warning, "% includes this file, too: one of them will not compile"};
+inline constexpr Rule includesItself{warning, "% is this file itself"};
+inline constexpr Rule misfit{error, R"("%" is declared in an included file already)",
+                             "declared here"};
 inline constexpr Rule noExtension{warning, R"(% has no extension, such as ".idl")"};
 
 }  // namespace rules

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -13,8 +14,9 @@ class Sight {
   /// The sight of a file that is checked alone.
   explicit Sight(const Declarations& fileDeclarations) : declarations(fileDeclarations) {}
 
-  /// Looks from a file. `includes` are, for each file, those that it includes.
-  void lookFrom(std::size_t file, const std::vector<std::vector<std::size_t>>& includes);
+  /// Looks from one of `count` files. `includesOf` returns what a file includes.
+  template <typename IncludesOf>
+  void lookFrom(std::size_t file, std::size_t count, const IncludesOf& includesOf);
 
   [[nodiscard]] bool hasFile(std::size_t file) const {
     return file == user || (file < fileMarks.size() && fileMarks[file] == user);
@@ -31,5 +33,29 @@ class Sight {
   std::vector<std::size_t> fileMarks;   ///< The file that has last seen each file.
   std::vector<std::size_t> spaceMarks;  ///< The file that has last seen each namespace.
 };
+
+template <typename IncludesOf>
+void Sight::lookFrom(std::size_t file, std::size_t count, const IncludesOf& includesOf) {
+  user = file;
+  seen.clear();
+  fileMarks.resize(count, nothing);
+  spaceMarks.resize(declarations.countNamespaces(), nothing);
+  fileMarks[file] = file;
+  std::vector<std::size_t> pending = {file};
+  while (!pending.empty()) {
+    const std::size_t next = pending.back();
+    pending.pop_back();
+    for (const auto& inclusion : includesOf(next)) {
+      if (fileMarks[inclusion.file] == file) continue;
+      fileMarks[inclusion.file] = file;
+      seen.push_back(inclusion.file);
+      pending.push_back(inclusion.file);
+      for (const std::size_t space : declarations.file(inclusion.file).namespaces) {
+        spaceMarks[space] = file;
+      }
+    }
+  }
+  std::sort(seen.begin(), seen.end());
+}
 
 }  // namespace zentho

@@ -246,7 +246,7 @@ std::string MissingPart(std::string_view type, const Words& words) {
   return Quoted(first) + " has no type " + Quoted(type.substr(dot + 1));
 }
 
-/// Returns a type with a similar name, or where to put the type, or nothing.
+/// Returns where to put a type, or what the record lacks that it begins with, or nothing.
 std::string TypeAdvice(std::string_view type, std::size_t word, const Words& words) {
   const std::string_view name = words.texts[word - 1];
   if (FindBuiltinType(name) != nullptr || FindKeyword(name) == Keyword::Type ||
@@ -254,13 +254,7 @@ std::string TypeAdvice(std::string_view type, std::size_t word, const Words& wor
     return "put the name first, as in " + Quoted(std::string(type) + ": " + std::string(name));
   }
   if (std::string missing = MissingPart(type, words); !missing.empty()) return missing;
-  SimilarWord similar(type);
-  for (const BuiltinType& builtin : builtinTypes) similar.compare(builtin.keyword);
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const Role role = words.roles[i];
-    if (role == Role::EnumName || role == Role::MessageName) similar.compare(words.texts[i]);
-  }
-  return DidYouMean(similar.found());
+  return {};
 }
 
 /// Returns whether a message of this name contains the other one, as a member or in one.
@@ -291,7 +285,7 @@ std::string OrderAdvice(const Finding& finding, const Words& words) {
   std::size_t user = finding.word;
   while (words.roles[user] != Role::MessageName && words.roles[user] != Role::ServiceName) --user;
   const std::string_view name = words.texts[user];
-  const std::string_view used = words.texts[finding.other];
+  const std::string_view used = words.texts[finding.other.word];
   return words.roles[user] == Role::MessageName && Contains(words, used, name)
              ? Quoted(used) + " and " + Quoted(name) + " contain each other"
              : "move it above the types that use it";
@@ -323,6 +317,7 @@ std::string FormAdvice(std::string_view part, Role role) {
 }
 
 std::string AdviceFor(const Finding& finding, const LocatedWords& file) {
+  if (!finding.advice.empty()) return finding.advice;
   const Word word = file.words[finding.word];
   switch (finding.rule->hint) {
     case Hint::None:

@@ -34,7 +34,9 @@ std::string Sentence(const Rule& rule, std::string_view text, const std::string&
 std::string Lines(const std::string& path, const Diagnostic& diagnostic) {
   const char* const kind = diagnostic.severity == Severity::Error ? "error" : "warning";
   std::string lines = Line(path, kind, diagnostic.spot, diagnostic.sentence);
-  if (!diagnostic.note.empty()) lines += Line(path, "note", diagnostic.noteSpot, diagnostic.note);
+  for (const Note& note : diagnostic.notes) {
+    lines += Line(note.path.empty() ? path : note.path, "note", note.spot, note.sentence);
+  }
   return lines;
 }
 

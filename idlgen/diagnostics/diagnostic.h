@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "check/rules.h"
 #include "reader/places.h"
@@ -16,7 +16,14 @@ struct Spot {
   std::size_t size;  ///< In bytes.
 };
 
-/// A diagnostic about a file:
+/// A second sentence of a diagnostic, about another place.
+struct Note {
+  std::string path;  ///< Of the file, or empty if it is the same one.
+  Spot spot;
+  std::string sentence;
+};
+
+/// What is said about a place in a file:
 ///
 ///     idl/robot.idl:7:8: error: "int8;" is not a type: delete the ";"
 ///         7 |     x: int8;
@@ -26,8 +33,7 @@ struct Diagnostic {
   Severity severity;
   Spot spot;
   std::string sentence;
-  std::string note = {};  ///< A second sentence, about another place. Empty if there is none.
-  Spot noteSpot = {};
+  std::vector<Note> notes = {};
 };
 
 /// Returns the sentence of a rule about this text, followed by the advice, if there is one.

@@ -46,6 +46,10 @@ std::vector<Spot> CommentedInclude(std::string_view text) {
   return {};
 }
 
+Spot SpotOf(const LocatedWords& file, std::size_t word) {
+  return {file.places[word], file.text(word).size()};
+}
+
 bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
   const Place& first = a.spot.place;
   const Place& second = b.spot.place;
@@ -56,8 +60,11 @@ bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
 /// Chooses the diagnostics that are shown.
 class Selection {
  public:
-  Selection(std::string_view fileText, const Recovery& fileRecovery)
-      : text(fileText), recovery(fileRecovery), diagnostics(fileRecovery.diagnostics) {
+  Selection(std::string_view fileText, const Recovery& fileRecovery, OtherFiles& otherFiles)
+      : text(fileText),
+        recovery(fileRecovery),
+        others(otherFiles),
+        diagnostics(fileRecovery.diagnostics) {
     addFindings(Severity::Error);
     addFindings(Severity::Warning);
     std::stable_sort(diagnostics.begin(), diagnostics.end(), IsBefore);
@@ -89,29 +96,36 @@ class Selection {
   /// another.
   void add(const Finding& finding) {
     const LocatedWords& file = recovery.file;
-    const std::string advice = AdviceFor(finding, file);
-    const auto spotOf = [&](std::size_t word) {
-      return Spot{file.places[word], file.text(word).size()};
-    };
-    Diagnostic diagnostic{finding.rule->severity, spotOf(finding.word), {}};
+    const std::string advice = adviceFor(finding);
+    Diagnostic diagnostic{finding.rule->severity, SpotOf(file, finding.word), {}};
     if (!advice.empty()) {
       Advised advised{diagnostic.spot.place.lineNumber, finding.rule, advice};
       if (std::find(given.begin(), given.end(), advised) != given.end()) return;
       given.push_back(std::move(advised));
     }
-    const bool hasOther = finding.other != noWord;
-    const std::string record = hasOther ? RecordName(file.words, finding.other) : std::string();
-    diagnostic.sentence = Sentence(*finding.rule, finding.text, advice, record);
-    if (hasOther) {
-      diagnostic.note = finding.rule->note;
-      diagnostic.noteSpot = spotOf(finding.other);
-    } else if (finding.rule == &rules::notDeclared && !std::exchange(isIncludeNoted, true)) {
+    std::string record;
+    for (const WordInFile& other : {finding.other, finding.another}) {
+      if (other.word == noWord) continue;
+      const bool isHere = other.file == WordInFile().file;
+      const LocatedWords& otherWords = isHere ? file : others.words(other.file);
+      record = RecordName(otherWords.words, other.word);
+      diagnostic.notes.push_back({isHere ? std::string() : others.path(other.file),
+                                  SpotOf(otherWords, other.word), std::string(finding.rule->note)});
+    }
+    if (finding.rule == &rules::notDeclared && !std::exchange(isIncludeNoted, true)) {
       for (const Spot& spot : CommentedInclude(text)) {
-        diagnostic.note = R"(this is a comment: write include "...", without "#")";
-        diagnostic.noteSpot = spot;
+        diagnostic.notes.push_back(
+            {{}, spot, R"(this is a comment: write include "...", without "#")"});
       }
     }
+    diagnostic.sentence = Sentence(*finding.rule, finding.text, advice, record);
     diagnostics.push_back(std::move(diagnostic));
+  }
+
+  [[nodiscard]] std::string adviceFor(const Finding& finding) {
+    std::string advice = AdviceFor(finding, recovery.file);
+    const bool isUnknown = finding.rule->hint == Hint::SimilarType;
+    return advice.empty() && isUnknown ? others.typeAdvice(finding.text) : advice;
   }
 
   /// A line, and what has been advised about it.
@@ -127,6 +141,7 @@ class Selection {
 
   std::string_view text;
   const Recovery& recovery;
+  OtherFiles& others;
   std::vector<Diagnostic> diagnostics;
   std::vector<Advised> given;
   std::size_t notShown = 0;
@@ -140,8 +155,9 @@ std::string MoreMessages(std::size_t count) {
 
 }  // namespace
 
-std::string Report(const std::string& path, std::string_view text, const Recovery& recovery) {
-  const Selection selection(text, recovery);
+std::string Report(const std::string& path, std::string_view text, const Recovery& recovery,
+                   OtherFiles& others) {
+  const Selection selection(text, recovery, others);
   std::string lines;
   for (const Diagnostic& diagnostic : selection.shown()) lines += Lines(path, diagnostic);
   if (selection.leftOut() > 0) {

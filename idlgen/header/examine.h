@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "diagnostics/warnings.h"
 #include "schema/schema.h"
 
 namespace zentho {
@@ -12,7 +13,9 @@ struct Outcome {
   std::string messages;  ///< Lines for standard error. There may be warnings after success.
 };
 
-/// Parses and checks the text of the IDL file at `path`. Fills the empty `schema` if it succeeds.
-[[nodiscard]] Outcome examine(const std::string& path, const std::string& text, Schema& schema);
+/// Parses and checks the text of the IDL file at `path`, without looking at any other. Fills the
+/// empty `schema` if it succeeds.
+[[nodiscard]] Outcome examine(const std::string& path, const std::string& text, Schema& schema,
+                              Warnings warnings = Warnings::Tell);
 
 }  // namespace zentho

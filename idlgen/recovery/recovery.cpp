@@ -40,10 +40,10 @@ Recovery::Recovery(std::string_view fileText, Words fileWords,
   lacksBraces = OpenBraces(file) > 0;
 }
 
-void Recovery::run() {
-  readBlanksAtLineEnds();
-  for (std::size_t faults = 0;; ++faults) {
-    const std::optional<Fix> fix = nextFix();
+void Recovery::run(const CheckWords& check) {
+  if (faults == 0) readBlanksAtLineEnds();
+  for (;; ++faults) {
+    const std::optional<Fix> fix = nextFix(check);
     if (!fix.has_value()) return;
     if (faults == limit) break;
     apply(*fix);
@@ -91,14 +91,14 @@ void Recovery::parse() {
 
 /// Returns the fix of the first word that the parser refuses or that has not the role that it is
 /// meant for, or nothing. Checks the words if there is no such word.
-std::optional<Fix> Recovery::nextFix() {
+std::optional<Fix> Recovery::nextFix(const CheckWords& check) {
   const bool isAtEnd = error.has_value() && error->kind == ParseError::Kind::EndOfFile;
   const std::size_t count = error.has_value() && !isAtEnd ? error->tokensRead - 1 : file.size();
   const std::size_t fault = std::min(WordsInStep(file.words, count), FirstCppName(file, count));
   if (fault < count) return fixOfWord(fault);
   if (isAtEnd) return fixOfEnd();
   if (error.has_value()) return fixOfWord(fault);
-  findings = Check(file.words, leftOut);
+  findings = check(file.words, leftOut);
   return fixOfFindings();
 }
 
@@ -158,8 +158,9 @@ void Recovery::apply(const Fix& fix) {
   if (isNew && !isConsequence) {
     Diagnostic diagnostic{Severity::Error, spot, Sentence(*fix.rule, fix.text, fix.advice)};
     if (fix.other != noWord) {
-      diagnostic.note = Sentence({Severity::Error, fix.rule->note}, "", "", file.text(fix.other));
-      diagnostic.noteSpot = spotOf(fix.other);
+      const Rule note = {Severity::Error, fix.rule->note};
+      diagnostic.notes.push_back(
+          {{}, spotOf(fix.other), Sentence(note, "", "", file.text(fix.other))});
     }
     diagnostics.push_back(std::move(diagnostic));
   }

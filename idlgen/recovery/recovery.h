@@ -2,12 +2,14 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "check/check.h"
+#include "check/declarations.h"
+#include "check/finding.h"
 #include "check/located_words.h"
 #include "diagnostics/diagnostic.h"
 #include "recovery/fix.h"
@@ -23,7 +25,15 @@ class Recovery {
   /// `fileWords` are all words of the text, with the roles that the parser has given to them.
   Recovery(std::string_view fileText, Words fileWords, std::optional<ParseError> grammarError);
 
-  void run();
+  /// Returns the findings about the words that are read.
+  using CheckWords = std::function<std::vector<Finding>(const Words&, const LeftOut&)>;
+
+  /// Takes one fault after the other until none is left. May be called again with another check,
+  /// which finds more.
+  void run(const CheckWords& check);
+
+  /// Returns whether there was a line at fault.
+  [[nodiscard]] bool hasFault() const { return !diagnostics.empty(); }
 
   LocatedWords file;                      ///< What is read in the end.
   std::vector<Finding> findings;          ///< Of the check, about the words that are read.
@@ -35,7 +45,7 @@ class Recovery {
  private:
   void readBlanksAtLineEnds();
   void parse();
-  [[nodiscard]] std::optional<Fix> nextFix();
+  [[nodiscard]] std::optional<Fix> nextFix(const CheckWords& check);
   [[nodiscard]] Fix fixOfWord(std::size_t word) const;
   [[nodiscard]] Fix fixOfEnd() const;
   [[nodiscard]] std::optional<Fix> fixOfFindings() const;
@@ -45,6 +55,7 @@ class Recovery {
 
   std::string_view text;
   std::optional<ParseError> error;
+  std::size_t faults = 0;
   std::deque<std::string> texts;  ///< What is read in place of words of the file.
   bool lacksBraces;               ///< Whether the file opens more braces than it closes.
 };

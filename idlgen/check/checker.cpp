@@ -1,0 +1,190 @@
+#include "check/checker.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "check/cpp_words.h"
+#include "check/value.h"
+#include "check/word_forms.h"
+#include "schema/builtin_types.h"
+
+namespace zentho {
+
+bool IsPunctuation(std::string_view word) {
+  return std::none_of(word.begin(), word.end(),
+                      [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
+}
+
+void Checker::checkWord(std::size_t i) {
+  switch (words[i].role) {
+    case Role::IncludePath:
+      return checkInclude(i);
+    case Role::NamespacePath:
+      return checkNamespace(i);
+    case Role::EnumName:
+      return checkRecordName(i);
+    case Role::MessageName:
+    case Role::ServiceName:
+      startMembers(i, i, Scope::Part::None);
+      return checkRecordName(i);
+    case Role::Part:
+      return startMembers(
+          i, scope.record,
+          words[i].text == "request" ? Scope::Part::Request : Scope::Part::Response);
+    case Role::ItemName:
+      return checkItemName(i);
+    case Role::ItemValue:
+      return checkValue(i);
+    case Role::MemberName:
+      checkNewName(i, words[i].text);
+      return;
+    case Role::MemberType:
+      return checkMember(i);
+    case Role::Statement:
+    case Role::Brace:
+    case Role::Unread:
+      return;
+  }
+}
+
+void Checker::startMembers(std::size_t word, std::size_t record, Scope::Part part) {
+  scope = {record, part};
+  listBegin = word;
+  if (part == Scope::Part::Request) requestWord = word;
+}
+
+void Checker::checkInclude(std::size_t i) {
+  switch (FormOfInclude(words[i].text)) {
+    case IncludeForm::Path:
+      return;
+    case IncludeForm::Unquoted:
+      return report(rules::unquotedPath, i);
+    case IncludeForm::Unterminated:
+      return report(rules::unterminatedPath, i);
+    case IncludeForm::NoExtension:
+      return report(rules::noExtension, i);
+    case IncludeForm::Invalid:
+      return report(rules::notAPath, i);
+  }
+}
+
+void Checker::checkNamespace(std::size_t i) {
+  const std::vector<std::string_view> parts = Components(words[i].text);
+  std::vector<std::string_view> names;
+  for (const std::string_view part : parts) {
+    if (part.empty()) continue;
+    names.push_back(part);
+    if (checkNewName(i, part) && part == "std") reportPart(rules::hidesStd, i, part);
+  }
+  // The first part is empty before a leading dot.
+  if (names.empty() || std::count(parts.begin() + 1, parts.end(), "") > 0) {
+    report(rules::emptyNamespace, i);
+  }
+  // The functions of the header stand in the namespace of the framework.
+  const std::size_t top = !names.empty() && names.front() == "zentho" ? 1 : 0;
+  const bool hidesBuffer = top < names.size() && names[top] == "BytesBuffer";
+  if (hidesBuffer && hasFunctions()) reportPart(rules::frameworkName, i, names[top]);
+  for (std::size_t level = 0; level < names.size(); ++level) {
+    checkIsNoRecord(i, names[level], declarations.file(file).namespaces[level]);
+  }
+  const std::size_t framework = lookup.seenNamespace(0, "zentho");
+  if (names.empty() || framework == nothing || !hasFunctions()) return;
+  checkIsNoRecord(i, names[0], framework);
+  const std::size_t hiding = lookup.seenNamespace(framework, names[0]);
+  if (hiding != nothing) reportNamespace(rules::hiddenNamespace, i, names[0], hiding);
+}
+
+/// Checks that no file declares a part of the namespace as something else.
+void Checker::checkIsNoRecord(std::size_t i, std::string_view name, std::size_t space) {
+  for (std::size_t d = declarations.firstIn(space, name); d != nothing; d = declarations[d].next) {
+    const Declaration& other = declarations[d];
+    if (other.file == file || !sight.hasFile(other.file)) continue;
+    return reportOther(rules::declaredTwice, i, name, other);
+  }
+}
+
+/// Reports a name and the first namespace statement that declares a namespace.
+void Checker::reportNamespace(const Rule& rule, std::size_t i, std::string_view name,
+                              std::size_t space) {
+  for (const std::size_t other : sight.others()) {
+    const Declarations::File& found = declarations.file(other);
+    const auto& spaces = found.namespaces;
+    if (std::find(spaces.begin(), spaces.end(), space) == spaces.end()) continue;
+    findings.push_back({&rule, i, name, {found.namespaceWord, other}});
+    return;
+  }
+}
+
+bool Checker::checkNewName(std::size_t i, std::string_view text) {
+  if (!IsIdentifier(text)) {
+    reportPart(rules::notAName, i, text);
+    return false;
+  }
+  const Keyword keyword = FindKeyword(text);
+  if (keyword == Keyword::Cpp20) {
+    reportPart(rules::laterKeyword, i, text);
+  } else if (keyword != Keyword::None) {
+    reportPart(rules::keywordAsName, i, text);
+    return false;
+  } else if (IsReserved(text)) {
+    reportPart(rules::reservedName, i, text);
+  }
+  return true;
+}
+
+void Checker::checkRecordName(std::size_t i) {
+  const std::string_view name = words[i].text;
+  if (!checkNewName(i, name)) return;
+  const bool isService = words[i].role == Role::ServiceName;
+  if (isGlobalNamespace(name)) {
+    report(rules::globalNamespace, i);
+  } else if (name == "std") {
+    report(rules::hidesStd, i);
+  }
+  if (isService && (name == "Request" || name == "Response")) report(rules::nestedTypeAsService, i);
+
+  checkIsNew(i);
+}
+
+void Checker::checkItemName(std::size_t i) {
+  const std::string_view name = words[i].text;
+  if (!checkNewName(i, name)) return;
+  if (isGlobalNamespace(name)) report(rules::globalNamespace, i);
+  checkIsNew(i);
+}
+
+/// Checks that no other declaration has the name of this one, in the file or in those it includes.
+void Checker::checkIsNew(std::size_t i) {
+  const std::string_view name = words[i].text;
+  const std::size_t space = declarations.file(file).namespaces.back();
+  const bool isItem = words[i].role == Role::ItemName;
+  for (std::size_t d = declarations.firstIn(space, name); d != nothing; d = declarations[d].next) {
+    const Declaration& other = declarations[d];
+    const bool isOwn = other.file == file;
+    if (isOwn ? other.word >= i : !sight.hasFile(other.file)) continue;
+    // In the header, the items of a file come first. A type before an item of its name is hidden.
+    const bool isHidden =
+        isItem ? !isOwn || other.role != Role::MessageName : words[i].role != Role::MessageName;
+    if (other.isItem() != isItem && isHidden) continue;
+    return reportOther(other.isItem() ? rules::itemTwice : rules::declaredTwice, i, name, other);
+  }
+  const std::size_t nested = lookup.seenNamespace(space, name);
+  if (nested != nothing) reportNamespace(rules::isNamespace, i, name, nested);
+}
+
+void Checker::checkValue(std::size_t i) {
+  if (IsPunctuation(words[i - 1].text)) return;  // The name has been reported.
+  const Value value = ReadValue(words[i].text);
+  if (!value.isValid) return report(rules::notAValue, i);
+  if (!value.tooLarge.empty()) reportPart(rules::tooLarge, i, value.tooLarge);
+  if (!value.wideCharacter.empty()) reportPart(rules::wideCharacter, i, value.wideCharacter);
+  const auto checkIsAbove = [&](std::string_view name) {
+    const Found found = lookup.findInValue(name, i);
+    const bool isKnown = found.result != Result::Unknown && found.result != Result::Below;
+    if (!isKnown && !IsCppType(name)) reportPart(rules::notAnItem, i, name);
+  };
+  for (const std::string_view name : value.names) checkIsAbove(name);
+  for (const std::string_view name : value.types) checkIsAbove(name);
+}
+
+}  // namespace zentho

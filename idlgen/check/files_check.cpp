@@ -1,0 +1,187 @@
+#include "check/files_check.h"
+
+#include <algorithm>
+#include <optional>
+#include <unordered_set>
+#include <utility>
+
+#include "check/checker.h"
+
+namespace zentho {
+namespace {
+
+/// Finds the groups of files of which each includes all others, also indirectly. The files must not
+/// be visited by recursion, because a chain of them may be long.
+class CycleSearch {
+ public:
+  using Includes = std::vector<std::vector<FilesCheck::Inclusion>>;
+
+  explicit CycleSearch(const Includes& fileIncludes)
+      : includes(fileIncludes), visits(fileIncludes.size()) {
+    for (std::size_t file = 0; file < includes.size(); ++file) {
+      if (visits[file].number == 0) visitFrom(file);
+    }
+  }
+
+  /// Returns a number for each file, which all files of one group share.
+  [[nodiscard]] std::vector<std::size_t> groups() const {
+    std::vector<std::size_t> numbers;
+    for (const Visit& visit : visits) numbers.push_back(visit.group);
+    return numbers;
+  }
+
+ private:
+  struct Visit {
+    std::size_t number = 0;  ///< In the order of the visits, from 1.
+    std::size_t lowest = 0;  ///< The lowest number that can be reached and has no group.
+    std::size_t group = nothing;
+    std::size_t nextInclude = 0;
+  };
+
+  void visitFrom(std::size_t first) {
+    std::vector<std::size_t> path;
+    enter(first, path);
+    while (!path.empty()) {
+      const std::size_t file = path.back();
+      Visit& visit = visits[file];
+      if (visit.nextInclude < includes[file].size()) {
+        const std::size_t next = includes[file][visit.nextInclude++].file;
+        if (visits[next].number == 0) {
+          enter(next, path);
+        } else if (visits[next].group == nothing) {
+          visit.lowest = std::min(visit.lowest, visits[next].number);
+        }
+        continue;
+      }
+      path.pop_back();
+      if (!path.empty()) {
+        visits[path.back()].lowest = std::min(visits[path.back()].lowest, visit.lowest);
+      }
+      if (visit.lowest == visit.number) close(file);
+    }
+  }
+
+  void enter(std::size_t file, std::vector<std::size_t>& path) {
+    visits[file].number = visits[file].lowest = ++count;
+    path.push_back(file);
+    open.push_back(file);
+  }
+
+  /// Gives a group to this file and to all that have been entered since.
+  void close(std::size_t file) {
+    for (bool isLast = false; !isLast; open.pop_back()) {
+      isLast = open.back() == file;
+      visits[open.back()].group = file;
+    }
+  }
+
+  const Includes& includes;
+  std::vector<Visit> visits;
+  std::vector<std::size_t> open;  ///< The files without a group.
+  std::size_t count = 0;
+};
+
+}  // namespace
+
+void FilesCheck::add(const Words& words, const LeftOut& leftOut, bool isOpen,
+                     std::vector<Inclusion> inclusions) {
+  declarations.add(words, leftOut);
+  includes.push_back(std::move(inclusions));
+  open.push_back(isOpen ? 1 : 0);
+}
+
+void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& leftOut) {
+  declarations.replace(file, words, leftOut);
+}
+
+std::vector<Finding> FilesCheck::findings(std::size_t file) {
+  lookFrom(file);
+  Checker checker(declarations, sight, file, seesOpenFile(file));
+  const std::size_t count = declarations.file(file).words->size();
+  for (std::size_t i = 0; i < count; ++i) checker.checkWord(i);
+  std::vector<Finding> findings = std::move(checker.findings);
+  if (!includes[file].empty()) appendIncludeFindings(file, findings);
+  const auto isBefore = [](const Finding& a, const Finding& b) { return a.word < b.word; };
+  if (!std::is_sorted(findings.begin(), findings.end(), isBefore)) {
+    std::stable_sort(findings.begin(), findings.end(), isBefore);
+  }
+  return findings;
+}
+
+Lookup FilesCheck::lookupFrom(std::size_t file) {
+  lookFrom(file);
+  return Lookup(declarations, sight, file, seesOpenFile(file));
+}
+
+void FilesCheck::lookFrom(std::size_t file) {
+  sight.lookFrom(file, includes.size(),
+                 [&](std::size_t i) -> const std::vector<Inclusion>& { return includes[i]; });
+}
+
+/// Returns whether names may come from what has not been read.
+bool FilesCheck::seesOpenFile(std::size_t file) const {
+  const std::vector<std::size_t>& others = sight.others();
+  return open[file] != 0 || std::any_of(others.begin(), others.end(),
+                                        [&](std::size_t other) { return open[other] != 0; });
+}
+
+void FilesCheck::appendIncludeFindings(std::size_t file, std::vector<Finding>& findings) {
+  if (cycles.empty()) cycles = CycleSearch(includes).groups();
+  const Words& words = *declarations.file(file).words;
+  bool isInCycle = false;
+  for (const Inclusion& inclusion : includes[file]) {
+    if (cycles[inclusion.file] != cycles[file]) continue;
+    isInCycle = true;
+    const Rule& rule = inclusion.file == file ? rules::includesItself : rules::cycle;
+    findings.push_back({&rule, inclusion.word, words.texts[inclusion.word]});
+  }
+  if (!isInCycle) appendMisfits(file, findings);
+}
+
+/// Returns all files that a file sees, and itself.
+std::unordered_set<std::size_t> FilesCheck::closure(std::size_t file) const {
+  std::unordered_set<std::size_t> files = {file};
+  std::vector<std::size_t> pending = {file};
+  while (!pending.empty()) {
+    const std::size_t next = pending.back();
+    pending.pop_back();
+    for (const Inclusion& inclusion : includes[next]) {
+      if (files.insert(inclusion.file).second) pending.push_back(inclusion.file);
+    }
+  }
+  return files;
+}
+
+/// Reports names that two of the included files declare, at the include that brings the second one.
+/// If an included file sees both, it is told there.
+void FilesCheck::appendMisfits(std::size_t file, std::vector<Finding>& findings) {
+  if (!areClashesKnown) clashes = declarations.clashes();
+  areClashesKnown = true;
+  for (const Clash& clash : clashes) {
+    const std::optional<ClashingWords> two = declarations.firstTwo(
+        clash, [&](std::size_t other) { return other != file && sight.hasFile(other); });
+    if (!two.has_value()) continue;
+    std::unordered_set<std::size_t> before;
+    for (const Inclusion& inclusion : includes[file]) {
+      const std::unordered_set<std::size_t> brought = closure(inclusion.file);
+      const auto has = [&](const WordInFile& word) { return brought.count(word.file) > 0; };
+      if (has(two->first) && has(two->second)) break;
+      if (before.count(two->first.file) + before.count(two->second.file) > 0 &&
+          (has(two->first) || has(two->second))) {
+        findings.push_back({&rules::misfit, inclusion.word, two->name, two->first, two->second});
+        break;
+      }
+      before.insert(brought.begin(), brought.end());
+    }
+  }
+}
+
+std::vector<Finding> CheckAlone(const Words& words, const LeftOut& leftOut) {
+  FilesCheck check;
+  const bool hasInclude =
+      std::find(words.roles.begin(), words.roles.end(), Role::IncludePath) != words.roles.end();
+  check.add(words, leftOut, hasInclude);
+  return check.findings(0);
+}
+
+}  // namespace zentho

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <unordered_set>
+#include <vector>
+
+#include "check/declarations.h"
+#include "check/finding.h"
+#include "check/lookup.h"
+#include "check/sight.h"
+#include "schema/parser.h"
+
+namespace zentho {
+
+/// Checks what the words of files mean: whether each can be what its place means, and whether C++
+/// compilers accept the headers, as far as the files show that are checked together.
+class FilesCheck {
+ public:
+  /// An include statement that leads to a file which is checked, too.
+  struct Inclusion {
+    std::size_t word;  ///< The index of the path.
+    std::size_t file;
+  };
+
+  /// Adds a file, whose words must have been parsed. `isOpen` says whether names may come from what
+  /// has not been read: an include that leads to no file, or words that could not be read. Files
+  /// have the indexes 0, 1, ... in the order of the calls.
+  void add(const Words& words, const LeftOut& leftOut, bool isOpen,
+           std::vector<Inclusion> inclusions = {});
+
+  /// Replaces the words of a file.
+  void replace(std::size_t file, const Words& words, const LeftOut& leftOut);
+
+  /// Returns the findings about a file, in the order of its words.
+  std::vector<Finding> findings(std::size_t file);
+
+  [[nodiscard]] const Declarations& allDeclarations() const { return declarations; }
+
+  /// Returns what looks up names in the header of a file, and what the file sees. Both may be used
+  /// until the next call.
+  [[nodiscard]] Lookup lookupFrom(std::size_t file);
+  [[nodiscard]] const Sight& lastSight() const { return sight; }
+
+ private:
+  void lookFrom(std::size_t file);
+  [[nodiscard]] bool seesOpenFile(std::size_t file) const;
+  void appendIncludeFindings(std::size_t file, std::vector<Finding>& findings);
+  void appendMisfits(std::size_t file, std::vector<Finding>& findings);
+  [[nodiscard]] std::unordered_set<std::size_t> closure(std::size_t file) const;
+
+  Declarations declarations;
+  Sight sight = Sight(declarations);
+  std::vector<std::vector<Inclusion>> includes;
+  std::vector<char> open;           ///< Whether each file is open.
+  std::vector<std::size_t> cycles;  ///< For each file, a number that those of a cycle share.
+  std::vector<Clash> clashes;
+  bool areClashesKnown = false;
+};
+
+/// Returns the findings about a file that is checked alone, in the order of its words.
+std::vector<Finding> CheckAlone(const Words& words, const LeftOut& leftOut = {});
+
+}  // namespace zentho

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/files_check.h"
+#include "check/located_words.h"
+#include "diagnostics/report.h"
+#include "diagnostics/warnings.h"
+#include "header/examine.h"
+#include "recovery/recovery.h"
+#include "sources/source_file.h"
+
+namespace zentho {
+
+/// Examines IDL files together: all that have been read in a run, which may include each other.
+class Examination final : private OtherFiles {
+ public:
+  /// Returns the shortest path by which one file can include another one, or nothing.
+  using IncludePath = std::function<std::string(std::size_t from, std::size_t to)>;
+
+  /// Refers to the files.
+  Examination(std::vector<const SourceFile*> sourceFiles, IncludePath includePathOf);
+
+  /// Returns the messages about one of the files.
+  [[nodiscard]] Outcome examine(std::size_t file, Warnings warnings);
+
+ private:
+  void recoverFrom(std::size_t file);
+  [[nodiscard]] std::vector<std::size_t> pathsRead(std::size_t file) const;
+  [[nodiscard]] std::vector<Finding> findings(std::size_t file);
+
+  [[nodiscard]] const std::string& path(std::size_t file) const override;
+  [[nodiscard]] const LocatedWords& words(std::size_t file) override;
+  [[nodiscard]] std::string typeAdvice(std::string_view type) override;
+
+  std::vector<const SourceFile*> files;
+  IncludePath includePath;
+  FilesCheck check;
+  std::vector<std::unique_ptr<Recovery>> recoveries;  ///< Of files that have been recovered.
+  std::size_t current = 0;                            ///< The file that is examined.
+};
+
+}  // namespace zentho
