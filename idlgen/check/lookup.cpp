@@ -175,7 +175,9 @@ Found Lookup::findInValue(std::string_view name, std::size_t word) const {
     }
     if (record.result != Result::Unknown) return record;
   }
-  return mayBeElsewhere(name) ? Found{Result::Elsewhere} : unknown;
+  // Macros and the library have many more names, which a file with includes may use.
+  const bool isNoItem = declarations.file(file).hasInclude && !declarations.hasItem(name);
+  return isNoItem || mayBeElsewhere(name) ? Found{Result::Elsewhere} : unknown;
 }
 
 bool Lookup::hasRecord(std::string_view name) const {

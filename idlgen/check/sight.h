@@ -19,7 +19,7 @@ class Sight {
   void lookFrom(std::size_t file, std::size_t count, const IncludesOf& includesOf);
 
   [[nodiscard]] bool hasFile(std::size_t file) const {
-    return file == user || (file < fileMarks.size() && fileMarks[file] == user);
+    return file == user || (file < fileMarks.size() && fileMarks[file] == looks);
   }
   [[nodiscard]] bool hasNamespace(std::size_t space) const;
 
@@ -29,29 +29,31 @@ class Sight {
  private:
   const Declarations& declarations;
   std::size_t user = 0;
+  std::size_t looks = 0;  ///< The number of looks so far.
   std::vector<std::size_t> seen;
-  std::vector<std::size_t> fileMarks;   ///< The file that has last seen each file.
-  std::vector<std::size_t> spaceMarks;  ///< The file that has last seen each namespace.
+  std::vector<std::size_t> fileMarks;   ///< The look that has last seen each file.
+  std::vector<std::size_t> spaceMarks;  ///< The look that has last seen each namespace.
 };
 
 template <typename IncludesOf>
 void Sight::lookFrom(std::size_t file, std::size_t count, const IncludesOf& includesOf) {
   user = file;
+  ++looks;
   seen.clear();
-  fileMarks.resize(count, nothing);
-  spaceMarks.resize(declarations.countNamespaces(), nothing);
-  fileMarks[file] = file;
+  fileMarks.resize(count, 0);
+  spaceMarks.resize(declarations.countNamespaces(), 0);
+  fileMarks[file] = looks;
   std::vector<std::size_t> pending = {file};
   while (!pending.empty()) {
     const std::size_t next = pending.back();
     pending.pop_back();
     for (const auto& inclusion : includesOf(next)) {
-      if (fileMarks[inclusion.file] == file) continue;
-      fileMarks[inclusion.file] = file;
+      if (fileMarks[inclusion.file] == looks) continue;
+      fileMarks[inclusion.file] = looks;
       seen.push_back(inclusion.file);
       pending.push_back(inclusion.file);
       for (const std::size_t space : declarations.file(inclusion.file).namespaces) {
-        spaceMarks[space] = file;
+        spaceMarks[space] = looks;
       }
     }
   }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -92,17 +94,12 @@ class Selection {
     return std::find(lines.begin(), lines.end(), line) != lines.end();
   }
 
-  /// Adds the diagnostic of a finding, unless it gives the same advice about the same line as
-  /// another.
+  /// Adds the diagnostic of a finding, unless it repeats another one.
   void add(const Finding& finding) {
     const LocatedWords& file = recovery.file;
     const std::string advice = adviceFor(finding);
     Diagnostic diagnostic{finding.rule->severity, SpotOf(file, finding.word), {}};
-    if (!advice.empty()) {
-      Advised advised{diagnostic.spot.place.lineNumber, finding.rule, advice};
-      if (std::find(given.begin(), given.end(), advised) != given.end()) return;
-      given.push_back(std::move(advised));
-    }
+    if (isRepeated(finding, advice)) return;
     std::string record;
     for (const WordInFile& other : {finding.other, finding.another}) {
       if (other.word == noWord) continue;
@@ -128,22 +125,21 @@ class Selection {
     return advice.empty() && isUnknown ? others.typeAdvice(finding.text) : advice;
   }
 
-  /// A line, and what has been advised about it.
-  struct Advised {
-    std::size_t line;
-    const Rule* rule;
-    std::string advice;
-
-    bool operator==(const Advised& other) const {
-      return line == other.line && rule == other.rule && advice == other.advice;
-    }
-  };
+  /// Returns whether the same has been said about a form of the same line. An example in the advice
+  /// makes no difference.
+  bool isRepeated(const Finding& finding, const std::string& advice) {
+    const std::string general = advice.substr(0, advice.find(", as in"));
+    const bool isForm = finding.rule->hint == Hint::Form || general == "put the name first";
+    if (!isForm || general.empty()) return false;
+    const std::size_t line = recovery.file.places[finding.word].lineNumber;
+    return !given.insert({line, finding.rule, general}).second;
+  }
 
   std::string_view text;
   const Recovery& recovery;
   OtherFiles& others;
   std::vector<Diagnostic> diagnostics;
-  std::vector<Advised> given;
+  std::set<std::tuple<std::size_t, const Rule*, std::string>> given;  ///< Advice about lines.
   std::size_t notShown = 0;
   bool isIncludeNoted = false;
 };
