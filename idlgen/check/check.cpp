@@ -44,6 +44,7 @@ class Checker {
   void checkRecordName(std::size_t i);
   void checkItemName(std::size_t i);
   void checkValue(std::size_t i);
+  [[nodiscard]] NameKind kindInValue(std::string_view name, std::size_t value) const;
   void checkMember(std::size_t i);
   void checkMemberName(std::size_t i);
   void checkTypeWord(std::size_t i);
@@ -57,6 +58,9 @@ class Checker {
   [[nodiscard]] bool isGlobalNamespace(std::string_view name) const {
     return !declarations.hasNamespace() && (name == "std" || name == "zentho");
   }
+
+  /// Returns whether a member or an element is an integer, so that the header includes <cstdint>.
+  bool hasIntegerMember();
 
   /// Begins the members of a message, request or response, behind this word.
   void startMembers(std::size_t word, std::size_t record, Scope::Part part);
@@ -76,6 +80,8 @@ class Checker {
   Declarations declarations;
   Scope scope;
   std::size_t listBegin = 0;
+  std::size_t openEnum = noWord;  ///< The index of the name of the last enum so far.
+  std::optional<bool> integerMember;
   /// The uses in earlier lists stay, which is faster than to remove them.
   std::unordered_map<std::string_view, Uses> uses;
 };
@@ -87,6 +93,7 @@ void Checker::checkWord(std::size_t i) {
     case Role::NamespacePath:
       return checkNamespace(i);
     case Role::EnumName:
+      openEnum = i;
       return checkRecordName(i);
     case Role::MessageName:
     case Role::ServiceName:
@@ -193,19 +200,34 @@ void Checker::checkItemName(std::size_t i) {
 
 void Checker::checkValue(std::size_t i) {
   if (IsPunctuation(words[i - 1].text)) return;  // The name has been reported.
-  const Value value = ReadValue(words[i].text);
-  if (!value.isValid) return report(rules::notAValue, i);
-  if (!value.tooLarge.empty()) reportPart(rules::tooLarge, i, value.tooLarge);
-  if (!value.wideCharacter.empty()) reportPart(rules::wideCharacter, i, value.wideCharacter);
-  const auto checkIsAbove = [&](std::string_view name, std::size_t declared) {
-    if (declared >= i - 1 && !IsCppType(name) && !declarations.mayBeElsewhere(name)) {
-      reportPart(rules::notAnItem, i, name);
-    }
-  };
-  for (const std::string_view name : value.names) checkIsAbove(name, declarations.item(name));
-  for (const std::string_view name : value.types) {
-    checkIsAbove(name, std::min(declarations.item(name), declarations.record(name)));
+  const auto kindOf = [this, i](std::string_view name) { return kindInValue(name, i); };
+  for (ValueFault& fault : CheckValue(words[i].text, kindOf, hasIntegerMember())) {
+    findings.push_back({fault.rule, i, fault.text, noWord, std::move(fault.advice)});
   }
+}
+
+NameKind Checker::kindInValue(std::string_view name, std::size_t value) const {
+  if (declarations.item(name) < value - 1) return NameKind::Item;
+  const std::size_t record = declarations.record(name);
+  if (record == openEnum) return NameKind::OtherType;
+  if (record < value && words[record].role == Role::EnumName) return NameKind::EnumType;
+  if (declarations.mayBeElsewhere(name)) return NameKind::Elsewhere;
+  return record == noWord ? NameKind::Unknown : NameKind::OtherType;
+}
+
+bool Checker::hasIntegerMember() {
+  if (!integerMember.has_value()) {
+    std::size_t i = 0;
+    const auto isInteger = [&](const Word& word) {
+      if (word.role != Role::MemberType && word.role != Role::Unread) return false;
+      const std::optional<std::string_view> element = ElementType(word.text);
+      const BuiltinType* const type = element.has_value() ? FindBuiltinType(*element) : nullptr;
+      return type != nullptr && type->isInteger;
+    };
+    while (i < words.size() && !isInteger(words[i])) ++i;
+    integerMember = i < words.size();
+  }
+  return *integerMember;
 }
 
 void Checker::checkMemberName(std::size_t i) {

@@ -36,7 +36,8 @@ bool IsNameCharacter(char32_t code) {
   }
   // Signs and spaces that texts contain, but no letters. All others are left to the compiler.
   if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
-  return code < 0x2000 || code > 0x206f;
+  if (code >= 0x2000 && code <= 0x206f) return false;
+  return code != 0x1680 && code != 0x180e && code != 0x3000;  // To clang++, these are spaces.
 }
 
 bool IsIdentifier(std::string_view word) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "schema/parser.h"
@@ -34,6 +35,7 @@ struct Finding {
   std::size_t word;            ///< The index of the word at fault.
   std::string_view text;       ///< For the sentence: the word, or the part at fault.
   std::size_t other = noWord;  ///< The index of the word that the note of the rule is about.
+  std::string advice = {};     ///< If not empty, it follows the sentence in place of the hint.
 };
 
 namespace rules {
@@ -108,6 +110,9 @@ inline constexpr Rule serviceAsType{
 inline constexpr Rule tooLarge{warning, R"("%" has more than 64 bits)"};
 inline constexpr Rule wideCharacter{warning,
                                     R"(%: some compilers reject this character: write its number)"};
+inline constexpr Rule uncheckedValue{warning, R"("%" is C++ and is copied unchecked)"};
+inline constexpr Rule unusableType{
+    error, R"("%" cannot be used in a value: of the types in this file, only the enums above can)"};
 inline constexpr Rule notAnItem{warning, R"("%" is not an item above)", {}, Hint::ItemValue};
 
 // Includes.

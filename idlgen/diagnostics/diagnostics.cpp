@@ -128,6 +128,7 @@ class Writer {
   }
 
   [[nodiscard]] std::string hintFor(const Finding& finding) const {
+    if (!finding.advice.empty()) return finding.advice;
     switch (finding.rule->hint) {
       case Hint::None:
         return {};

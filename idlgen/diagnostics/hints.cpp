@@ -83,15 +83,6 @@ std::string TypeFormHint(std::string_view text) {
   return {};
 }
 
-std::string ValueHint(std::string_view text) {
-  const std::size_t sign = text.find('=');
-  if (text == "=" || (sign != npos && IsIdentifier(text.substr(0, sign)))) {
-    return std::string(writeColon);
-  }
-  if (text.front() == '\'') return "write the number of the character";
-  return "values are integers, items above, and expressions of them without spaces";
-}
-
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.
 std::string_view ForeignCharacter(std::string_view text) {
   while (!text.empty()) {
@@ -103,6 +94,17 @@ std::string_view ForeignCharacter(std::string_view text) {
     text.remove_prefix(character.size);
   }
   return {};
+}
+
+/// About a value that gets no advice from its check.
+std::string ValueHint(std::string_view text) {
+  const std::size_t sign = text.find('=');
+  if (text == "=" || (sign != npos && IsIdentifier(text.substr(0, sign)))) {
+    return std::string(writeColon);
+  }
+  const std::string_view foreign = ForeignCharacter(text);
+  if (!foreign.empty() && !Contains(text, "'")) return "it contains " + Quoted(foreign);
+  return "values are integers, items above, and expressions of them without spaces";
 }
 
 char Lower(char letter) {
