@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "check/cpp_words.h"
 #include "check/value.h"
@@ -174,17 +175,42 @@ void Checker::checkIsNew(std::size_t i) {
 
 void Checker::checkValue(std::size_t i) {
   if (IsPunctuation(words[i - 1].text)) return;  // The name has been reported.
-  const Value value = ReadValue(words[i].text);
-  if (!value.isValid) return report(rules::notAValue, i);
-  if (!value.tooLarge.empty()) reportPart(rules::tooLarge, i, value.tooLarge);
-  if (!value.wideCharacter.empty()) reportPart(rules::wideCharacter, i, value.wideCharacter);
-  const auto checkIsAbove = [&](std::string_view name) {
-    const Found found = lookup.findInValue(name, i);
-    const bool isKnown = found.result != Result::Unknown && found.result != Result::Below;
-    if (!isKnown && !IsCppType(name)) reportPart(rules::notAnItem, i, name);
-  };
-  for (const std::string_view name : value.names) checkIsAbove(name);
-  for (const std::string_view name : value.types) checkIsAbove(name);
+  const auto kindOf = [this, i](std::string_view name) { return kindInValue(name, i); };
+  for (ValueFault& fault : CheckValue(words[i].text, kindOf, hasIntegerMember())) {
+    findings.push_back({fault.rule, i, fault.text, {}, {}, std::move(fault.advice)});
+  }
+}
+
+NameKind Checker::kindInValue(std::string_view name, std::size_t value) const {
+  const Found found = lookup.findInValue(name, value);
+  switch (found.result) {
+    case Result::Item:
+      return NameKind::Item;
+    case Result::Type:
+      return declarations[found.declaration].role == Role::EnumName ? NameKind::EnumType
+                                                                    : NameKind::OtherType;
+    case Result::Below:
+      return lookup.mayBeElsewhere(name) ? NameKind::Elsewhere : NameKind::OtherType;
+    case Result::Elsewhere:
+      return NameKind::Elsewhere;
+    default:
+      return NameKind::Unknown;
+  }
+}
+
+bool Checker::hasIntegerMember() {
+  if (!integerMember.has_value()) {
+    std::size_t i = 0;
+    const auto isInteger = [&](const Word& word) {
+      if (word.role != Role::MemberType) return false;
+      const std::optional<std::string_view> element = ElementType(word.text);
+      const BuiltinType* const type = element.has_value() ? FindBuiltinType(*element) : nullptr;
+      return type != nullptr && type->isInteger;
+    };
+    while (i < words.size() && !isInteger(words[i])) ++i;
+    integerMember = i < words.size();
+  }
+  return *integerMember;
 }
 
 }  // namespace zentho

@@ -12,6 +12,7 @@
 #include "check/finding.h"
 #include "check/lookup.h"
 #include "check/sight.h"
+#include "check/value.h"
 #include "schema/builtin_types.h"
 #include "schema/parser.h"
 
@@ -57,6 +58,7 @@ class Checker {
   void checkIsNew(std::size_t i);
   void checkIsNoRecord(std::size_t i, std::string_view name, std::size_t space);
   void checkValue(std::size_t i);
+  [[nodiscard]] NameKind kindInValue(std::string_view name, std::size_t value) const;
   void checkMember(std::size_t i);
   void checkMeaning(std::size_t i, const Uses& use);
   TypeWord checkTypeWord(std::size_t i);
@@ -83,6 +85,9 @@ class Checker {
     };
     return std::any_of(words.roles.begin(), words.roles.end(), isRecord);
   }
+
+  /// Returns whether a member or an element is an integer, so that the header includes <cstdint>.
+  bool hasIntegerMember();
 
   /// Begins the members of a message, request or response, behind this word.
   void startMembers(std::size_t word, std::size_t record, Scope::Part part);
@@ -112,6 +117,7 @@ class Checker {
   Scope scope;
   std::size_t listBegin = 0;
   bool isLibraryChecked = false;
+  std::optional<bool> integerMember;
   std::size_t requestWord = 0;  ///< Of the service.
   /// The uses in earlier lists stay, which is faster than to remove them.
   std::unordered_map<std::string_view, Uses> uses;

@@ -9,8 +9,10 @@ namespace zentho {
 enum class Keyword : std::uint8_t {
   None,
   Type,      ///< A fundamental type, such as `int`.
-  Operand,   ///< Begins an expression, such as `sizeof`.
-  Operator,  ///< An operator, such as `and`.
+  Literal,   ///< `true` or `false`.
+  Call,      ///< Followed by something in parentheses, such as `sizeof`.
+  Cast,      ///< Followed by a type in angle brackets, such as `static_cast`.
+  Operator,  ///< Another word for an operator, such as `and`.
   Other,
   Cpp20  ///< Not before C++20.
 };
@@ -21,6 +23,16 @@ Keyword FindKeyword(std::string_view word);
 /// Returns whether a type is found in C++ without a declaration in the file: a fundamental type or
 /// one of <cstdint> and <cstddef>.
 bool IsCppType(std::string_view type);
+
+/// Returns whether a header that includes <string> also declares a type of the C library of this
+/// name, such as `time_t`.
+bool IsCLibraryType(std::string_view type);
+
+/// Returns whether the word is a macro of <cstdint> that stands for a number, such as `INT8_MAX`.
+bool IsIntegerMacro(std::string_view word);
+
+/// Returns whether the word is a macro of <cstdint> that takes a literal, such as `INT8_C`.
+bool IsLiteralMacro(std::string_view word);
 
 /// Returns whether the name begins with "__", or with "_" and a capital letter.
 bool IsReserved(std::string_view name);

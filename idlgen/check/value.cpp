@@ -3,228 +3,443 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <limits>
 #include <optional>
+#include <unordered_set>
 
-#include "check/characters.h"
 #include "check/cpp_words.h"
+#include "check/literals.h"
+#include "check/tables.h"
+#include "check/value_tokens.h"
 #include "check/word_forms.h"
 
 namespace zentho {
 namespace {
 
+using Kind = ValueToken::Kind;
+
 constexpr std::size_t npos = std::string_view::npos;
 
-bool IsIntegerSuffix(std::string_view suffix) {
-  constexpr std::string_view letters = "uU";
-  if (!suffix.empty() && letters.find(suffix.front()) != npos) {
-    suffix.remove_prefix(1);
-  } else if (!suffix.empty() && letters.find(suffix.back()) != npos) {
-    suffix.remove_suffix(1);
-  }
-  constexpr std::array<std::string_view, 7> sizes = {"", "l", "L", "ll", "LL", "z", "Z"};
-  return std::find(sizes.begin(), sizes.end(), suffix) != sizes.end();
+constexpr auto unaryOperators = Table<std::string_view>({"+", "-", "~", "!", "not", "compl"});
+constexpr auto arithmeticOperators = Table<std::string_view>(
+    {"+", "-", "*", "/", "%", "&", "|", "^", "<<", ">>", "bitand", "bitor", "xor"});
+/// Their results are integers, whatever they compare.
+constexpr auto logicalOperators =
+    Table<std::string_view>({"<", ">", "<=", ">=", "==", "!=", "&&", "||", "and", "or", "not_eq"});
+
+template <std::size_t Size>
+bool Contains(const std::array<std::string_view, Size>& table, std::string_view text) {
+  return std::find(table.begin(), table.end(), text) != table.end();
 }
 
-/// Removes the prefix of an integer literal. Returns its base.
-unsigned TakeBase(std::string_view& literal) {
-  if (literal.size() < 2 || literal[0] != '0') return 10;
-  const char letter = literal[1];
-  const bool isHexadecimal = letter == 'x' || letter == 'X';
-  if (!isHexadecimal && letter != 'b' && letter != 'B') return 8;
-  literal.remove_prefix(2);
-  return isHexadecimal ? 16 : 2;
-}
+/// What a name is where a type may stand.
+enum class TypeKind : std::uint8_t {
+  None,
+  Integer,
+  Floating,
+  Enum,
+  Later,      ///< A type since C++20.
+  Unusable,   ///< A type that is not complete here.
+  Unknown,    ///< Perhaps a type.
+  Elsewhere,  ///< Perhaps a type, and perhaps declared in another file.
+};
 
-/// Returns the value of a digit, or a large number.
-unsigned DigitValue(char digit) {
-  if (digit >= '0' && digit <= '9') return static_cast<unsigned>(digit - '0');
-  const char lower = static_cast<char>(digit | 0x20);
-  return lower >= 'a' && lower <= 'f' ? static_cast<unsigned>(lower - 'a') + 10 : 99;
-}
-
-/// Returns whether an integer literal takes more than 64 bits, or nothing if it is none.
-std::optional<bool> IsLargeInteger(std::string_view literal) {
-  const unsigned base = TakeBase(literal);
-  std::uint64_t value = 0;
-  bool isLarge = false;
-  bool afterDigit = false;
-  std::size_t size = 0;
-  for (; size < literal.size(); ++size) {
-    if (literal[size] == '\'' && afterDigit) {
-      afterDigit = false;
-      continue;
-    }
-    const unsigned digit = DigitValue(literal[size]);
-    if (digit >= base) break;
-    isLarge = isLarge || value > (std::numeric_limits<std::uint64_t>::max() - digit) / base;
-    value = value * base + digit;
-    afterDigit = true;
-  }
-  if (!afterDigit || !IsIntegerSuffix(literal.substr(size))) return std::nullopt;
-  return isLarge;
-}
-
+/// Reads the tokens of one value, by this grammar:
+///
+///     list   = binary { "," binary }
+///     binary = unary { OPERATOR unary }
+///     unary  = { OPERATOR | "sizeof" | "(" TYPE ")" } operand
+///     operand = LITERAL | NAME | "(" list ")" | "sizeof" "(" TYPE ")" | TYPE "(" list ")" | call
+///
+/// Skips what is in the parentheses of other calls and casts. Each function that reads or skips
+/// returns whether it could.
 class ValueReader {
  public:
-  explicit ValueReader(std::string_view word) : whole(word), rest(word) {}
+  ValueReader(std::string_view value, const NameLookup& lookup, bool hasMacros)
+      : word(value), kindOf(lookup), hasIntegerMacros(hasMacros), tokens(ValueTokens(value)) {}
 
-  Value read() {
-    // Two question marks may begin a trigraph.
-    value.isValid = rest.find("??") == npos;
-    while (value.isValid && !rest.empty()) value.isValid = readToken();
-    value.isValid = value.isValid && last != Token::Operator && depth == 0;
-    return std::move(value);
-  }
+  std::vector<ValueFault> read();
 
  private:
-  enum class Token { Operator, Opening, Call, Literal, Name, Type, Closing, Cast };
+  bool readList();
+  bool readBinary();
+  bool readUnary();
+  bool readOperand();
+  bool readName();
+  bool readConversion(std::string_view name, TypeKind type);
+  bool readLiteralMacro();
+  bool readParentheses();
 
-  bool readToken() {
-    const char first = rest.front();
-    if (first == '\'') return readCharacter(0);
-    if (first == '(') return readOpening();
-    if (first == ')') return readClosing();
-    if (first == ',') return depth > 0 && endsOperand() && take(1, Token::Operator);
-    if (DigitValue(first) < 10) return readNumber();
-    if (IsNameCharacter(FirstCharacter(rest).code)) return readName();
-    return readOperator();
+  /// What has been read at an opening parenthesis.
+  enum class Group : std::uint8_t { Nothing, Cast, Operand };
+  Group readGroup(bool isAfterSizeof);
+
+  bool skipCalls();
+  bool skipTypeInParentheses();
+  bool skipTypeInAngleBrackets();
+  bool skipParentheses();
+
+  [[nodiscard]] TypeKind typeOf(std::string_view name) const;
+  [[nodiscard]] bool beginsOperand(std::size_t i) const;
+
+  /// Notes that a type is used. Returns whether it can be.
+  bool useType(std::string_view name, TypeKind type);
+
+  [[nodiscard]] std::optional<ValueFault> wrongToken() const;
+  [[nodiscard]] ValueFault grammarError() const;
+
+  [[nodiscard]] std::string_view textAt(std::size_t i) const {
+    return i < tokens.size() ? tokens[i].text : std::string_view();
+  }
+  [[nodiscard]] bool isAt(std::size_t i, Kind kind) const {
+    return i < tokens.size() && tokens[i].kind == kind;
+  }
+  bool take(std::string_view text) {
+    const bool isNext = textAt(position) == text;
+    if (isNext) ++position;
+    return isNext;
+  }
+  void warn(const Rule& rule, std::string_view text) {
+    if (told.insert(text).second) warnings.push_back({&rule, text, {}});
   }
 
-  /// Removes the next bytes. Returns true.
-  bool take(std::size_t size, Token token) {
-    rest.remove_prefix(size);
-    last = token;
-    return true;
-  }
+  std::string_view word;
+  const NameLookup& kindOf;
+  bool hasIntegerMacros;
+  std::vector<ValueToken> tokens;
+  std::size_t position = 0;  ///< Of the next token.
+  std::size_t depth = 0;     ///< The number of open parentheses.
 
-  [[nodiscard]] bool endsOperand() const {
-    return last != Token::Operator && last != Token::Opening && last != Token::Call;
-  }
-
-  /// Returns whether an operand may follow: also after a cast, such as `(int)`.
-  [[nodiscard]] bool mayBeOperand() const { return !endsOperand() || last == Token::Cast; }
-
-  bool readOpening() {
-    if (last == Token::Literal || last == Token::Closing) return false;
-    ++depth;
-    return take(1, last == Token::Name ? Token::Call : Token::Opening);
-  }
-
-  bool readClosing() {
-    if (depth == 0 || !(endsOperand() || last == Token::Call)) return false;
-    --depth;
-    return take(1, last == Token::Type ? Token::Cast : Token::Closing);
-  }
-
-  bool readNumber() {
-    if (!mayBeOperand()) return false;
-    std::size_t size = 0;
-    // A sign behind an 'e' or 'p' belongs to it, also in 0xE+1.
-    const auto isPart = [&](char byte, char before) {
-      const bool isSign = byte == '+' || byte == '-';
-      return IsNameCharacter(static_cast<unsigned char>(byte)) || byte == '\'' || byte == '.' ||
-             (isSign && std::string_view("eEpP").find(before) != npos);
-    };
-    while (size < rest.size() && isPart(rest[size], rest[size > 0 ? size - 1 : 0])) ++size;
-    const std::optional<bool> isLarge = IsLargeInteger(rest.substr(0, size));
-    if (!isLarge.has_value()) return false;
-    if (*isLarge && value.tooLarge.empty()) value.tooLarge = rest.substr(0, size);
-    return take(size, Token::Literal);
-  }
-
-  bool readName() {
-    std::size_t size = 0;
-    while (size < rest.size()) {
-      const Character next = FirstCharacter(rest.substr(size));
-      if (!next.valid || !IsNameCharacter(next.code)) break;
-      size += next.size;
-    }
-    const std::string_view name = rest.substr(0, size);
-    constexpr std::array<std::string_view, 4> prefixes = {"L", "u", "U", "u8"};
-    if (rest.substr(size, 1) == "'") {
-      const bool isPrefix = std::find(prefixes.begin(), prefixes.end(), name) != prefixes.end();
-      return isPrefix && readCharacter(size);
-    }
-    const std::size_t position = whole.size() - rest.size();
-    const char before = position == 0 ? '\0' : whole[position - 1];
-    const char after = size < rest.size() ? rest[size] : '\0';
-    const bool isEnclosed = (before == '(' && after == ')') || (before == '<' && after == '>');
-    const bool mayBeType = isEnclosed || after == '(';
-    switch (FindKeyword(name)) {
-      case Keyword::Operator: {
-        const bool isUnary = name == "not" || name == "compl";
-        return (isUnary ? mayBeOperand() : endsOperand()) && take(size, Token::Operator);
-      }
-      case Keyword::Other:
-        return false;
-      case Keyword::Type:
-        if (!mayBeType) return false;
-        break;
-      case Keyword::Operand:
-        if (name != "true" && name != "false" && after != '(' && after != '<') return false;
-        break;
-      case Keyword::Cpp20:
-      case Keyword::None:
-        (mayBeType ? value.types : value.names).push_back(name);
-        break;
-    }
-    if (size == 0 || !mayBeOperand()) return false;
-    return take(size, isEnclosed ? Token::Type : Token::Name);
-  }
-
-  /// Reads a character literal with a prefix of this size.
-  bool readCharacter(std::size_t prefix) {
-    if (!mayBeOperand()) return false;
-    std::size_t end = prefix + 1;
-    while (end < rest.size() && rest[end] != '\'') {
-      const bool isEscape = rest[end] == '\\';
-      const std::string_view letter = rest.substr(end + 1, 1);
-      const bool isNumeric = !letter.empty() && std::string_view("xuU").find(letter[0]) != npos;
-      if (isEscape && isNumeric && (end + 2 >= rest.size() || DigitValue(rest[end + 2]) > 15)) {
-        return false;
-      }
-      end += isEscape ? 2 : 1;
-    }
-    if (end >= rest.size() || end == prefix + 1) return false;
-    const std::string_view literal = rest.substr(0, end + 1);
-    if (HasControlCharacter(literal)) return false;
-    const bool isWide =
-        std::any_of(literal.begin(), literal.end(), [](char byte) { return (byte & 0x80) != 0; }) ||
-        literal.find("\\u") != npos || literal.find("\\U") != npos;
-    if (isWide && literal.substr(0, 2) == "u8") return false;
-    if (isWide && prefix == 0 && value.wideCharacter.empty()) value.wideCharacter = literal;
-    return take(literal.size(), Token::Literal);
-  }
-
-  bool readOperator() {
-    constexpr std::array<std::string_view, 4> forbidden = {"//", "/*", "<%", "%>"};
-    constexpr std::array<std::string_view, 8> doubles = {
-        "==", "!=", "<=", ">=", "<<", ">>", "&&", "||"};
-    const std::string_view two = rest.substr(0, 2);
-    if (std::find(forbidden.begin(), forbidden.end(), two) != forbidden.end()) return false;
-    const bool isDouble = std::find(doubles.begin(), doubles.end(), two) != doubles.end();
-    const std::string_view all = isDouble ? "=!<>&|" : "+-*/%&|^<>?~!";
-    const char first = rest.front();
-    if (all.find(first) == npos) return false;
-    const bool isUnary = !isDouble && std::string_view("+-~!").find(first) != npos;
-    const bool isBinary = first != '~' && (first != '!' || isDouble);
-    const bool fits = (isUnary && mayBeOperand()) || (isBinary && endsOperand());
-    return fits && take(isDouble ? 2 : 1, Token::Operator);
-  }
-
-  std::string_view whole;
-  std::string_view rest;
-  std::size_t depth = 0;  ///< The number of open parentheses.
-  Token last = Token::Operator;
-  Value value;
+  bool hasSkipped = false;
+  bool hasNonInteger = false;     ///< Whether an operand is a floating-point number, for example.
+  bool makesInteger = false;      ///< Whether anything makes integers of those.
+  std::string_view unusableType;  ///< The last one, or empty.
+  std::vector<ValueFault> warnings;
+  std::unordered_set<std::string_view> told;  ///< The texts of the warnings.
 };
+
+std::vector<ValueFault> ValueReader::read() {
+  if (std::optional<ValueFault> fault = wrongToken()) return {*fault};
+  if (!readBinary() || position < tokens.size()) return {grammarError()};
+  if (hasNonInteger && !makesInteger) return {{&rules::notAValue, word, {}}};
+  if (hasNonInteger || hasSkipped) return {{&rules::uncheckedValue, word, {}}};
+  return warnings;
+}
+
+bool ValueReader::readList() {
+  if (!readBinary()) return false;
+  while (take(",")) {
+    hasSkipped = true;
+    if (!readBinary()) return false;
+  }
+  return true;
+}
+
+bool ValueReader::readBinary() {
+  while (readUnary()) {
+    const std::string_view text = textAt(position);
+    const bool isLogical = Contains(logicalOperators, text);
+    if (!isLogical && !Contains(arithmeticOperators, text)) return true;
+    makesInteger = makesInteger || isLogical;
+    ++position;
+  }
+  return false;
+}
+
+bool ValueReader::readUnary() {
+  bool isAfterSizeof = false;
+  while (true) {
+    const std::string_view text = textAt(position);
+    if (text == "(") {
+      const Group group = readGroup(isAfterSizeof);
+      if (group != Group::Cast) return group == Group::Operand;
+    } else if (text == "sizeof" || Contains(unaryOperators, text)) {
+      isAfterSizeof = text == "sizeof";
+      makesInteger = makesInteger || isAfterSizeof || text == "!" || text == "not";
+      ++position;
+    } else {
+      return readOperand();
+    }
+  }
+}
+
+ValueReader::Group ValueReader::readGroup(bool isAfterSizeof) {
+  const Group ofType = isAfterSizeof ? Group::Operand : Group::Cast;
+  const std::size_t begin = position;
+  const std::string_view name = isAt(begin + 1, Kind::Name) ? textAt(begin + 1) : "";
+  const TypeKind type = name.empty() ? TypeKind::None : typeOf(name);
+  const bool isUnknown = type == TypeKind::Unknown || type == TypeKind::Elsewhere;
+  const bool isType =
+      isUnknown ? isAfterSizeof || beginsOperand(begin + 3) : type != TypeKind::None;
+  if (isType && textAt(begin + 2) == ")") {
+    position += 3;
+    const bool isUsable = (isAfterSizeof && type == TypeKind::Floating) || useType(name, type);
+    return isUsable ? ofType : Group::Nothing;
+  }
+  if (readParentheses()) return Group::Operand;
+  position = begin;
+  const bool beginsType = type != TypeKind::None || name == "void" || name == "decltype";
+  return beginsType && skipTypeInParentheses() ? ofType : Group::Nothing;
+}
+
+bool ValueReader::readParentheses() {
+  constexpr std::size_t maxDepth = 256;  // That of clang++.
+  if (depth == maxDepth) return skipParentheses();
+  ++depth;
+  const bool isRead = take("(") && readList() && take(")");
+  --depth;
+  return isRead;
+}
+
+bool ValueReader::readOperand() {
+  if (isAt(position, Kind::Name)) return readName();
+  const std::string_view text = textAt(position);
+  if (isAt(position, Kind::Number)) {
+    const NumberForm form = FormOfNumber(text);
+    hasNonInteger = hasNonInteger || form == NumberForm::Floating;
+    if (form == NumberForm::LargeInteger) warn(rules::tooLarge, text);
+  } else if (isAt(position, Kind::Character)) {
+    const bool isPortable = FormOfCharacter(text) == CharacterForm::Portable;
+    if (!isPortable) warn(rules::wideCharacter, text);
+  } else {
+    return false;
+  }
+  ++position;
+  return true;
+}
+
+bool ValueReader::readName() {
+  const std::string_view name = textAt(position);
+  ++position;
+  switch (FindKeyword(name)) {
+    case Keyword::Literal:
+      return true;
+    case Keyword::Cast:
+      return skipTypeInAngleBrackets() && skipCalls();
+    case Keyword::Call:
+      return (name != "decltype" || skipParentheses()) && skipCalls();
+    case Keyword::Operator:
+      return false;
+    case Keyword::Other:
+      hasNonInteger = true;
+      return name == "nullptr";
+    case Keyword::Type:
+    case Keyword::Cpp20:
+    case Keyword::None:
+      break;
+  }
+  const TypeKind type = typeOf(name);
+  if (type == TypeKind::None) return true;  // An item or a macro.
+  if (textAt(position) == "(") {
+    const bool isMacro = hasIntegerMacros && IsLiteralMacro(name);
+    return isMacro ? readLiteralMacro() : readConversion(name, type);
+  }
+  if (type == TypeKind::Integer || type == TypeKind::Floating) return false;
+  if (type != TypeKind::Elsewhere) warn(rules::notAnItem, name);
+  return true;
+}
+
+/// Reads the parentheses in `int(A)`. Those of an unknown name may be a call.
+bool ValueReader::readConversion(std::string_view name, TypeKind type) {
+  const std::size_t begin = position;
+  const bool isUnknown = type == TypeKind::Unknown || type == TypeKind::Elsewhere;
+  if (!useType(name, type)) return false;
+  if (textAt(begin + 1) == ")") return skipCalls();
+  const bool isRead = readParentheses();
+  if (!isUnknown || (isRead && textAt(position) != "(")) return isRead;
+  position = begin;
+  return skipCalls();
+}
+
+/// Reads the parentheses in `INT64_C(1)`.
+bool ValueReader::readLiteralMacro() {
+  const std::string_view number = textAt(position + 1);
+  const bool isPlain = isAt(position + 1, Kind::Number) && textAt(position + 2) == ")" &&
+                       number.find_first_of("uUlLzZ") == npos;
+  if (!isPlain) return skipCalls();
+  ++position;
+  return readOperand() && take(")");
+}
+
+/// Skips one or more lists of arguments.
+bool ValueReader::skipCalls() {
+  if (!skipParentheses()) return false;
+  while (textAt(position) == "(") {
+    if (!skipParentheses()) return false;
+  }
+  return true;
+}
+
+/// Skips from an opening parenthesis, if there is one here, to its closing one.
+bool ValueReader::skipParentheses() {
+  if (textAt(position) != "(") return false;
+  hasSkipped = makesInteger = true;
+  std::size_t open = 0;
+  do {
+    if (textAt(position) == "(") ++open;
+    if (textAt(position) == ")") --open;
+    ++position;
+  } while (open > 0 && position < tokens.size());
+  return open == 0;
+}
+
+/// No type contains a dot, so that `(Mode.IDLE)` is none.
+bool ValueReader::skipTypeInParentheses() {
+  const std::size_t begin = position;
+  if (!skipParentheses()) return false;
+  for (std::size_t i = begin; i < position; ++i) {
+    if (textAt(i) == ".") return false;
+  }
+  return true;
+}
+
+bool ValueReader::skipTypeInAngleBrackets() {
+  std::size_t open = 0;
+  while (position < tokens.size()) {
+    const std::string_view text = textAt(position);
+    if (text == "(") {
+      if (!skipParentheses()) return false;
+      continue;
+    }
+    ++position;
+    if (text == "<") ++open;
+    const std::size_t closed = text == ">" ? 1 : text == ">>" ? 2 : 0;
+    if (open == 0 || closed > open || text == ")") return false;
+    open -= closed;
+    if (open == 0) return true;
+  }
+  return false;
+}
+
+TypeKind ValueReader::typeOf(std::string_view name) const {
+  const Keyword keyword = FindKeyword(name);
+  if (keyword == Keyword::Type) {
+    return name == "float" || name == "double" ? TypeKind::Floating : TypeKind::Integer;
+  }
+  if (keyword != Keyword::None && keyword != Keyword::Cpp20) return TypeKind::None;
+  const NameKind kind = kindOf(name);
+  if (kind == NameKind::Item) return TypeKind::None;
+  if (kind == NameKind::EnumType) return TypeKind::Enum;
+  if (kind == NameKind::OtherType) return TypeKind::Unusable;
+  if (keyword == Keyword::Cpp20) return TypeKind::Later;
+  if (IsCppType(name)) return TypeKind::Integer;
+  if (hasIntegerMacros && IsIntegerMacro(name)) return TypeKind::None;
+  return kind == NameKind::Unknown ? TypeKind::Unknown : TypeKind::Elsewhere;
+}
+
+/// Returns whether the token can only begin an operand, but not follow one.
+bool ValueReader::beginsOperand(std::size_t i) const {
+  const std::string_view text = textAt(i);
+  if (isAt(i, Kind::Name)) {
+    return !Contains(arithmeticOperators, text) && !Contains(logicalOperators, text);
+  }
+  return isAt(i, Kind::Number) || isAt(i, Kind::Character) || text == "(" || text == "~" ||
+         text == "!";
+}
+
+bool ValueReader::useType(std::string_view name, TypeKind type) {
+  switch (type) {
+    case TypeKind::Floating:
+      hasNonInteger = true;
+      return true;
+    case TypeKind::Unusable:
+      unusableType = name;
+      return false;
+    case TypeKind::Later:
+      hasSkipped = true;
+      break;
+    case TypeKind::Unknown:
+      warn(rules::notAnItem, name);
+      break;
+    case TypeKind::None:
+    case TypeKind::Integer:
+    case TypeKind::Enum:
+    case TypeKind::Elsewhere:
+      break;
+  }
+  makesInteger = true;
+  return true;
+}
+
+constexpr std::string_view writeNumber = "write the number of the character";
+
+/// Returns what to write instead of something short, such as `write "A"`.
+std::string Write(std::string_view before, std::string_view text, std::string_view after = {}) {
+  const bool isShort = text.size() <= 40;
+  const bool isAscii =
+      std::all_of(text.begin(), text.end(), [](char byte) { return byte > ' ' && byte <= '~'; });
+  if (!isShort || !isAscii) return {};
+  return "write \"" + std::string(before) + std::string(text) + std::string(after) + "\"";
+}
+
+/// Returns what to do about an invalid number.
+std::string NumberAdvice(std::string_view number) {
+  if (number[0] == '0' && number.find_first_not_of("0123456789'") == npos) {
+    return R"(numbers that begin with "0" are octal)";
+  }
+  std::string separated(number);
+  std::replace(separated.begin(), separated.end(), '_', '\'');
+  if (FormOfNumber(separated) == NumberForm::Integer) return Write({}, separated);
+  const std::size_t sign = number.find_first_of("+-");
+  const std::string_view first = number.substr(0, sign);
+  if (sign == npos || FormOfNumber(first) != NumberForm::Integer) return {};
+  return Write("(", first, ")" + std::string(number.substr(sign)));
+}
+
+/// Returns the error in the first token that is wrong by itself.
+std::optional<ValueFault> ValueReader::wrongToken() const {
+  for (const auto& [kind, text] : tokens) {
+    if (kind == Kind::Forbidden) {
+      const bool isCharacter = text.find('\'') != npos;
+      return ValueFault{&rules::notAValue, word, std::string(isCharacter ? writeNumber : "")};
+    }
+    if (kind == Kind::Character && FormOfCharacter(text) == CharacterForm::Invalid) {
+      return ValueFault{&rules::notAValue, text, std::string(writeNumber)};
+    }
+    if (kind == Kind::Number && FormOfNumber(text) == NumberForm::Invalid) {
+      std::string advice = NumberAdvice(text);
+      return ValueFault{&rules::notAValue, advice.empty() ? word : text, std::move(advice)};
+    }
+  }
+  return std::nullopt;
+}
+
+/// Returns the error of a value whose tokens do not fit together.
+ValueFault ValueReader::grammarError() const {
+  if (!unusableType.empty()) return {&rules::unusableType, unusableType, {}};
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    std::size_t last = i;
+    while (isAt(last, Kind::Name) && textAt(last + 1) == "." && isAt(last + 2, Kind::Name))
+      last += 2;
+    if (last == i) continue;
+    const std::string_view first = textAt(i);
+    const std::string_view item = textAt(last);
+    const auto size = static_cast<std::size_t>(item.data() - first.data()) + item.size();
+    return {&rules::notAValue, {first.data(), size}, Write({}, item)};
+  }
+  return {&rules::notAValue, word, {}};
+}
+
+/// Returns whether the word is a number of at most 64 bits, as most values are.
+bool IsPlainNumber(std::string_view word) {
+  const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
+  const auto isHexadecimal = [&](char byte) {
+    return isDigit(byte) || ((byte | 0x20) >= 'a' && (byte | 0x20) <= 'f');
+  };
+  if (word.size() > 18) return false;
+  if (word.size() > 2 && word.substr(0, 2) == "0x") {
+    return std::all_of(word.begin() + 2, word.end(), isHexadecimal);
+  }
+  return (word == "0" || word.front() != '0') && std::all_of(word.begin(), word.end(), isDigit);
+}
 
 }  // namespace
 
-Value ReadValue(std::string_view word) {
-  return ValueReader(word).read();
+std::vector<ValueFault> CheckValue(std::string_view word, const NameLookup& kindOf,
+                                   bool hasIntegerMacros) {
+  const bool isPlain =
+      IsPlainNumber(word) || (IsIdentifier(word) && kindOf(word) == NameKind::Item);
+  if (isPlain) return {};
+  return ValueReader(word, kindOf, hasIntegerMacros).read();
 }
 
 }  // namespace zentho

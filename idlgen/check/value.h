@@ -1,28 +1,37 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "check/rules.h"
+
 namespace zentho {
 
-/// What the value of an enum item consists of. Refers to the word.
-struct Value {
-  bool isValid = false;       ///< Otherwise it is no expression, and the rest is incomplete.
-  std::string_view tooLarge;  ///< The first integer of more than 64 bits, or empty.
-  std::string_view
-      wideCharacter;  ///< The first literal with a character of several bytes, or empty.
-  std::vector<std::string_view> names;  ///< The names that must be items.
-  std::vector<std::string_view> types;  ///< The names that may be types, such as in `sizeof(E)`.
+/// What a name is to the value of an item.
+enum class NameKind : std::uint8_t {
+  Item,       ///< An item above.
+  EnumType,   ///< An enum above.
+  OtherType,  ///< A type that is not complete before the enum, such as a message.
+  Unknown,
+  Elsewhere  ///< Unknown, but another file may declare it.
 };
 
-/// Returns whether the word is a value, as far as its form shows.
-inline bool IsValue(std::string_view word);
+using NameLookup = std::function<NameKind(std::string_view name)>;
 
-/// Reads literals and names that are joined by operators and parentheses. Evaluates nothing.
-Value ReadValue(std::string_view word);
+/// What is wrong with a value. Refers to the word.
+struct ValueFault {
+  const Rule* rule;
+  std::string_view text;  ///< The part at fault, or the whole word.
+  std::string advice;     ///< What to write instead, or empty.
+};
 
-inline bool IsValue(std::string_view word) {
-  return ReadValue(word).isValid;
-}
+/// Reads the value of an item: literals and names with operators, parentheses and casts. Evaluates
+/// nothing. Returns one error, or warnings in the order of the text. `kindOf` tells what a name is.
+/// `hasIntegerMacros` says whether the header includes <cstdint>.
+std::vector<ValueFault> CheckValue(std::string_view word, const NameLookup& kindOf,
+                                   bool hasIntegerMacros);
 
 }  // namespace zentho

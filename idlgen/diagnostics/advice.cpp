@@ -202,6 +202,15 @@ std::string_view OddCharacter(std::string_view text) {
   return {};
 }
 
+/// Returns whether the word is a value if all names in it are items.
+bool IsValue(std::string_view word) {
+  const auto faults = CheckValue(
+      word, [](std::string_view) { return NameKind::Elsewhere; }, true);
+  return std::none_of(faults.begin(), faults.end(), [](const ValueFault& fault) {
+    return fault.rule->severity == Severity::Error;
+  });
+}
+
 /// Returns whether the word is right in its place.
 bool Fits(const Word& word) {
   if (Contains(word.text, byteOrderMark)) return false;
@@ -313,7 +322,9 @@ std::string FormAdvice(std::string_view part, Role role) {
   if (const auto sign = FindIn(assignmentRows, {{part, role}})) return sign->advice;
   if (const auto sign = FindIn(formRows, {{part, role}})) return sign->advice;
   const std::string_view odd = OddCharacter(part);
-  return odd.empty() ? std::string() : "it contains " + Quoted(odd);
+  if (!odd.empty() && !Contains(part, "'")) return "it contains " + Quoted(odd);
+  if (role != Role::ItemValue) return {};
+  return "values are integers, items above, and expressions of them without spaces";
 }
 
 std::string AdviceFor(const Finding& finding, const LocatedWords& file) {

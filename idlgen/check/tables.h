@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+namespace zentho {
+
+/// Makes an array of as many rows as are given.
+template <typename Row, std::size_t Size>
+// NOLINTNEXTLINE(modernize-avoid-c-arrays)
+constexpr std::array<Row, Size> Table(const Row (&rows)[Size]) {
+  std::array<Row, Size> table{};
+  for (std::size_t i = 0; i < Size; ++i) table[i] = rows[i];
+  return table;
+}
+
+/// Returns whether the rows are in ascending order and differ, so that they can be searched by
+/// halves.
+template <typename Row, std::size_t Size>
+constexpr bool IsSorted(const std::array<Row, Size>& table) {
+  for (std::size_t i = 1; i < Size; ++i) {
+    if (!(table[i - 1] < table[i])) return false;
+  }
+  return true;
+}
+
+}  // namespace zentho
