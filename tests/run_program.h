@@ -75,28 +75,4 @@ inline Result RunProgram(const Scratch& scratch, const std::string& command,
   return result;
 }
 
-/// Checks a case: a directory with a command, its expected output and status, input files, and a
-/// NAME.expected for each file NAME that must be there afterwards. Without a file "err", standard
-/// error must be empty. Any other header or a temporary file is a failure.
-inline void checkCase(const std::string& name) {
-  const Scratch scratch;
-  std::filesystem::copy(IDLGEN_TEST_DATA "/" + name, scratch.path("."),
-                        std::filesystem::copy_options::recursive);
-  const Result result = RunProgram(scratch, ReadAll(scratch.path("command")));
-  EXPECT_EQ(result.out, ReadAll(scratch.path("out")));
-  EXPECT_EQ(std::to_string(result.status), ReadAll(scratch.path("status")));
-  EXPECT_TRUE(result.lineByLine);
-  const std::string err = scratch.path("err");
-  EXPECT_EQ(result.err, std::filesystem::exists(err) ? ReadAll(err) : "");
-  for (const auto& file : std::filesystem::recursive_directory_iterator(scratch.path("."))) {
-    const std::filesystem::path& path = file.path();
-    EXPECT_NE(path.extension(), ".tmp") << path;
-    if (path.extension() == ".expected") {
-      EXPECT_EQ(ReadAll(path.parent_path() / path.stem()), ReadAll(path)) << path;
-    } else if (path.extension() == ".h" && !file.is_directory()) {
-      EXPECT_TRUE(std::filesystem::exists(path.string() + ".expected")) << path;
-    }
-  }
-}
-
 }  // namespace zentho
