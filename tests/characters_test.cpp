@@ -38,10 +38,11 @@ const std::vector<Encoding> encodings = {
 INSTANTIATE_TEST_SUITE_P(Characters, Encodings, testing::ValuesIn(encodings), RowName<Encoding>);
 
 TEST(Characters, AreInvisibleUpToTheEndsOfTheRanges) {
-  for (const char32_t code : {0x00, 0x1f, 0x7f, 0xa0, 0xad, 0x200b, 0x2028, 0xfeff, 0xe0001}) {
+  for (const char32_t code :
+       {0x00U, 0x1fU, 0x7fU, 0xa0U, 0xadU, 0x200bU, 0x2028U, 0xfeffU, 0xe0001U}) {
     EXPECT_TRUE(IsInvisible(code)) << static_cast<unsigned>(code);
   }
-  for (const char32_t code : {0x20, 0x7e, 0xa1, 0xe9, 0x2010, 0x2030, 0x3001, 0x1f642}) {
+  for (const char32_t code : {0x20U, 0x7eU, 0xa1U, 0xe9U, 0x2010U, 0x2030U, 0x3001U, 0x1f642U}) {
     EXPECT_FALSE(IsInvisible(code)) << static_cast<unsigned>(code);
   }
 }

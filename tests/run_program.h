@@ -75,31 +75,42 @@ inline Result RunProgram(const Scratch& scratch, const std::string& command,
   return result;
 }
 
-/// Checks a case: a directory with a command, its expected output and status, input files, and a
-/// NAME.expected for each file NAME that must be there afterwards. Without a file "out" or "err",
-/// that output must be empty, and without a file "status", the status 0. Any other header or a
-/// temporary file is a failure.
+/// Checks a case: a directory with a command, its expected output and status, and input files. Each
+/// case also has the files of tests/data/common.
+///
+/// Without a file "out", "err" or "status", the output must be empty and the status 0. The input
+/// files must stay as they are, but if there is a NAME.expected, the file NAME must have that text
+/// afterwards. Other headers and temporary files must be gone.
 inline void checkCase(const std::string& name) {
   const Scratch scratch;
-  std::filesystem::copy(IDLGEN_TEST_DATA "/" + name, scratch.path("."),
-                        std::filesystem::copy_options::recursive);
-  const Result result = RunProgram(scratch, ReadAll(scratch.path("command")));
-  const auto expected = [&](const char* file, const char* otherwise) {
-    const std::string path = scratch.path(file);
-    return std::filesystem::exists(path) ? ReadAll(path) : otherwise;
+  for (const std::string& directory : {std::string("common"), name}) {
+    std::filesystem::copy(IDLGEN_TEST_DATA "/" + directory, scratch.path("."),
+                          std::filesystem::copy_options::recursive |
+                              std::filesystem::copy_options::overwrite_existing);
+  }
+  std::map<std::string, std::string> expected = Files(scratch.path("."));
+  for (const auto& [file, text] : Files(scratch.path("."))) {
+    const std::filesystem::path path = file;
+    if (path.extension() == ".expected") expected[path.parent_path() / path.stem()] = text;
+  }
+  const auto find = [&](const char* file, const char* otherwise) {
+    return expected.count(file) == 0 ? otherwise : expected[file];
   };
-  EXPECT_EQ(result.out, expected("out", ""));
-  EXPECT_EQ(std::to_string(result.status), expected("status", "0"));
+
+  const Result result = RunProgram(scratch, expected["command"]);
+  EXPECT_EQ(result.out, find("out", ""));
+  EXPECT_EQ(result.err, find("err", ""));
+  EXPECT_EQ(std::to_string(result.status), find("status", "0"));
   EXPECT_TRUE(result.lineByLine);
-  EXPECT_EQ(result.err, expected("err", ""));
-  for (const auto& file : std::filesystem::recursive_directory_iterator(scratch.path("."))) {
-    const std::filesystem::path& path = file.path();
-    EXPECT_NE(path.extension(), ".tmp") << path;
-    if (path.extension() == ".expected") {
-      EXPECT_EQ(ReadAll(path.parent_path() / path.stem()), ReadAll(path)) << path;
-    } else if (path.extension() == ".h" && !file.is_directory()) {
-      EXPECT_TRUE(std::filesystem::exists(path.string() + ".expected")) << path;
-    }
+  std::map<std::string, std::string> files = Files(scratch.path("."));
+  for (const auto& [file, text] : expected) {
+    EXPECT_EQ(files.count(file), 1U) << file;
+    EXPECT_EQ(files[file], text) << file;
+  }
+  for (const auto& [file, text] : files) {
+    const std::string extension = std::filesystem::path(file).extension();
+    const bool isLeft = extension == ".h" || extension == ".tmp";
+    EXPECT_TRUE(!isLeft || expected.count(file) == 1) << file;
   }
 }
 

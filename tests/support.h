@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <list>
+#include <map>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -48,12 +49,23 @@ inline std::string ReadAll(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// Returns the names and contents of the regular files below a directory.
+inline std::map<std::string, std::string> Files(const std::filesystem::path& directory) {
+  std::map<std::string, std::string> files;
+  if (!std::filesystem::exists(directory)) return files;
+  for (const auto& file : std::filesystem::recursive_directory_iterator(directory)) {
+    if (!file.is_regular_file()) continue;
+    files[file.path().lexically_relative(directory)] = ReadAll(file.path());
+  }
+  return files;
+}
+
 /// Returns the contents of a file in tests/data.
 inline std::string Data(const std::string& name) {
   return ReadAll(IDLGEN_TEST_DATA "/" + name);
 }
 
-/// Returns the entries of a directory in tests/data, such as "errors/stray_brace", without
+/// Returns the entries of a directory in tests/data, such as "checks/names", without
 /// extensions.
 inline std::set<std::string> DataCases(const std::string& directory) {
   std::set<std::string> cases;
