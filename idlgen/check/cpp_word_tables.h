@@ -100,7 +100,7 @@ inline constexpr auto keywords = Table<KeywordRow>({
     {"true", Keyword::Literal},
     {"try", Keyword::Other},
     {"typedef", Keyword::Other},
-    {"typeid", Keyword::Other},
+    {"typeid", Keyword::Call},
     {"typename", Keyword::Other},
     {"union", Keyword::Other},
     {"unsigned", Keyword::Type},

@@ -60,14 +60,25 @@ bool IsOneNumber(std::string_view literal) {
   return literal.find_first_not_of("0123456789abcdefABCDEFxXpPlL.+-'") == npos;
 }
 
-/// What follows a backslash, or stands for itself.
-struct Element {
-  std::size_t size;
-  std::uint64_t value;
-  enum class Kind : std::uint8_t { Ascii, Foreign, Broken, Number, Code, Odd, Invalid } kind;
+constexpr std::uint64_t maxCode = 0x10ffff;
+
+/// What an element of a character literal is.
+enum class Kind : std::uint8_t {
+  Ascii,    ///< A character of ASCII or an escape such as `\n`.
+  Foreign,  ///< Another character.
+  Broken,   ///< A byte that is not valid UTF-8.
+  Number,   ///< `\377` or `\xff`.
+  Code,     ///< `\u0041` or `\U00000041`.
+  Odd,      ///< An escape that some compilers reject.
+  Invalid
 };
 
-using Kind = Element::Kind;
+/// What stands for one character in a literal.
+struct Element {
+  std::size_t size;
+  std::uint64_t value;  ///< The number or the character.
+  Kind kind;
+};
 
 /// Reads the digits from an offset on, at most so many.
 Element ReadDigits(std::string_view text, std::size_t begin, unsigned base, std::size_t count,
@@ -84,7 +95,7 @@ Element ReadDigits(std::string_view text, std::size_t begin, unsigned base, std:
 }
 
 Element ReadEscape(std::string_view text) {
-  constexpr Element invalid{1, 0, Kind::Invalid};
+  constexpr Element invalid = {1, 0, Kind::Invalid};
   if (text.size() < 2) return invalid;
   const char letter = text[1];
   if (DigitValue(letter) < 8) return ReadDigits(text, 1, 8, 3, Kind::Number);
@@ -94,8 +105,9 @@ Element ReadEscape(std::string_view text) {
   }
   if (letter == 'u' || letter == 'U') {
     const std::size_t digits = letter == 'u' ? 4 : 8;
-    const Element code = ReadDigits(text, 2, 16, digits, Kind::Code);
+    Element code = ReadDigits(text, 2, 16, digits, Kind::Code);
     const bool isSurrogate = code.value >= 0xd800 && code.value <= 0xdfff;
+    if (code.value > maxCode) code.kind = Kind::Odd;
     return code.size == digits + 2 && !isSurrogate ? code : invalid;
   }
   const Character character = FirstCharacter(text.substr(1));
@@ -124,8 +136,8 @@ struct Prefix {
 constexpr auto prefixes = Table<Prefix>({{"", 0xff, 0x7f, CharacterForm::Unportable},
                                          {"u8", 0xff, 0x7f, CharacterForm::Invalid},
                                          {"u", 0xffff, 0xffff, CharacterForm::Invalid},
-                                         {"U", 0xffffffff, 0x10ffff, CharacterForm::Invalid},
-                                         {"L", 0xffffffff, 0x10ffff, CharacterForm::Unportable}});
+                                         {"U", 0xffffffff, maxCode, CharacterForm::Invalid},
+                                         {"L", 0xffffffff, maxCode, CharacterForm::Unportable}});
 
 const Prefix* FindPrefix(std::string_view letters) {
   const auto* const found = std::find_if(prefixes.begin(), prefixes.end(),

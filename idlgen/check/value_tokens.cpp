@@ -109,4 +109,33 @@ std::vector<ValueToken> ValueTokens(std::string_view word) {
   return tokens;
 }
 
+std::size_t ParenthesesEnd(const std::vector<ValueToken>& tokens, std::size_t begin) {
+  std::size_t open = 0;
+  for (std::size_t i = begin; i < tokens.size(); ++i) {
+    if (tokens[i].text == "(") ++open;
+    if (tokens[i].text == ")" && open > 0) --open;
+    if (open == 0) return i == begin ? npos : i + 1;
+  }
+  return npos;
+}
+
+std::size_t AngleBracketsEnd(const std::vector<ValueToken>& tokens, std::size_t begin) {
+  std::size_t open = 0;
+  std::size_t i = begin;
+  while (i < tokens.size()) {
+    const std::string_view text = tokens[i].text;
+    if (text == "(") {
+      i = ParenthesesEnd(tokens, i);
+      continue;
+    }
+    ++i;
+    if (text == "<") ++open;
+    const std::size_t closed = text == ">" ? 1 : text == ">>" ? 2 : 0;
+    if (open == 0 || closed > open || text == ")") return npos;
+    open -= closed;
+    if (open == 0) return i;
+  }
+  return npos;
+}
+
 }  // namespace zentho

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -22,5 +23,12 @@ struct ValueToken {
 
 /// Splits a word as C++ does, up to the first forbidden token.
 std::vector<ValueToken> ValueTokens(std::string_view word);
+
+/// Returns the index after the closing parenthesis of the opening one at an index, or npos if there
+/// is none.
+std::size_t ParenthesesEnd(const std::vector<ValueToken>& tokens, std::size_t begin);
+
+/// The same for angle brackets, inside which parentheses are balanced.
+std::size_t AngleBracketsEnd(const std::vector<ValueToken>& tokens, std::size_t begin);
 
 }  // namespace zentho
