@@ -1,4 +1,5 @@
 """Reads what idlgen-header says about files."""
+import os.path
 import re
 
 LIMIT = 20  # Errors and warnings about a file.
@@ -10,7 +11,7 @@ class Message:
 
     def __init__(self, sentence, place):
         self.sentence = sentence
-        self.path, self.severity = place[1], place[4]
+        self.path, self.severity = os.path.normpath(place[1]), place[4]
         self.line, self.column = int(place[2]), int(place[3])
         self.excerpt = []
 
