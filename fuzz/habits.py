@@ -1,7 +1,7 @@
 """Lines of other languages, and slips, that people write in IDL files.
 
-In the lines, {x} is the name of the line that they replace, {t} its type or value, {n} a number that
-no other line has, and {earlier} a member above.
+In the lines, {x} is the name of the line that they replace, {t} its type or value, {n} a number
+that no other line has, and {earlier} a member above.
 """
 
 # In place of a member. Most are of C, C++, protobuf, Thrift, ROS, Go, Rust, CORBA and Python.

@@ -2,9 +2,9 @@
 import collections
 import re
 
-# In the texts, "@" is before each word that an error or warning may be about. A text that begins and
-# ends with a line feed is a line of its own, and stays one. A tuple has several texts; between
-# statements of a tuple, others may stand.
+# In the texts, "@" is before each word that an error or warning may be about. A text that begins
+# and ends with a line feed is a line of its own, and stays one. A tuple has several statements,
+# between which others may stand.
 Kind = collections.namedtuple("Kind", "name expected place files texts")
 
 # What is expected of idlgen-header, and of both compilers:
@@ -47,8 +47,8 @@ KINDS = [
     Kind("reserved name", WARNING, NAME, ANY, words(
         "__x _X __int128 __func__ _Pragma __init__")),
     Kind("character in a name", FORM, NAME, ANY, words(
-        r"""a-b 1st 7 x! x? a+b x` a-b-c a/b "x" x% °C x— “x” ‘x’ x½ x‐y x… x§ x[3] x[] \u00e9 x=3 (x)
-        x/**/ *x &x x, x} x; x() x/**/y x\ x.y""")),
+        r"""a-b 1st 7 x! x? a+b x` a-b-c a/b "x" x% °C x— “x” ‘x’ x½ x‐y x… x§ x[3] x[] \u00e9 x=3
+        (x) x/**/ *x &x x, x} x; x() x/**/y x\ x.y""")),
     Kind("invisible character in a name", FORM, NAME, ANY, words(
         "x\xa0y x\u200by x\u200d x\u2060 x² x\u3000y \u3000x x\u1680y x\u180ey"
         " \tx x\t x\r \t x\x01 \x7fx x\x0cy x\tint8")),
@@ -56,7 +56,8 @@ KINDS = [
     Kind("unusual name", VALID, NAME, ANY, words(
         "a$b é e\u0301t µm Ωx ªx ºx a·b 路径 final override import module")),
     Kind("built-in type as a name", VALID, MEMBER, ANY, [
-        "int8: string", "string: [int8]", "int8: int8", "string: string", "float64: [uint8] b: int8"]),
+        "int8: string", "string: [int8]", "int8: int8", "string: string",
+        "float64: [uint8] b: int8"]),
     Kind("type before the name", ERROR, MEMBER, ALONE, [
         "@int8 @x", "@string @x", "@float64 @x y: int8", "@int8 @x @string @y"]),
     Kind("type before the name, with includes", WARNING, MEMBER, INCLUDES, ["@int8 @x"]),
@@ -93,7 +94,8 @@ KINDS = [
         "message service { message: int8 }"]),
     Kind("type named std", WARNING, STATEMENT, PLAIN, [
         ("namespace r.nav", "message @std { }"), "namespace @r.std",
-        ("namespace r", "enum @std { }"), ("namespace r", "service @std { request { } response { } }")]),
+        ("namespace r", "enum @std { }"),
+        ("namespace r", "service @std { request { } response { } }")]),
     Kind("global std or zentho", ERROR, STATEMENT, PLAIN, [
         "message @std { }", "message @zentho { x: int8 }", "enum E { @std: 0 }",
         "enum E { @zentho: 0 }", "enum @zentho { A: 1 }"]),
@@ -108,17 +110,17 @@ KINDS = [
         ".Missing std.Missing [zentho.Missing] .a.Missing")),
     Kind("unknown type twice", ERROR, MEMBER, ALONE, ["a: @Missing Missing: int8"]),
     Kind("fundamental type", VALID, TYPE, ANY, words(
-        "bool char short int long float double wchar_t char16_t char32_t signed unsigned size_t [bool]"
-        " int8_t uint64_t [int16_t] std.size_t std.string [[std.int8_t]]")),
+        """bool char short int long float double wchar_t char16_t char32_t signed unsigned size_t
+        [bool] int8_t uint64_t [int16_t] std.size_t std.string [[std.int8_t]]""")),
     Kind("keyword as a type", ERROR, TYPE, ANY, words(
         "void auto class [] [void] [auto] enum template operator")),
     Kind("character in a type", ERROR, TYPE, ANY, words(
-        """int8; int8, int8} int8? "int8" 'int8' a-b string;y int8\xa0 “int8” [int8]; [int8,3] [int8]]
-        int8]] int8[] int8[3] float64[36] uint8[] [int8 [[int8] [int8]x x[int8] [ int8. .. . a..b a/b
-        \tint8 int8\t int8\r [string]\r [\tint8] \x01int8""")),
+        """int8; int8, int8} int8? "int8" 'int8' a-b string;y int8\xa0 “int8” [int8]; [int8,3]
+        [int8]] int8]] int8[] int8[3] float64[36] uint8[] [int8 [[int8] [int8]x x[int8] [ int8. ..
+        . a..b a/b \tint8 int8\t int8\r [string]\r [\tint8] \x01int8""")),
     Kind("odd type", FORM, TYPE, ANY, words(
-        r"""int* int& decltype(1) typename.N struct.N x[int8]] int8_t* (int) int/**/ const.int8 int&&
-        float[3] int\ std.enable_if_t<sizeof(int)==4,int>""") + [
+        r"""int* int& decltype(1) typename.N struct.N x[int8]] int8_t* (int) int/**/ const.int8
+        int&& float[3] int\ std.enable_if_t<sizeof(int)==4,int>""") + [
             "int\r", "\tint", "std.uint8_t\u3000static", "int\u1680static", "int\u180e"]),
     Kind("C++20 type", WARNING, TYPE, ANY, words("char8_t [char8_t]")),
     Kind("template as a type", WARNING, TYPE, ANY, words(
@@ -200,7 +202,8 @@ KINDS = [
         "service S { request { } response { x: @S.Request @S: int8 } }"]),
     Kind("member hides short names only", VALID, STATEMENT, PLAIN, [
         ("namespace r.nav", "message P { }", "message Q { P: r.nav.P }"),
-        ("namespace r.nav", "message P { }", "message Q { P: int8 q: nav.P nav: nav.P r: r.nav.P }"),
+        ("namespace r.nav", "message P { }",
+         "message Q { P: int8 q: nav.P nav: nav.P r: r.nav.P }"),
         "service S { request { } response { S: int8 } }"]),
     Kind("first component found too early", ERROR, STATEMENT, PLAIN, [
         ("namespace a.b.a", "message P { }", "message Q { x: @a.b.a.P }"),
@@ -227,16 +230,16 @@ KINDS = [
     # Values.
     Kind("no value", ERROR, VALUE, ANY, words(
         """08 0x 1.5 = "a" nullptr 0b2 1_000 10k 12abc 0x1G 'a '' 1} (1 1) - 1+ + 1''0 1' 1e3 1. .5
-        0x1p3 1<< 1; 1, 1,2 ; , 1i 1lL ‘a’ )1( 1lul 1uu 0x1e+1 true(1) (int) sizeof() (float)1 float(1)
-        static_cast<int>1 sizeof<1 int8_t+1 u8'ab' u'ab' U'ab' L'\\u1' 'a'or(1) 1?2 --1 ++1 size_t int
-        Mode.IDLE E.A (E::A)""")),
+        0x1p3 1<< 1; 1, 1,2 ; , 1i 1lL ‘a’ )1( 1lul 1uu 0x1e+1 true(1) (int) sizeof() (float)1
+        float(1) static_cast<int>1 sizeof<1 int8_t+1 u8'ab' u'ab' U'ab' L'\\u1' 'a'or(1) 1?2 --1
+        ++1 size_t int Mode.IDLE E.A (E::A)""")),
     Kind("character in a value", FORM, VALUE, ANY, words(
         "1\xa0 \u200b1 1\t \t1 1\r 1\x0c 1\x01 1\u3000 \u16801 1\u180e a.B\r")),
     Kind("odd value", FORM, VALUE, ANY, words(
         r"1,D=7 0};inline/**/int/**/x=7;enum/**/G<%D=1 1/**/ 1\ 1,D 1<%2")),
     Kind("no value of an item", ERROR, ITEM, ANY, [
-        "A: 1 B: @(A)1", "A: 1 B: @A(1)", "A: 1 B: @A++", "A: 1 B: @&A", "A: 1 B: @*A", "A: 1 B: @A?A",
-        "A: @sizeof(int", "A: 1 B: @A=1"]),
+        "A: 1 B: @(A)1", "A: 1 B: @A(1)", "A: 1 B: @A++", "A: 1 B: @&A", "A: 1 B: @*A",
+        "A: 1 B: @A?A", "A: @sizeof(int", "A: 1 B: @A=1"]),
     Kind("no value of a type", ERROR, STATEMENT, ANY, [
         ("message P { }", "enum E { A: @sizeof(P) }"), "enum E { A: @sizeof(E) }",
         "enum E { A: @E(0) }", "enum E { A: @(E)1 }", ("enum E { A: @(F)1 }", "enum F { B: 1 }")]),
@@ -263,7 +266,8 @@ KINDS = [
     Kind("macro of a limit", VALID, STATEMENT, ANY, [
         ("message P { x: int8 }", "enum E { A: UINT32_MAX B: INT8_MIN C: INT_LEAST16_MAX }"),
         ("message P { x: [uint8] }", "enum E { A: INT8_C(3) B: UINT64_C(0x10) C: INTMAX_C(1) }"),
-        ("message P { x: int64 }", "enum E { A: SIZE_MAX B: PTRDIFF_MIN C: UINTPTR_MAX D: INT_FAST8_MAX }")]),
+        ("message P { x: int64 }",
+         "enum E { A: SIZE_MAX B: PTRDIFF_MIN C: UINTPTR_MAX D: INT_FAST8_MAX }")]),
     Kind("macro of a limit, without an integer", WARNING, STATEMENT, NOTHING, [
         "enum E { A: @UINT32_MAX }", ("message P { x: string }", "enum E { A: @INT8_C(3) }")]),
     Kind("spaces in a value", ERROR, ITEM, ANY, ["A: 1 @<< 2", "A: 1 @| 2", "A: 1 @+: @B"]),
@@ -305,8 +309,9 @@ KINDS = [
 
     # Statements.
     Kind("unknown statement", ERROR, STATEMENT, ANY, [
-        "@struct P { x: int8 }", "@Message P { }", "@mesage P { }", "@};", "@}", '@syntax = "proto3"',
-        "@package a", "@\tmessage P { }", "@message\tP { }", '@import "a.idl"', "@; message P { }",
+        "@struct P { x: int8 }", "@Message P { }", "@mesage P { }", "@};", "@}",
+        '@syntax = "proto3"', "@package a", "@\tmessage P { }",
+        "@message\tP { }", '@import "a.idl"', "@; message P { }",
         "@\xa0message P { }", "@/* note */", "@option x: int8", "@const MAX: int32 = 10"]),
     Kind("statement below a namespace", ERROR, STATEMENT, PLAIN, [
         "namespace robot\n@const MAX: int32 = 10\n", "namespace robot\n@option x = y\n"]),
@@ -320,15 +325,16 @@ KINDS = [
         "service S @request { } response { }", "service S { request { } @reponse { } }",
         "service S { @Request { } response { } }"]),
     Kind("glued closing brace", BELOW, STATEMENT, ANY, [
-        "message P { x: @int8}", "message P { x: @int8}}", "enum E { A: @1}", "message P { x: int8 @};",
-        "service S { request { x: @int8} response { } }", "service S { request { } response { @}}"]),
+        "message P { x: @int8}", "message P { x: @int8}}", "enum E { A: @1}",
+        "message P { x: int8 @};", "service S { request { x: @int8} response { } }",
+        "service S { request { } response { @}}"]),
     Kind("glued opening brace", BELOW, STATEMENT, ANY, [
         "message @P{ x: int8 }", "message @P{\n x: int8 }", "enum @E{ A: 1 }",
         "service @S{ request { } response { } }", "message P @{{ x: int8 }",
         "service S { @request{ x: int8 } response { } }"]),
     Kind("missing closing brace", BELOW, STATEMENT, ANY, [
-        "message P { x: @int8", "enum E { A: @1", "message P @{", "service S { request { } response { @}",
-        "service S { request { x: @int8 response { } }"]),
+        "message P { x: @int8", "enum E { A: @1", "message P @{",
+        "service S { request { } response { @}", "service S { request { x: @int8 response { } }"]),
     Kind("missing name", BELOW, STATEMENT, ANY, [
         "@message { x: int8 }", "@enum { A: 1 }", "@service { }"]),
     Kind("missing type", BELOW, STATEMENT, ANY, [

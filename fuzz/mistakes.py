@@ -106,7 +106,7 @@ def put_mistakes(file, chosen, rng):
 
 
 def put_brace(file, rng):
-    """Returns the text of the file with one brace too few or too many, or a declaration in another."""
+    """Returns the text of the file with a brace too few or too many, or a nested declaration."""
     lines = file.lines
     i = rng.choice([i for i, line in enumerate(lines)
                     if line.role in ("enum", "message", "service", "part", "end", "member")])
@@ -179,8 +179,8 @@ def report(figures, missed):
         told, true = figures[count].ratios()
         print(f"{count:8} {figures[count].files:6} {told:5.2f} {wanted[0]:7.2f} {true:5.2f}"
               f" {wanted[1]:7.2f}")
-    print(f"   brace {figures[BRACE].files:6}  at most {figures[BRACE].most_messages} messages in a "
-          f"file, wanted {WANTED_FOR_BRACE}")
+    most = figures[BRACE].most_messages
+    print(f"   brace {figures[BRACE].files:6}  {most} messages at most, wanted {WANTED_FOR_BRACE}")
     for form, count in missed.most_common(10):
         print(f"{count} times not told: {form}")
     return not all(is_good(count, figures[count]) for count in figures)

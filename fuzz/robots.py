@@ -42,7 +42,8 @@ ENUMS = {
 }
 INCLUDED = {
     "common/geometry.idl": "geometry.Pose geometry.Vector3 [geometry.Point]",
-    "std/time.idl": "std_msgs.Time std_msgs.Header", "sensors/lidar.idl": "sensors.Scan [sensors.Echo]",
+    "std/time.idl": "std_msgs.Time std_msgs.Header",
+    "sensors/lidar.idl": "sensors.Scan [sensors.Echo]",
     "planning/path.msg": "planning.Path [planning.Segment] [[planning.Cell]]",
 }
 NAMESPACES = ["robot", "robot.nav", "fleet.msgs", "vehicle.control", "arm"]

@@ -6,8 +6,9 @@ BUILT_IN = "int8 int16 int32 int64 uint8 uint16 uint32 uint64 float32 float64 st
 OTHER_TYPES = ("bool char short int long float double wchar_t char16_t char32_t signed unsigned "
                "size_t int8_t uint64_t std.string std.int16_t").split()
 LITERALS = r"""0 7 -1 +3 010 0x1F 0XaB 0b101 0B1 1'000 0x1'F 1u 2L 3ul 4LL 5ull 0xFFu 'a' '\n' ';'
-    ',' '}' '\'' '\\' '"' 'ab' u8'a' L'e' u'e' '\x41' '\u0041' '\377' true false ~0 !0 (7) ((1)) -(2)
-    1<<2 (1<<3)|1 2+3 7-9 2*3 8/2 7%4 1==1 3>2 1<=2 1&&0 !1||0 5^1 sizeof(int) 1ull<<40""".split()
+    ',' '}' '\'' '\\' '"' 'ab' u8'a' L'e' u'e' '\x41' '\u0041' '\377' true false ~0 !0 (7) ((1))
+    -(2) 1<<2 (1<<3)|1 2+3 7-9 2*3 8/2 7%4 1==1 3>2 1<=2 1&&0 !1||0 5^1 sizeof(int)
+    1ull<<40""".split()
 WITH_ITEM = "{} {}|4 ({}) {}+1 -{} ~{} 2*{} {}<4 ({}&7)|1 {}|{} !{} ({})-1 ({})+1".split()
 NAMES = "pose route speed stops größe 路径 Ωmega naïve µ x_ value Count é".split()
 MEMBER_NAMES = ("std zentho serialize deserialize data buffer request response message service "

@@ -212,7 +212,8 @@ def try_tree(tools, with_check, directory, rng, kind):
             wrong.append(f"status {told.returncode}")
     shutil.rmtree(directory)
     report = [f"==== {directory.name} {kind.name}: " + "; ".join(wrong)]
-    report += [f"-- {path} (mistakes: {tree.marks[path]})\n{text}" for path, text in tree.texts.items()]
+    report += [f"-- {path} (mistakes: {tree.marks[path]})\n{text}"
+               for path, text in tree.texts.items()]
     report += [f"---- {compiler}: {path}: {reason}" for path, reasons in rejected.items()
                for compiler, reason in reasons.items()]
     report.append(f"---- idlgen-header:\n{said}")
