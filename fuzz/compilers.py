@@ -15,21 +15,14 @@ of these:
 Prints each disagreement, then a table of the kinds. The status is 1 if there is a disagreement.
 --keep copies the files of the disagreements. --kind selects the kinds whose name has the text.
 """
-import argparse
-import collections
-import concurrent.futures
-import functools
 import itertools
-import pathlib
-import random
-import shutil
 import sys
-import tempfile
 
 import kinds
+from comparison import compare, parse_options
 from messages import read_messages
 from sources import Source, render, words_of
-from tools import Tools, run
+from tools import run
 
 COMPONENTS = ["robot", "nav", "core", "geo", "größe", "data", "x1"]
 GEOMETRY = "namespace geometry\nmessage Point { x: float64 }\n"
@@ -185,45 +178,14 @@ def try_file(tools, directory, rng, kind):
     wrong += judge_compilers(kind.expected, succeeds, rejected)
     wrong += judge_messages(kind.expected, marks, messages)
     wrong += judge_header(directory, succeeds, told, has_error)
-    report = [f"==== {directory.name} {kind.name}: " + "; ".join(wrong), files["main.idl"]]
+    report = ["; ".join(wrong), files["main.idl"]]
     report += [f"---- {compiler}: {reason}" for compiler, reason in rejected.items()]
     report.append(f"---- idlgen-header: {told.returncode}\n{said}")
     return "\n".join(report) if wrong else "", bool(messages) and messages[0].line in marks
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("build", type=pathlib.Path)
-    parser.add_argument("--count", type=int, default=300)
-    parser.add_argument("--seed", default="1")
-    parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--keep", type=pathlib.Path)
-    parser.add_argument("--kind", default="")
-    options = parser.parse_args()
-    # A quarter of the files is of the first kind, which is the valid one.
-    rows = [kind for kind in kinds.KINDS if options.kind in kind.name]
-    rows = [rows[0 if i % 4 == 0 else (i - i // 4) % len(rows)] for i in range(options.count)]
-    count = collections.defaultdict(lambda: [0, 0, 0])
-
-    with tempfile.TemporaryDirectory() as temporary, \
-            concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
-        tools = Tools(options.build, pathlib.Path(temporary))
-        places = [pathlib.Path(temporary) / str(i) for i in range(options.count)]
-        seeds = [random.Random(f"{options.seed}/{i}") for i in range(options.count)]
-        results = pool.map(functools.partial(try_file, tools), places, seeds, rows)
-        for kind, directory, (report, is_exact) in zip(rows, places, results):
-            for name in kind.name, "all":
-                count[name] = [a + b for a, b in zip(count[name], (1, is_exact, bool(report)))]
-            if report:
-                print(report)
-                if options.keep:
-                    shutil.copytree(directory, options.keep / directory.name, dirs_exist_ok=True)
-            shutil.rmtree(directory)
-
-    print(" files  told at the line  disagreements")
-    for kind in sorted(count, key=lambda kind: kind == "all"):
-        print("{:6} {:17} {:14}  ".format(*count[kind]) + kind)
-    return count["all"][2] > 0
+    return compare(parse_options(), kinds.KINDS, try_file)
 
 
 if __name__ == "__main__":

@@ -77,29 +77,34 @@ def choose(lines, count, rng):
     return chosen if len(chosen) == count else None
 
 
+def earlier_name(lines, i, chosen):
+    """Returns the name of a right member or item above, in the same list, or ""."""
+    while i > 0 and lines[i - 1].role in ("member", "item", "other"):
+        i -= 1
+        if i not in chosen and lines[i].name:
+            return lines[i].name
+    return ""
+
+
 def put_mistakes(file, chosen, rng):
     """Returns the text of the file with a mistake at each of the chosen lines."""
-    text, mistakes, earlier, skip = [], {}, "", False
+    replaced, names = {}, {}  # The lines in place of a line, and the form of its mistake.
+    for i, place in chosen.items():
+        line, earlier = file.lines[i], earlier_name(file.lines, i, chosen)
+        form = rng.choice([form for form in forms_of(place, file.has_includes)
+                           if earlier or "{earlier}" not in form[0]])
+        indent = line.text[:len(line.text) - len(line.text.lstrip())]
+        names[i] = f"{place}: {form[0]}"
+        replaced[i] = [indent + fill(part, line, earlier, i) for part in form]
+        if place in ("inner list", "gap", "outer list"):
+            replaced[i].append(line.text)
+        if place == "last member":
+            replaced[i + 1] = []
+    text, mistakes = [], {}
     for i, line in enumerate(file.lines):
-        if skip:
-            skip = False
-        elif i not in chosen:
-            text.append(line.text)
-        else:
-            place = chosen[i]
-            forms = [form for form in forms_of(place, file.has_includes)
-                     if earlier or "{earlier}" not in form[0]]
-            form = rng.choice(forms)
-            indent = line.text[:len(line.text) - len(line.text.lstrip())]
-            mistakes[len(text) + 1] = f"{place}: {form[0]}"
-            text += [indent + fill(part, line, earlier, i) for part in form]
-            skip = place == "last member"
-            if place in ("inner list", "gap", "outer list"):
-                text.append(line.text)
-        if line.role not in ("member", "item", "other"):
-            earlier = ""
-        elif i not in chosen and line.name:
-            earlier = line.name
+        if i in names:
+            mistakes[len(text) + 1] = names[i]
+        text += replaced.get(i, [line.text])
     return File("\n".join(text) + "\n", mistakes)
 
 

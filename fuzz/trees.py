@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Compares what idlgen-header --check says about trees of files with g++ and clang++.
 
-trees.py BUILD [--count N] [--seed S] [--jobs J] [--kind TEXT] [--compilers-only]
+trees.py BUILD [--count N] [--seed S] [--jobs J] [--keep DIR] [--kind TEXT] [--compilers-only]
 
 Makes trees of 2 to 6 IDL files that include each other, with at most one mistake, of the kinds in
 tree_kinds.py. A disagreement is any of these:
@@ -13,24 +13,20 @@ tree_kinds.py. A disagreement is any of these:
 - a message without excerpt or with a place that does not exist, more than 20 messages about a file
 
 Prints each disagreement, then a table of the kinds. The status is 1 if there is a disagreement.
---kind selects the kinds whose name has the text. --compilers-only does not run idlgen-header.
+--keep copies the files of the disagreements. --kind selects the kinds whose name has the text.
+--compilers-only does not run idlgen-header.
 """
-import argparse
 import collections
-import concurrent.futures
 import functools
 import itertools
 import os.path
-import pathlib
-import random
-import shutil
 import sys
-import tempfile
 
+from comparison import compare, parse_options
 from kinds import ERROR, UNSEEN, VALID, WARNING
 from messages import read_messages
 from sources import Source, render, words_of
-from tools import Tools, run
+from tools import run
 from tree_kinds import TREES
 
 ROOTS = ["src", "lib"]
@@ -186,70 +182,58 @@ def judge_agreement(kind, tree, rejected, messages):
     return wrong
 
 
-def try_tree(tools, with_check, directory, rng, kind):
-    """Makes a tree of a kind and checks it. Returns the report of disagreements."""
-    tree = TreeMaker(rng, kind).make()
+def make_headers(tools, directory, tree):
+    """Runs idlgen on all files. Returns the path of each header, by the path of the IDL file."""
     headers = {path: os.path.splitext(path)[0] + ".h" for path in tree.texts}
     tools.write_files(directory, tree.texts)
-    if "b" in tree.paths:
-        header = os.path.relpath(headers[tree.paths["b"]], "src")
-        tools.write_files(directory, {"src/all.h": f'#pragma once\n#include "{header}"\n'})
+    for root in ROOTS:
+        (directory / root).mkdir(exist_ok=True)
+    if "b" in tree.paths:  # A header that no IDL file gives.
+        header = os.path.relpath(headers[tree.paths["b"]], ROOTS[0])
+        text = f'#pragma once\n#include "{header}"\n'
+        tools.write_files(directory, {f"{ROOTS[0]}/all.h": text})
     for path in tree.texts:
         tools.make_header(directory, path)
+    return headers
+
+
+def check(tools, directory, rng, tree):
+    """Runs idlgen-header on all files. Returns its messages, what is wrong, and what it said."""
+    order = rng.sample(sorted(tree.texts), len(tree.texts))
+    told = run(directory, tools.checker, "--check", *FLAGS, *order)
+    said = told.stderr.decode(errors="replace")
+    messages, wrong = read_messages(said, tree.texts)
+    if told.returncode != any(message.severity == "error" for message in messages) or told.stdout:
+        wrong.append(f"status {told.returncode}, or standard output")
+    return messages, wrong, said
+
+
+def try_tree(with_check, tools, directory, rng, kind):
+    """Makes a tree of a kind and checks it. Returns the report of disagreements, and exactness."""
+    tree = TreeMaker(rng, kind).make()
+    headers = make_headers(tools, directory, tree)
     # Of a tree with a mistake, the files that do not see it need no compiler.
-    wanted = [path for name, path in tree.paths.items()
-              if not kind.files or not name.startswith("valid")]
-    rejected = {path: tools.compile(directory, headers[path], *FLAGS) for path in wanted}
-    wrong, said = judge_compilers(kind, tree, rejected), ""
+    rejected = {path: tools.compile(directory, headers[path], *FLAGS)
+                for name, path in tree.paths.items()
+                if not kind.files or not name.startswith("valid")}
+    wrong, messages, said = judge_compilers(kind, tree, rejected), [], ""
     if with_check:
-        order = rng.sample(sorted(tree.texts), len(tree.texts))
-        told = run(directory, tools.checker, "--check", *FLAGS, *order)
-        said = told.stderr.decode(errors="replace")
-        messages, faults = read_messages(said, tree.texts)
+        messages, faults, said = check(tools, directory, rng, tree)
         wrong += faults + judge_messages(kind, tree, messages)
         wrong += judge_agreement(kind, tree, rejected, messages)
-        if told.returncode != any(message.severity == "error" for message in messages):
-            wrong.append(f"status {told.returncode}")
-    shutil.rmtree(directory)
-    report = [f"==== {directory.name} {kind.name}: " + "; ".join(wrong)]
+    report = ["; ".join(wrong)]
     report += [f"-- {path} (mistakes: {tree.marks[path]})\n{text}"
                for path, text in tree.texts.items()]
     report += [f"---- {compiler}: {path}: {reason}" for path, reasons in rejected.items()
                for compiler, reason in reasons.items()]
     report.append(f"---- idlgen-header:\n{said}")
-    return "\n".join(report) if wrong else ""
+    is_exact = bool(messages) and messages[0].line in tree.marks[messages[0].path]
+    return "\n".join(report) if wrong else "", is_exact
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("build", type=pathlib.Path)
-    parser.add_argument("--count", type=int, default=300)
-    parser.add_argument("--seed", default="1")
-    parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--kind", default="")
-    parser.add_argument("--compilers-only", action="store_true")
-    options = parser.parse_args()
-    # A quarter of the trees is of the first kind, which is the valid one.
-    rows = [kind for kind in TREES if options.kind in kind.name]
-    rows = [rows[0 if i % 4 == 0 else (i - i // 4) % len(rows)] for i in range(options.count)]
-    count = collections.defaultdict(lambda: [0, 0])
-
-    with tempfile.TemporaryDirectory() as temporary, \
-            concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
-        tools = Tools(options.build, pathlib.Path(temporary))
-        places = [pathlib.Path(temporary) / str(i) for i in range(options.count)]
-        seeds = [random.Random(f"{options.seed}/{i}") for i in range(options.count)]
-        try_one = functools.partial(try_tree, tools, not options.compilers_only)
-        for kind, report in zip(rows, pool.map(try_one, places, seeds, rows)):
-            for name in kind.name, "all":
-                count[name] = [a + b for a, b in zip(count[name], (1, bool(report)))]
-            if report:
-                print(report, flush=True)
-
-    print(" trees  disagreements")
-    for kind in sorted(count, key=lambda kind: kind == "all"):
-        print("{:6} {:14}  ".format(*count[kind]) + kind)
-    return count["all"][1] > 0
+    options = parse_options(compilers_only="do not run idlgen-header")
+    return compare(options, TREES, functools.partial(try_tree, not options.compilers_only))
 
 
 if __name__ == "__main__":
