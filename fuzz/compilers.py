@@ -35,6 +35,10 @@ FORMS = {
 }
 
 
+LINES = {kinds.MEMBER_LINE: kinds.MEMBER, kinds.ITEM_LINE: kinds.ITEM,
+         kinds.STATEMENT_LINE: kinds.STATEMENT}
+
+
 def insert(rng, statements, place, texts):
     """Puts texts into a body or between the statements."""
     heads = {kinds.MEMBER: ("message", "service"), kinds.ITEM: ("enum",)}.get(place, ())
@@ -113,8 +117,11 @@ def make(rng, kind):
     if place in FORMS:
         place, form = rng.choice(FORMS[place])
         text = form.replace("W", text)
+    texts = [text] if isinstance(text, str) else text
+    if place in LINES:
+        place, texts = LINES[place], [f"\n{line}\n" for line in texts]
     if place in (kinds.MEMBER, kinds.ITEM, kinds.STATEMENT, kinds.END):
-        insert(rng, statements, place, [text] if isinstance(text, str) else text)
+        insert(rng, statements, place, texts)
     words = words_of(statements)
     if place in (kinds.DROP, kinds.DOUBLE):
         change_words(rng, words, place, text)

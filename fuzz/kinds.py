@@ -19,6 +19,8 @@ BELOW = "an error at the mark or below, since words are missing, and none accept
 # Where the texts stand: these are put into a random file.
 NAME, TYPE, VALUE = "a name", "a type", "a value"
 MEMBER, ITEM, STATEMENT = "members", "items", "statements"
+# The same on a line of its own: the words are out of step, and the next line is right again.
+MEMBER_LINE, ITEM_LINE, STATEMENT_LINE = "a line of members", "a line of items", "a statement's line"
 END = "the last statement"
 # These change a file. The text is the word that is concerned.
 DROP, DOUBLE, CHANGE = "drop a word", "double a word", "change the text"
@@ -130,7 +132,7 @@ KINDS = [
     Kind("unknown name in a template", ERROR, TYPE, ALONE, words(
         "vector<int8> List<string> sequence<float64> map<string,int32> std.vector<uint8>"
         " std.vector<Missing> [std.vector<float64>]")),
-    Kind("several words for a type", ERROR, MEMBER, ANY, [
+    Kind("several words for a type", ERROR, MEMBER_LINE, ANY, [
         "x: @[ int8 @]", "x: @[int8 @]", "x: @[ int8]", "@count: unsigned @long", "@id: long @long",
         "@x: map<string, @int32>", "@x: int8 @[3]", "@optional @speed: @float32",
         "@repeated @stops: @int8 @optional @x: @int8"]),
@@ -272,15 +274,15 @@ KINDS = [
          "enum E { A: SIZE_MAX B: PTRDIFF_MIN C: UINTPTR_MAX D: INT_FAST8_MAX }")]),
     Kind("macro of a limit, without an integer", WARNING, STATEMENT, NOTHING, [
         "enum E { A: @UINT32_MAX }", ("message P { x: string }", "enum E { A: @INT8_C(3) }")]),
-    Kind("spaces in a value", ERROR, ITEM, ANY, ["A: 1 @<< 2", "A: 1 @| 2", "A: 1 @+: @B"]),
-    Kind("equals sign", ERROR, ITEM, ANY, [
+    Kind("spaces in a value", ERROR, ITEM_LINE, ANY, ["A: 1 @<< 2", "A: 1 @| 2", "A: 1 @+: @B"]),
+    Kind("equals sign", ERROR, ITEM_LINE, ANY, [
         "@A @= @1 @B @= @2", "@A=1 @B=2", "A: @=1", "@A=: 1", "@A=1", "@A= @1"]),
-    Kind("comma or semicolon", ERROR, ITEM, ANY, [
+    Kind("comma or semicolon", ERROR, ITEM_LINE, ANY, [
         "A: @1, B: 2", "A: @1; B: @2;", "A:@0,B:@1", "@A, @B"]),
-    Kind("equals sign in a member", ERROR, MEMBER, ANY, [
+    Kind("equals sign in a member", ERROR, MEMBER_LINE, ANY, [
         "@x @= @int8", "@x=int8", "@x @= @int8 @y @= @int8", "x: int8 @= @3", '@x: @string @= @"a"',
         "name: string @[default @= @3]"]),
-    Kind("comma or semicolon in a member", ERROR, MEMBER, ANY, [
+    Kind("comma or semicolon in a member", ERROR, MEMBER_LINE, ANY, [
         "x: @int8, y: int8", "x: @int8; y: @int8;", "x: @string, y: @int8;", "x: @int8,y: @string",
         "x:@int8;y:@int8", "@x, @y: @int8"]),
 
@@ -291,8 +293,8 @@ KINDS = [
     Kind("odd include", FORM, STATEMENT, ANY, [
         '\ninclude @"b.h"/*.idl"\n', 'include @"a\\b.idl"', 'include @"a"b.idl"',
         'include @"a\tb.idl"', 'include @"a.idl\r"', 'include @".idl"']),
-    Kind("include with more words", ERROR, STATEMENT, ANY, [
-        'include @"my @file.idl"', '\ninclude "a/b.idl" @// note\n', 'include "a.idl" @"b.idl"',
+    Kind("include with more words", ERROR, STATEMENT_LINE, ANY, [
+        'include @"my @file.idl"', 'include "a/b.idl" @// note', 'include "a.idl" @"b.idl"',
         'include "a.idl" @;']),
     Kind("path with other characters", UNSEEN, STATEMENT, ANY, ['include "a\u3000b.idl"']),
     Kind("namespace with odd dots", WARNING, STATEMENT, PLAIN, [
@@ -303,24 +305,24 @@ KINDS = [
         "namespace @a/b", 'namespace @"a"', "namespace @a.b;c", "namespace @r.na°"]),
     Kind("control character in a namespace", FORM, STATEMENT, PLAIN, [
         "namespace @a\t", "namespace @a.b\r", "namespace @a\u3000b", "namespace @\u1680a.b"]),
-    Kind("namespace with more words", ERROR, STATEMENT, PLAIN, [
+    Kind("namespace with more words", ERROR, STATEMENT_LINE, PLAIN, [
         "namespace @a::@b", "namespace a.b @{", "namespace a.b @;", "namespace a @b",
         "namespace @a @= @b"]),
-    Kind("second namespace", ERROR, STATEMENT, PLAIN, [
+    Kind("second namespace", ERROR, STATEMENT_LINE, PLAIN, [
         ("namespace a", "@namespace @a"), ("namespace a.b", "@namespace @c")]),
 
     # Statements.
-    Kind("unknown statement", ERROR, STATEMENT, ANY, [
+    Kind("unknown statement", ERROR, STATEMENT_LINE, ANY, [
         "@struct P { x: int8 }", "@Message P { }", "@mesage P { }", "@};", "@}",
         '@syntax = "proto3"', "@package a", "@\tmessage P { }",
         "@message\tP { }", '@import "a.idl"', "@; message P { }",
         "@\xa0message P { }", "@/* note */", "@option x: int8", "@const MAX: int32 = 10"]),
-    Kind("statement below a namespace", ERROR, STATEMENT, PLAIN, [
-        "namespace robot\n@const MAX: int32 = 10\n", "namespace robot\n@option x = y\n"]),
-    Kind("text after a name", ERROR, STATEMENT, ANY, [
+    Kind("statement below a namespace", ERROR, STATEMENT_LINE, PLAIN, [
+        ("namespace robot", "@const MAX: int32 = 10"), ("namespace robot", "@option x = y")]),
+    Kind("text after a name", ERROR, STATEMENT_LINE, ANY, [
         "message P : @Base { }", "message P @extends Q { }", "enum E : @int8 { A: 1 }",
         "message P @(x: int8)", "enum @class @E { A: 1 }", "message P @x: int8 }"]),
-    Kind("parts of a service", ERROR, STATEMENT, ANY, [
+    Kind("parts of a service", ERROR, STATEMENT_LINE, ANY, [
         "service S { @response { } request { } }", "service S { @}", "service S { request { } @}",
         "service S { request { } response { } @request { } }",
         "service S { request: @P response: Q }", "service S { @x: int8 }",
@@ -348,7 +350,7 @@ KINDS = [
     Kind("cut statement", BELOW, END, ANY, [
         "@message", "@message P", "@message P {", "@include", "@enum E { A", "@message P { x:",
         "service S { request { @}", "service S { request { } response { @}"]),
-    Kind("two colons", FORM, MEMBER, ALONE, ["@p: @a::B @q: @a::B", "@p: @[a::B]"]),
+    Kind("two colons", FORM, MEMBER_LINE, ALONE, ["@p: @a::B @q: @a::B", "@p: @[a::B]"]),
     Kind("two colons once", BELOW, STATEMENT, ANY, [
         "message P { @p: a::B }", "message P { x: int8 @y: .a::B }"]),
 
