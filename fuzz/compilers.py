@@ -146,7 +146,8 @@ def judge_messages(expected, marks, messages):
     """Returns how the messages differ from what the kind expects."""
     severities = {message.severity for message in messages}
     allowed = {kinds.VALID: [set()], kinds.UNSEEN: [set()], kinds.WARNING: [{"warning"}],
-               kinds.COPIED: [set(), {"warning"}]}
+               kinds.COPIED: [set(), {"warning"}],
+               kinds.TOLD: [{"error"}, {"warning"}, {"error", "warning"}]}
     wrong = []
     if severities not in allowed.get(expected, [{"error"}, {"error", "warning"}]):
         wrong.append(f"severity: {severities or 'none'}, expected: {expected}")

@@ -12,6 +12,7 @@ VALID = "nothing is said, and both accept"
 UNSEEN = "nothing is said, but other files or the value decide"
 COPIED = "no error, and both accept"
 WARNING = "a warning"
+TOLD = "an error or a warning"
 ERROR = "an error, and none accepts"
 FORM = "an error, since a word is not what its place means"
 BELOW = "an error at the mark or below, since words are missing, and none accepts"
@@ -127,7 +128,7 @@ KINDS = [
     Kind("C++20 type", WARNING, TYPE, ANY, words("char8_t [char8_t]")),
     Kind("template as a type", WARNING, TYPE, ANY, words(
         "std.vector<int> [std.vector<int>] std.map<int,std.string> std.array<int,3>")),
-    Kind("template as a type, with includes", WARNING, TYPE, INCLUDES, words(
+    Kind("template as a type, with includes", TOLD, TYPE, INCLUDES, words(
         "vector<int8> List<string> sequence<float64> map<string,int32> [Foo<Missing>]")),
     Kind("unknown name in a template", ERROR, TYPE, ALONE, words(
         "vector<int8> List<string> sequence<float64> map<string,int32> std.vector<uint8>"
