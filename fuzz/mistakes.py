@@ -200,7 +200,7 @@ def main():
     parser.add_argument("--show", type=int, default=0)
     options = parser.parse_args()
     program = options.build.resolve() / "idlgen/idlgen-header"
-    numbers = [*WANTED] * 6 + [BRACE, BRACE, 0]
+    numbers = [*WANTED] * 4 + [BRACE] * 4 + [0]
     tasks = [(f"{options.seed}/{i}", numbers[i % len(numbers)]) for i in range(options.count)]
 
     figures = {count: Figures() for count in [*WANTED, BRACE, 0]}
