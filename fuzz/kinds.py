@@ -1,0 +1,376 @@
+"""The kinds of files that compilers.py makes: valid ones, and ones with a mistake."""
+import collections
+import re
+
+# In the texts, "@" is before each word that an error or warning may be about. A text that begins
+# and ends with a line feed is a line of its own, and stays one. A tuple has several statements,
+# between which others may stand.
+Kind = collections.namedtuple("Kind", "name expected place files texts")
+
+# What is expected of idlgen-header, and of both compilers:
+VALID = "nothing is said, and both accept"
+UNSEEN = "nothing is said, but other files or the value decide"
+COPIED = "no error, and both accept"
+WARNING = "a warning"
+TOLD = "an error or a warning"
+ERROR = "an error, and none accepts"
+FORM = "an error, since a word is not what its place means"
+BELOW = "an error at the mark or below, since words are missing, and none accepts"
+
+# Where the texts stand: these are put into a random file.
+NAME, TYPE, VALUE = "a name", "a type", "a value"
+MEMBER, ITEM, STATEMENT = "members", "items", "statements"
+# The same on a line of its own: the words are out of step, and the next line is right again.
+MEMBER_LINE, ITEM_LINE, STATEMENT_LINE = "a line of members", "a line of items", "a statement's line"
+END = "the last statement"
+# These change a file. The text is the word that is concerned.
+DROP, DOUBLE, CHANGE = "drop a word", "double a word", "change the text"
+
+# What else the files have:
+ANY = "perhaps includes, perhaps a namespace"
+ALONE = "no includes"
+INCLUDES = "includes"
+PLAIN = "neither includes nor a namespace"
+NOTHING = "nothing"
+
+
+def words(text):
+    return re.split("[ \n]+", text.strip("\n "))
+
+
+# geometry.idl, with geometry.Point, exists beside each file.
+KINDS = [
+    Kind("valid", VALID, STATEMENT, ANY, [""]),
+
+    # Names.
+    Kind("keyword as a name", ERROR, NAME, ANY, words(
+        "class new xor not_eq asm this operator template true int nullptr")),
+    Kind("C++20 keyword as a name", WARNING, NAME, ANY, words(
+        "concept requires co_await char8_t consteval constinit")),
+    Kind("reserved name", WARNING, NAME, ANY, words(
+        "__x _X __int128 __func__ _Pragma __init__")),
+    Kind("character in a name", FORM, NAME, ANY, words(
+        r"""a-b 1st 7 x! x? a+b x` a-b-c a/b "x" x% °C x— “x” ‘x’ x½ x‐y x… x§ x[3] x[] \u00e9 x=3
+        (x) x/**/ *x &x x, x} x; x() x/**/y x\ x.y""")),
+    Kind("invisible character in a name", FORM, NAME, ANY, words(
+        "x\xa0y x\u200by x\u200d x\u2060 x² x\u3000y \u3000x x\u1680y x\u180ey"
+        " \tx x\t x\r \t x\x01 \x7fx x\x0cy x\tint8")),
+    Kind("other characters", UNSEEN, NAME, ANY, words("x× x₁ x🙂 x→")),
+    Kind("unusual name", VALID, NAME, ANY, words(
+        "a$b é e\u0301t µm Ωx ªx ºx a·b 路径 final override import module")),
+    Kind("built-in type as a name", VALID, MEMBER, ANY, [
+        "int8: string", "string: [int8]", "int8: int8", "string: string",
+        "float64: [uint8] b: int8"]),
+    Kind("type before the name", ERROR, MEMBER, ALONE, [
+        "@int8 @x", "@string @x", "@float64 @x y: int8", "@int8 @x @string @y"]),
+    Kind("type before the name, with includes", WARNING, MEMBER, INCLUDES, ["@int8 @x"]),
+    Kind("two members of a name", ERROR, MEMBER, ANY, [
+        "x: int8 @x: int16", "x: [string] y: int8 @x: [string]"]),
+    Kind("contextual name", VALID, MEMBER, ANY, [
+        "std: int8 x: string", "zentho: [string] serialize: string", "deserialize: int8",
+        "data: int8 buffer: [int8]", "request: int8 response: string", "message: int8"]),
+    Kind("two items of a name", ERROR, ITEM, ANY, ["A: 1 @A: 2", "A: 1 B: 2 @A: 1"]),
+    Kind("item of two enums", ERROR, STATEMENT, ANY, [
+        ("enum E { A: 1 }", "enum F { B: 1 @A: 1 }")]),
+    Kind("two types of a name", ERROR, STATEMENT, ANY, [
+        ("message P { }", "message @P { x: int8 }"),
+        ("enum P { A: 1 }", "message @P { }"),
+        ("message P { }", "enum @P { A: 1 }"),
+        ("enum P { }", "enum @P { }"),
+        ("message P { }", "service @P { request { } response { } }"),
+        ("service P { request { } response { } }", "enum @P { A: 1 }"),
+        ("service P { request { } response { } }", "service @P { request { } response { } }")]),
+    Kind("item and message", ERROR, STATEMENT, ANY, [
+        ("enum E { P: 0 }", "message @P { }"), ("message P { }", "enum E { A: 1 @P: 0 }")]),
+    Kind("item named as an enum", VALID, STATEMENT, ANY, [
+        "enum E { E: 0 }", ("enum F { A: 1 }", "enum E { F: 0 }")]),
+    Kind("item named as a service", VALID, STATEMENT, ANY, [
+        ("enum E { S: 0 }", "service S { request { } response { } }",
+         "service T { request { x: S.Request } response { } }")]),
+    Kind("service Request", ERROR, STATEMENT, ANY, [
+        "service @Request { request { } response { } }",
+        "service @Response { request { x: int8 } response { y: string } }"]),
+    Kind("contextual name of a type", VALID, STATEMENT, ANY, [
+        "message main { main: int8 }", "message message { }", "message response { }",
+        "service request { request { request: int8 } response { } }",
+        "service response { request { } response { response: int8 } }",
+        "message service { message: int8 }"]),
+    Kind("type named std", WARNING, STATEMENT, PLAIN, [
+        ("namespace r.nav", "message @std { }"), "namespace @r.std",
+        ("namespace r", "enum @std { }"),
+        ("namespace r", "service @std { request { } response { } }")]),
+    Kind("global std or zentho", ERROR, STATEMENT, PLAIN, [
+        "message @std { }", "message @zentho { x: int8 }", "enum E { @std: 0 }",
+        "enum E { @zentho: 0 }", "enum @zentho { A: 1 }"]),
+
+    # Types.
+    Kind("misspelt type", ERROR, TYPE, ALONE, words(
+        "Strng in8 int9 String Int8 flaot64 [Strng] [[Int]] vec3 boolean")),
+    Kind("unknown type, with includes", UNSEEN, TYPE, INCLUDES, words("Strng [Missing] a.Missing")),
+    Kind("unknown type with dots", ERROR, TYPE, ALONE, words(
+        "other.Missing [nav.Missing] Missing.Request")),
+    Kind("unknown type after a dot", UNSEEN, TYPE, ANY, words(
+        ".Missing std.Missing [zentho.Missing] .a.Missing")),
+    Kind("unknown type twice", ERROR, MEMBER, ALONE, ["a: @Missing Missing: int8"]),
+    Kind("fundamental type", VALID, TYPE, ANY, words(
+        """bool char short int long float double wchar_t char16_t char32_t signed unsigned size_t
+        [bool] int8_t uint64_t [int16_t] std.size_t std.string [[std.int8_t]]""")),
+    Kind("keyword as a type", ERROR, TYPE, ANY, words(
+        "void auto class [] [void] [auto] enum template operator")),
+    Kind("character in a type", ERROR, TYPE, ANY, words(
+        """int8; int8, int8} int8? "int8" 'int8' a-b string;y int8\xa0 “int8” [int8]; [int8,3]
+        [int8]] int8]] int8[] int8[3] float64[36] uint8[] [int8 [[int8] [int8]x x[int8] [ int8. ..
+        . a..b a/b \tint8 int8\t int8\r [string]\r [\tint8] \x01int8""")),
+    Kind("odd type", FORM, TYPE, ANY, words(
+        r"""int* int& decltype(1) typename.N struct.N x[int8]] int8_t* (int) int/**/ const.int8
+        int&& float[3] int\ std.enable_if_t<sizeof(int)==4,int>""") + [
+            "int\r", "\tint", "std.uint8_t\u3000static", "int\u1680static", "int\u180e"]),
+    Kind("C++20 type", WARNING, TYPE, ANY, words("char8_t [char8_t]")),
+    Kind("template as a type", WARNING, TYPE, ANY, words(
+        "std.vector<int> [std.vector<int>] std.map<int,std.string> std.array<int,3>")),
+    Kind("template as a type, with includes", TOLD, TYPE, INCLUDES, words(
+        "vector<int8> List<string> sequence<float64> map<string,int32> [Foo<Missing>]")),
+    Kind("unknown name in a template", ERROR, TYPE, ALONE, words(
+        "vector<int8> List<string> sequence<float64> map<string,int32> std.vector<uint8>"
+        " std.vector<Missing> [std.vector<float64>]")),
+    Kind("several words for a type", ERROR, MEMBER_LINE, ANY, [
+        "x: @[ int8 @]", "x: @[int8 @]", "x: @[ int8]", "@count: unsigned @long", "@id: long @long",
+        "@x: map<string, @int32>", "@x: int8 @[3]", "@optional @speed: @float32",
+        "@repeated @stops: @int8 @optional @x: @int8"]),
+    Kind("message within itself", ERROR, STATEMENT, ANY, [
+        "message P { x: @P }", "message P { y: int8 x: @P }"]),
+    Kind("part of a service within itself", ERROR, STATEMENT, ANY, [
+        "service S { request { x: @S } response { } }",
+        "service S { request { x: @Request } response { } }",
+        "service S { request { } response { x: @Response } }",
+        ("message Request { }", "service S { request { x: @Request } response { } }"),
+        ("message Response { }", "service S { request { } response { x: @Response } }")]),
+    Kind("recursion through a vector", VALID, STATEMENT, ANY, [
+        "message P { x: [P] }", "message P { P: [P] }", "message P { P: int8 }",
+        ("message Response { }", "service S { request { x: Response } response { } }"),
+        "service S { request { x: [Request] } response { y: Request z: [Response] } }",
+        "service S { request { } response { x: S.Request y: S.S.Request } }"]),
+    Kind("message used before it", ERROR, STATEMENT, ALONE, [
+        ("message Q { x: @P }", "message P { }"),
+        ("message Q { x: int8 y: [@P] }", "message P { x: int8 }"),
+        ("message Q { x: [@P] }", "message P { x: [@Q] }"),
+        ("message Q { x: @P }", "message P { x: @R }", "message R { x: @Q }"),
+        "service S { request { x: @[Response] } response { } }"]),
+    Kind("message before it, with includes", WARNING, STATEMENT, INCLUDES, [
+        ("message Q { x: @P }", "message P { }"),
+        ("message Q { x: [[@P]] y: int8 }", "message P { x: int8 }")]),
+    Kind("enum used before it", VALID, STATEMENT, ANY, [
+        ("message P { x: E y: [E] }", "enum E { A: 1 }")]),
+    Kind("service as a type", WARNING, STATEMENT, ANY, [
+        ("service S { request { } response { } }",
+         "service T { request { x: @S } response { } }")]),
+    Kind("service in a message", ERROR, STATEMENT, ALONE, [
+        ("message P { x: int8 y: @S }", "service S { request { } response { } }"),
+        ("service S { request { } response { } }", "message P { x: @S.Request }"),
+        ("service T { request { x: @S.Request } response { } }",
+         "service S { request { } response { } }")]),
+    Kind("no type", ERROR, STATEMENT, ALONE, [
+        ("enum E { A: 1 }", "message P { x: @A }"),
+        ("enum E { A: 1 }", "message P { x: @E.A }"),
+        ("message P { y: int8 }", "message Q { x: [@P.y] }"),
+        "message P { x: int8 y: @x }",
+        ("message P { x: @Q.Request }", "message Q { }"),
+        ("service S { request { } response { } }",
+         "service T { request { x: @S.request } response { } }")]),
+    Kind("type hidden by an item", ERROR, STATEMENT, ANY, [
+        ("enum E { E: 0 }", "message P { x: @E }"),
+        ("enum E { F: 0 }", "enum F { A: 1 }", "message P { x: [@F] }")]),
+    Kind("member hides a type", ERROR, STATEMENT, ANY, [
+        ("message P { }", "message Q { P: int8 q: @P }"),
+        ("enum P { A: 1 }", "service S { request { P: int8 q: [@P] } response { } }")]),
+    Kind("service hides a type", ERROR, STATEMENT, ANY, [
+        ("message request { }", "service S { request { } response { x: @request } }"),
+        ("enum request { A: 1 }", "service S { request { } response { x: @[request] } }")]),
+    Kind("service hides short names only", VALID, STATEMENT, ANY, [
+        ("message request { }", "service S { request { x: request } response { } }"),
+        ("message response { }", "service S { request { } response { x: response } }")]),
+    Kind("service hides unqualified names only", VALID, STATEMENT, PLAIN, [
+        ("namespace n", "message request { }",
+         "service S { request { } response { x: n.request } }")]),
+    Kind("member changes a meaning", WARNING, STATEMENT, ANY, [
+        ("message P { }", "message Q { @q: @P @P: int8 }"),
+        ("message P { }", "message Q { @P: @P }"),
+        ("enum P { A: 1 }", "message Q { x: int8 @P: @[P] }"),
+        ("message Q { x: @P @P: int8 }", "enum P { A: 1 }"),
+        "service S { request { } response { @Request: @Request } }",
+        ("service S { request { } response { } }",
+         "service T { request { @S: @S.Request } response { } }"),
+        ("service S { request { } response { } }",
+         "service T { request { x: @S.Request @S: int8 } response { } }"),
+        "service S { request { } response { x: @S.Request @S: int8 } }"]),
+    Kind("member hides short names only", VALID, STATEMENT, PLAIN, [
+        ("namespace r.nav", "message P { }", "message Q { P: r.nav.P }"),
+        ("namespace r.nav", "message P { }",
+         "message Q { P: int8 q: nav.P nav: nav.P r: r.nav.P }"),
+        "service S { request { } response { S: int8 } }"]),
+    Kind("first component found too early", ERROR, STATEMENT, PLAIN, [
+        ("namespace a.b.a", "message P { }", "message Q { x: @a.b.a.P }"),
+        ("namespace r.r", "message P { }", "message Q { x: [@r.r.P] }"),
+        ("namespace r.nav", "message r { }", "message Q { x: @r.nav.r }"),
+        ("namespace r.nav", "message nav { }", "message Q { x: @nav.nav }")]),
+    Kind("type of another file before a type", VALID, STATEMENT, PLAIN, [
+        ('\ninclude "geometry.idl"\n', "namespace r", "message P { x: geometry.Point }",
+         "message geometry { }"),
+        ('\ninclude "geometry.idl"\n', "namespace r", "message P { x: [geometry.Point] }",
+         "service geometry { request { } response { } }")]),
+    Kind("type of another file before a type, without a namespace", WARNING, STATEMENT, PLAIN, [
+        ('\ninclude "geometry.idl"\n', "message P { x: @geometry.Point }", "message geometry { }")]),
+    Kind("message used before it by a path", ERROR, STATEMENT, PLAIN, [
+        ("namespace r.nav", "message Q { x: @nav.P }", "message P { }"),
+        ("namespace r.nav", "message P { x: @r.nav.P }")]),
+    Kind("repeated component", VALID, STATEMENT, PLAIN, [
+        ("namespace a.b.a", "message P { }", "message Q { x: a.P y: b.a.P z: .a.b.a.P w: [P] }")]),
+    Kind("namespace below zentho", UNSEEN, STATEMENT, PLAIN, [
+        ("namespace zentho.nav", "message P { x: Any }")]),
+    Kind("namespace of the framework", ERROR, STATEMENT, PLAIN, [
+        ("namespace @BytesBuffer.nav", "message P { x: int8 }"), ("namespace @BytesBuffer",
+         "service S { request { } response { } }"),
+        ("namespace @zentho.BytesBuffer", "message P { x: int8 }")]),
+
+    # Values.
+    Kind("no value", ERROR, VALUE, ANY, words(
+        """08 0x 1.5 = "a" nullptr 0b2 1_000 10k 12abc 0x1G 'a '' 1} (1 1) - 1+ + 1''0 1' 1e3 1. .5
+        0x1p3 1<< 1; 1, 1,2 ; , 1i 1lL ‘a’ )1( 1lul 1uu 0x1e+1 true(1) (int) sizeof() (float)1
+        float(1) static_cast<int>1 sizeof<1 int8_t+1 u8'ab' u'ab' U'ab' L'\\u1' 'a'or(1) 1?2 --1
+        ++1 size_t int Mode.IDLE E.A (E::A)""")),
+    Kind("character in a value", FORM, VALUE, ANY, words(
+        "1\xa0 \u200b1 1\t \t1 1\r 1\x0c 1\x01 1\u3000 \u16801 1\u180e a.B\r")),
+    Kind("odd value", FORM, VALUE, ANY, words(
+        r"1,D=7 0};inline/**/int/**/x=7;enum/**/G<%D=1 1/**/ 1\ 1,D 1<%2")),
+    Kind("no value of an item", ERROR, ITEM, ANY, [
+        "A: 1 B: @(A)1", "A: 1 B: @A(1)", "A: 1 B: @A++", "A: 1 B: @&A", "A: 1 B: @*A",
+        "A: 1 B: @A?A", "A: @sizeof(int", "A: 1 B: @A=1"]),
+    Kind("no value of a type", ERROR, STATEMENT, ANY, [
+        ("message P { }", "enum E { A: @sizeof(P) }"), "enum E { A: @sizeof(E) }",
+        "enum E { A: @E(0) }", "enum E { A: @(E)1 }", ("enum E { A: @(F)1 }", "enum F { B: 1 }")]),
+    Kind("name of no item", WARNING, VALUE, ALONE, words(
+        "MISSING A|MISSING (MISSING) MISSING+1 x")),
+    Kind("name of no item, with includes", UNSEEN, VALUE, INCLUDES, words("MISSING (MISSING|1)")),
+    Kind("items without values", WARNING, ITEM, ALONE, ["A: @B", "A: @B C: @D"]),
+    Kind("later item as a value", WARNING, ITEM, ALONE, [
+        "A: @B B: 1", "A: @A", "A: @B+B+B B: 1"]),
+    Kind("value over 64 bits", WARNING, VALUE, ANY, words(
+        "18446744073709551616 0x10000000000000000 -18446744073709551617")),
+    Kind("value out of range", UNSEEN, VALUE, ANY, words(
+        "1<<64 1<<-1 2147483647+1 1/0 1<<40 1<<32 0x7FFFFFFF+1 -1<<1")),
+    Kind("cast or size", VALID, STATEMENT, ANY, [
+        "enum E { A: (int)1 B: int(3) C: (unsigned)-1 D: sizeof(int) F: (A)-1 G: (A)+1 }",
+        "enum E { A: bool(1) B: (char)65 C: (size_t)1 D: sizeof(int8_t) F: unsigned(7) }",
+        ("enum E { A: 1 }", "enum F { B: (E)1 C: E(0) D: sizeof(E) G: (A)&1 H: (A)*2 I: (E)-1 }"),
+        "enum E { A: not(1) B: compl(0) C: !(1) D: ((A)) F: A<B G: A==1 H: A!=B }"]),
+    Kind("rare C++ as a value", COPIED, VALUE, ANY, words(
+        "'??' '?' '++' sizeof+1 static_cast<int>(1) alignof(int) noexcept(1) (1,2) L'é' u'é'")),
+    Kind("rare C++ as a value, perhaps not accepted", WARNING, VALUE, ALONE, words(
+        "f(1) max<int>(1,2)")),
+    Kind("character of some compilers", WARNING, VALUE, ANY, words(r"'\400' '\xffff' L'ab' 'é'")),
+    Kind("macro of a limit", VALID, STATEMENT, ANY, [
+        ("message P { x: int8 }", "enum E { A: UINT32_MAX B: INT8_MIN C: INT_LEAST16_MAX }"),
+        ("message P { x: [uint8] }", "enum E { A: INT8_C(3) B: UINT64_C(0x10) C: INTMAX_C(1) }"),
+        ("message P { x: int64 }",
+         "enum E { A: SIZE_MAX B: PTRDIFF_MIN C: UINTPTR_MAX D: INT_FAST8_MAX }")]),
+    Kind("macro of a limit, without an integer", WARNING, STATEMENT, NOTHING, [
+        "enum E { A: @UINT32_MAX }", ("message P { x: string }", "enum E { A: @INT8_C(3) }")]),
+    Kind("spaces in a value", ERROR, ITEM_LINE, ANY, ["A: 1 @<< 2", "A: 1 @| 2", "A: 1 @+: @B"]),
+    Kind("equals sign", ERROR, ITEM_LINE, ANY, [
+        "@A @= @1 @B @= @2", "@A=1 @B=2", "A: @=1", "@A=: 1", "@A=1", "@A= @1"]),
+    Kind("comma or semicolon", ERROR, ITEM_LINE, ANY, [
+        "A: @1, B: 2", "A: @1; B: @2;", "A:@0,B:@1", "@A, @B"]),
+    Kind("equals sign in a member", ERROR, MEMBER_LINE, ANY, [
+        "@x @= @int8", "@x=int8", "@x @= @int8 @y @= @int8", "x: int8 @= @3", '@x: @string @= @"a"',
+        "name: string @[default @= @3]"]),
+    Kind("comma or semicolon in a member", ERROR, MEMBER_LINE, ANY, [
+        "x: @int8, y: int8", "x: @int8; y: @int8;", "x: @string, y: @int8;", "x: @int8,y: @string",
+        "x:@int8;y:@int8", "@x, @y: @int8"]),
+
+    # Includes and namespaces.
+    Kind("include of another file", WARNING, STATEMENT, ANY, [
+        "\ninclude @base.idl\n", "include @'b.idl'", 'include @"b.idl', 'include @"base"',
+        '\ninclude @"a//b.idl"\n', '\ninclude @"a#b.idl"\n', 'include @"v1.2/robot"']),
+    Kind("odd include", FORM, STATEMENT, ANY, [
+        '\ninclude @"b.h"/*.idl"\n', 'include @"a\\b.idl"', 'include @"a"b.idl"',
+        'include @"a\tb.idl"', 'include @"a.idl\r"', 'include @".idl"']),
+    Kind("include with more words", ERROR, STATEMENT_LINE, ANY, [
+        'include @"my @file.idl"', 'include "a/b.idl" @// note', 'include "a.idl" @"b.idl"',
+        'include "a.idl" @;']),
+    Kind("path with other characters", UNSEEN, STATEMENT, ANY, ['include "a\u3000b.idl"']),
+    Kind("namespace with odd dots", WARNING, STATEMENT, PLAIN, [
+        "namespace @a..b", "namespace @a.", "namespace @."]),
+    Kind("dot before a namespace", VALID, STATEMENT, PLAIN, ["namespace .a.b"]),
+    Kind("namespace that is no name", ERROR, STATEMENT, PLAIN, [
+        "namespace @a.b;", "namespace @a-b", "namespace @1.0", "namespace @a.int.b",
+        "namespace @a/b", 'namespace @"a"', "namespace @a.b;c", "namespace @r.na°"]),
+    Kind("control character in a namespace", FORM, STATEMENT, PLAIN, [
+        "namespace @a\t", "namespace @a.b\r", "namespace @a\u3000b", "namespace @\u1680a.b"]),
+    Kind("namespace with more words", ERROR, STATEMENT_LINE, PLAIN, [
+        "namespace @a::@b", "namespace a.b @{", "namespace a.b @;", "namespace a @b",
+        "namespace @a @= @b"]),
+    Kind("second namespace", ERROR, STATEMENT_LINE, PLAIN, [
+        ("namespace a", "@namespace @a"), ("namespace a.b", "@namespace @c")]),
+
+    # Statements.
+    Kind("unknown statement", ERROR, STATEMENT_LINE, ANY, [
+        "@struct P { x: int8 }", "@Message P { }", "@mesage P { }", "@};", "@}",
+        '@syntax = "proto3"', "@package a", "@\tmessage P { }",
+        "@message\tP { }", '@import "a.idl"', "@; message P { }",
+        "@\xa0message P { }", "@/* note */", "@option x: int8", "@const MAX: int32 = 10"]),
+    Kind("statement below a namespace", ERROR, STATEMENT_LINE, PLAIN, [
+        ("namespace robot", "@const MAX: int32 = 10"), ("namespace robot", "@option x = y")]),
+    Kind("text after a name", ERROR, STATEMENT_LINE, ANY, [
+        "message P : @Base { }", "message P @extends Q { }", "enum E : @int8 { A: 1 }",
+        "message P @(x: int8)", "enum @class @E { A: 1 }", "message P @x: int8 }"]),
+    Kind("parts of a service", ERROR, STATEMENT_LINE, ANY, [
+        "service S { @response { } request { } }", "service S { @}", "service S { request { } @}",
+        "service S { request { } response { } @request { } }",
+        "service S { request: @P response: Q }", "service S { @x: int8 }",
+        "service S @request { } response { }", "service S { request { } @reponse { } }",
+        "service S { @Request { } response { } }"]),
+    Kind("glued closing brace", BELOW, STATEMENT, ANY, [
+        "message P { x: @int8}", "message P { x: @int8}}", "enum E { A: @1}",
+        "message P { x: int8 @};", "service S { request { x: @int8} response { } }",
+        "service S { request { } response { @}}"]),
+    Kind("glued opening brace", BELOW, STATEMENT, ANY, [
+        "message @P{ x: int8 }", "message @P{\n x: int8 }", "enum @E{ A: 1 }",
+        "service @S{ request { } response { } }", "message P @{{ x: int8 }",
+        "service S { @request{ x: int8 } response { } }"]),
+    Kind("missing closing brace", BELOW, STATEMENT, ANY, [
+        "message P { x: @int8", "enum E { A: @1", "message P @{",
+        "service S { request { } response { @}", "service S { request { x: @int8 response { } }"]),
+    Kind("missing name", BELOW, STATEMENT, ANY, [
+        "@message { x: int8 }", "@enum { A: 1 }", "@service { }"]),
+    Kind("missing type", BELOW, STATEMENT, ANY, [
+        "message P { x: int8 @y: }", "message P { @x }", "message P { @x: y: int8 }"]),
+    Kind("missing value", BELOW, STATEMENT, ANY, [
+        "enum E { @A B C }", "enum E { @A: }", "enum E { @A: B: 1 }"]),
+    Kind("part with another name", BELOW, STATEMENT, ANY, [
+        "service S { request { } response { } @error { } }", "message P { @const @x: int8 }"]),
+    Kind("cut statement", BELOW, END, ANY, [
+        "@message", "@message P", "@message P {", "@include", "@enum E { A", "@message P { x:",
+        "service S { request { @}", "service S { request { } response { @}"]),
+    Kind("two colons", FORM, MEMBER_LINE, ALONE, ["@p: @a::B @q: @a::B", "@p: @[a::B]"]),
+    Kind("two colons once", BELOW, STATEMENT, ANY, [
+        "message P { @p: a::B }", "message P { x: int8 @y: .a::B }"]),
+
+    # Comments.
+    Kind("colons before a comment", VALID, MEMBER, ANY, [
+        "\nx: int8::# note\n", "\nx: int8::// note\n"]),
+    Kind("C comment", BELOW, MEMBER, ANY, [
+        "@/* note */ x: int8", "@/* a note */ x: int8", "x: int8 @/* a */", "@x: int8/* c */"]),
+    Kind("C comment in an enum", BELOW, ITEM, ANY, ["A: 1 @/* foo */", "@/* foo */ A: 1"]),
+    Kind("hash in a // comment", ERROR, MEMBER, ANY, ["\nx: int8 @// see #4\n"]),
+    Kind("hash before include", VALID, STATEMENT, ANY, ['\n#include "a.idl"\n']),
+    Kind("hash before include, and its type", ERROR, STATEMENT, ALONE, [
+        ('\n#include "geometry.idl"\n', "message P { x: @geometry.Point }")]),
+
+    # Changes of a whole file.
+    Kind("dropped brace", BELOW, DROP, ANY, ["}", "{"]),
+    Kind("dropped type or value", BELOW, DROP, ANY, ["type"]),
+    Kind("doubled brace", BELOW, DOUBLE, ANY, ["}", "{"]),
+    Kind("byte order mark", ERROR, CHANGE, ANY, ["bom"]),
+    Kind("carriage returns", FORM, CHANGE, ANY, ["crlf"]),
+    Kind("tab before a line", FORM, CHANGE, ANY, ["tab"]),
+]
