@@ -11,6 +11,7 @@
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -54,7 +55,8 @@ inline std::map<std::string, std::string> Files(const std::filesystem::path& dir
   std::map<std::string, std::string> files;
   if (!std::filesystem::exists(directory)) return files;
   for (const auto& file : std::filesystem::recursive_directory_iterator(directory)) {
-    if (!file.is_regular_file()) continue;
+    std::error_code error;  // A link may lead nowhere.
+    if (!file.is_regular_file(error)) continue;
     files[file.path().lexically_relative(directory)] = ReadAll(file.path());
   }
   return files;

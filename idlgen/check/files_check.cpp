@@ -83,11 +83,11 @@ class CycleSearch {
 
 }  // namespace
 
-void FilesCheck::add(const Words& words, const LeftOut& leftOut, bool isOpen,
+void FilesCheck::add(const Words& words, const LeftOut& leftOut, Openness fileOpenness,
                      std::vector<Inclusion> inclusions) {
   declarations.add(words, leftOut);
   includes.push_back(std::move(inclusions));
-  open.push_back(isOpen ? 1 : 0);
+  openness.push_back(fileOpenness);
 }
 
 void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& leftOut) {
@@ -121,8 +121,8 @@ void FilesCheck::lookFrom(std::size_t file) {
 /// Returns whether names may come from what has not been read.
 bool FilesCheck::seesOpenFile(std::size_t file) const {
   const std::vector<std::size_t>& others = sight.others();
-  return open[file] != 0 || std::any_of(others.begin(), others.end(),
-                                        [&](std::size_t other) { return open[other] != 0; });
+  const auto isNotClosed = [&](std::size_t other) { return openness[other] != Openness::Closed; };
+  return openness[file] == Openness::Open || std::any_of(others.begin(), others.end(), isNotClosed);
 }
 
 void FilesCheck::appendIncludeFindings(std::size_t file, std::vector<Finding>& findings) {
@@ -180,7 +180,8 @@ std::vector<Finding> CheckAlone(const Words& words, const LeftOut& leftOut) {
   FilesCheck check;
   const bool hasInclude =
       std::find(words.roles.begin(), words.roles.end(), Role::IncludePath) != words.roles.end();
-  check.add(words, leftOut, hasInclude);
+  using Openness = FilesCheck::Openness;
+  check.add(words, leftOut, hasInclude ? Openness::Open : Openness::Closed);
   return check.findings(0);
 }
 

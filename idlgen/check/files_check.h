@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <unordered_set>
 #include <vector>
 
@@ -22,10 +23,16 @@ class FilesCheck {
     std::size_t file;
   };
 
-  /// Adds a file, whose words must have been parsed. `isOpen` says whether names may come from what
-  /// has not been read: an include that leads to no file, or words that could not be read. Files
-  /// have the indexes 0, 1, ... in the order of the calls.
-  void add(const Words& words, const LeftOut& leftOut, bool isOpen,
+  /// Whether names may come from what has not been read.
+  enum class Openness : std::uint8_t {
+    Closed,
+    Faulty,  ///< To other files: words of this one could not be read.
+    Open     ///< Also to the file itself: it includes what is no file.
+  };
+
+  /// Adds a file, whose words must have been parsed. Files have the indexes 0, 1, ... in the order
+  /// of the calls.
+  void add(const Words& words, const LeftOut& leftOut, Openness openness,
            std::vector<Inclusion> inclusions = {});
 
   /// Replaces the words of a file.
@@ -51,7 +58,7 @@ class FilesCheck {
   Declarations declarations;
   Sight sight = Sight(declarations);
   std::vector<std::vector<Inclusion>> includes;
-  std::vector<char> open;           ///< Whether each file is open.
+  std::vector<Openness> openness;
   std::vector<std::size_t> cycles;  ///< For each file, a number that those of a cycle share.
   std::vector<Clash> clashes;
   bool areClashesKnown = false;

@@ -111,9 +111,9 @@ Found Lookup::findPath(const Path& path, const Scope& user) const {
     const std::size_t space = seenNamespace(namespaces[level], first);
     if (space != nothing) return findFrom(space, path, 1, user);
   }
-  // In a namespace of its own, the file may include another one of that name.
-  const bool isInGlobal = namespaces.size() == 1;
-  if (below == nothing || (mayBeElsewhere(first) && !isInGlobal)) return unknown;
+  if (below == nothing) return unknown;
+  // An included file may have a namespace of that name, but not the global one of this file.
+  if (mayBeElsewhere(first)) return namespaces.size() > 1 ? unknown : Found{Result::Below, below};
   const Found nested = findNested(below, path, 1, user);
   return nested.result == Result::Unknown ? unknown : Found{Result::Below, below};
 }

@@ -78,7 +78,7 @@ TypeWord Checker::checkTemplate(std::size_t i, std::string_view type) {
   if (!IsTemplate(type)) report(rules::notAType, i);
   for (const std::string_view name : TemplateNames(type)) {
     if (findings.size() > before) break;
-    if (FindBuiltinType(name) != nullptr) {
+    if (FindBuiltinType(name) != nullptr && !lookup.mayBeElsewhere(name)) {
       reportPart(rules::builtinInTemplate, i, name);
     } else if (!IsCppType(name) && FindKeyword(name) == Keyword::None &&
                declarations.item(file, name) == noWord &&

@@ -351,7 +351,7 @@ std::string AdviceFor(const Finding& finding, const LocatedWords& file) {
   return {};
 }
 
-std::string_view SimilarKeyword(std::string_view word) {
+std::string_view KeywordFor(std::string_view word) {
   constexpr std::array<std::string_view, 2> foreign[] = {
       {"import", "include"}, {"package", "namespace"}, {"module", "namespace"},
       {"struct", "message"}, {"class", "message"},     {"record", "message"},
@@ -359,6 +359,11 @@ std::string_view SimilarKeyword(std::string_view word) {
   for (const auto& [other, keyword] : foreign) {
     if (word == other) return keyword;
   }
+  return FindStatement(word) == Statement::None ? std::string_view() : word;
+}
+
+std::string_view SimilarKeyword(std::string_view word) {
+  if (const std::string_view keyword = KeywordFor(word); !keyword.empty()) return keyword;
   SimilarWord similar(word);
   for (const std::string_view keyword : statementKeywords) similar.compare(keyword);
   return similar.found();

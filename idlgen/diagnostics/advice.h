@@ -31,8 +31,11 @@ std::string FormAdvice(std::string_view word, Role role);
 /// Returns what follows the sentence of the finding, or nothing.
 std::string AdviceFor(const Finding& finding, const LocatedWords& file);
 
-/// Returns the keyword of a statement that a word of another language stands for, or one that is
-/// similar, or nothing.
+/// Returns the keyword of a statement that the word is or, in another language, stands for, or
+/// nothing.
+std::string_view KeywordFor(std::string_view word);
+
+/// The same, or a keyword that is similar.
 std::string_view SimilarKeyword(std::string_view word);
 
 /// Returns whether the word is a type of the language, or a fundamental one of C++.

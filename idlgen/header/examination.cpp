@@ -37,6 +37,10 @@ Examination::Examination(std::vector<const SourceFile*> sourceFiles, IncludePath
     const bool isFound =
         std::all_of(file.includes.begin(), file.includes.end(),
                     [](const Include& include) { return include.kind == Include::Kind::Found; });
+    using Openness = FilesCheck::Openness;
+    const Openness openness = !isFound   ? Openness::Open
+                              : hasFault ? Openness::Faulty
+                                         : Openness::Closed;
     const std::vector<std::size_t> paths = pathsRead(i);
     std::vector<FilesCheck::Inclusion> inclusions;
     for (std::size_t k = 0; k < paths.size(); ++k) {
@@ -44,7 +48,7 @@ Examination::Examination(std::vector<const SourceFile*> sourceFiles, IncludePath
       inclusions.push_back({paths[k], file.includes[k].file});
     }
     check.add(recovery == nullptr ? file.words : recovery->file.words,
-              recovery == nullptr ? nothingLeftOut : recovery->leftOut, hasFault || !isFound,
+              recovery == nullptr ? nothingLeftOut : recovery->leftOut, openness,
               std::move(inclusions));
   }
 }

@@ -44,7 +44,7 @@ class Fault {
   }
 
   [[nodiscard]] Fix afterPath() const;
-  [[nodiscard]] std::size_t laterDeclaration() const;
+  [[nodiscard]] std::vector<std::string> laterDeclaration() const;
   [[nodiscard]] std::string_view meantKeyword() const;
   [[nodiscard]] std::size_t endOfClosedList() const;
   [[nodiscard]] bool isClosed() const;
@@ -80,13 +80,18 @@ Fix Fault::afterPath() const {
   return fix;
 }
 
-/// Returns the index of a keyword further on in the line that begins a declaration, or `noWord`.
-std::size_t Fault::laterDeclaration() const {
-  for (std::size_t i = word + 1; i + 2 < file.size() && i < end; ++i) {
-    if (file.text(i) == "{") break;
-    if (IsDeclaration(FindStatement(file.text(i))) && file.text(i + 2) == "{") return i;
+/// Returns what a line is read as that declares something after other words, as in
+/// `public message P {` or `type P struct {`, or nothing.
+std::vector<std::string> Fault::laterDeclaration() const {
+  const std::size_t brace = OpeningBrace(file, word);
+  if (brace == noWord) return {};
+  for (std::size_t i = word + 1; i < brace; ++i) {
+    const std::string_view keyword = KeywordFor(file.text(i));
+    if (!IsDeclaration(FindStatement(keyword))) continue;
+    const std::size_t name = i + 1 < brace ? i + 1 : i - 1;
+    return {std::string(keyword), std::string(file.text(name))};
   }
-  return noWord;
+  return {};
 }
 
 /// Returns the keyword that the word stands for, if the rest of the line fits, or nothing.
@@ -123,8 +128,9 @@ Fix Fault::atStatement() const {
     return fix;
   }
   if (FindFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
-  if (laterDeclaration() != noWord) {
-    fix.replaced = {word, laterDeclaration()};
+  if (!laterDeclaration().empty()) {
+    fix.replaced = {word, OpeningBrace(file, word)};
+    fix.texts = laterDeclaration();
   } else if (!SimilarKeyword(text).empty()) {
     fix.advice = DidYouMean(SimilarKeyword(text));
     if (meantKeyword().empty()) return fix;
@@ -163,7 +169,8 @@ Fix Fault::atOpening() const {
   const bool isPart = file.role(name) == Role::Part;
   Fix fix{&rules::missingOpening, name, file.text(name), {}, {word, word}, {"{"}};
   if (!isInLineOf(name)) {
-    if (isPart || isClosed()) return fix;
+    const bool isService = file.role(name) == Role::ServiceName && file.text(word) == "request";
+    if (isPart || isService || isClosed()) return fix;
     fix.replaced = {name - 1, word};
     fix.texts = {};
     return fix;
@@ -213,7 +220,9 @@ Fix Fault::atPart() const {
                      "a service has a request and a response, in this order");
   SimilarWord similar(text);
   similar.compare(part);
-  if (!similar.found().empty() && text != "request" && text != "response") {
+  if (text == "}" && word + 1 < file.size() && file.text(word + 1) == part) {
+    fix.replaced = {word, word + 1};
+  } else if (!similar.found().empty() && text != "request" && text != "response") {
     fix.advice = DidYouMean(part);
     fix.replaced = {word, word + 1};
     fix.texts = {part};
