@@ -28,6 +28,7 @@ class Run {
     sources.load(request.files);  // First, so that none of these files is taken for a stamp.
     for (const OutputFile& file : outputs()) {
       if (const std::optional<std::string> reason = Refusal(file)) {
+        stampIsRefused = isStamp(file);
         return {false, ErrorLine(file.path, *reason)};
       }
     }
@@ -47,7 +48,7 @@ class Run {
 
   /// Removes a stamp of an earlier run.
   void removeStamp(std::string& messages) const {
-    if (request.stamp.has_value() && !Refusal(stamp()).has_value()) {
+    if (request.stamp.has_value() && !stampIsRefused && !Refusal(stamp()).has_value()) {
       removeOutput(*request.stamp, messages);
     }
   }
@@ -81,6 +82,8 @@ class Run {
             "is a file to read"};
   }
 
+  bool isStamp(const OutputFile& file) const { return &file.path == &*request.stamp; }
+
   OutputFile stamp() const { return output(*request.stamp, {}); }
 
   /// Returns the files to write, in this order: the stamp shows that all has been done.
@@ -102,8 +105,8 @@ class Run {
 
   Outcome writeOutputs() const {
     for (const OutputFile& file : outputs()) {
-      const bool isStamp = &file.path == &*request.stamp;
-      const std::error_code error = replaceFile(file.path, isStamp ? std::string() : depfileText());
+      const std::string text = isStamp(file) ? std::string() : depfileText();
+      const std::error_code error = replaceFile(file.path, text);
       if (error) return {false, ErrorLine(file.path, error.message())};
     }
     return {true, {}};
@@ -119,6 +122,7 @@ class Run {
   const CheckRequest& request;
   DiskTree tree;
   Sources sources;
+  bool stampIsRefused = false;
 };
 
 }  // namespace
