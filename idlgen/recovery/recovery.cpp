@@ -153,8 +153,9 @@ void Recovery::apply(const Fix& fix) {
       std::none_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
         return diagnostic.spot.place.lineNumber == spot.place.lineNumber;
       });
-  // A missing end may only follow from what has been left out.
-  const bool isConsequence = fix.rule == &rules::endOfFile && !diagnostics.empty() && !lacksBraces;
+  // A missing brace may only follow from what has been left out.
+  const bool isConsequence = fix.rule == &rules::endOfFile && fix.text == R"(a "}")" &&
+                             !diagnostics.empty() && !lacksBraces;
   if (isNew && !isConsequence) {
     Diagnostic diagnostic{Severity::Error, spot, Sentence(*fix.rule, fix.text, fix.advice)};
     if (fix.other != noWord) {

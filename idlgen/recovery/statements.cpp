@@ -46,6 +46,7 @@ class Fault {
   [[nodiscard]] Fix afterPath() const;
   [[nodiscard]] std::vector<std::string> laterDeclaration() const;
   [[nodiscard]] std::string_view meantKeyword() const;
+  [[nodiscard]] bool declares(std::string_view keyword, std::size_t brace) const;
   [[nodiscard]] std::size_t endOfClosedList() const;
   [[nodiscard]] bool isClosed() const;
   [[nodiscard]] Fix atOpening() const;
@@ -87,7 +88,7 @@ std::vector<std::string> Fault::laterDeclaration() const {
   if (brace == noWord) return {};
   for (std::size_t i = word + 1; i < brace; ++i) {
     const std::string_view keyword = KeywordFor(file.text(i));
-    if (!IsDeclaration(FindStatement(keyword))) continue;
+    if (!declares(keyword, brace)) continue;
     const std::size_t name = i + 1 < brace ? i + 1 : i - 1;
     return {std::string(keyword), std::string(file.text(name))};
   }
@@ -97,10 +98,18 @@ std::vector<std::string> Fault::laterDeclaration() const {
 /// Returns the keyword that the word stands for, if the rest of the line fits, or nothing.
 std::string_view Fault::meantKeyword() const {
   const std::string_view keyword = SimilarKeyword(file.text(word));
+  const std::size_t brace = OpeningBrace(file, word);
   const bool fits = IsDeclaration(FindStatement(keyword))
-                        ? OpeningBrace(file, word) != noWord && OpeningBrace(file, word) > word + 1
+                        ? brace != noWord && brace > word + 1 && declares(keyword, brace)
                         : end == word + 2;
   return fits ? keyword : std::string_view();
+}
+
+/// Returns whether the keyword begins a declaration, which the words after this brace fit.
+bool Fault::declares(std::string_view keyword, std::size_t brace) const {
+  const Statement statement = FindStatement(keyword);
+  const bool hasRequest = brace + 1 < file.size() && file.text(brace + 1) == "request";
+  return IsDeclaration(statement) && (statement != Statement::Service || hasRequest);
 }
 
 /// If lines of pairs follow up to a brace, which belong to a list that has been closed too early,
