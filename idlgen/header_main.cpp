@@ -1,26 +1,41 @@
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <new>
+#include <string>
 #include <string_view>
 
+#include "header/check_files.h"
+#include "header/command_line.h"
 #include "header/generate_header.h"
 #include "io/file.h"
 
 namespace zentho {
 namespace {
 
-constexpr std::string_view usage = "usage: idlgen-header [--if-changed] IDL HEADER\n";
+constexpr std::string_view usage =
+    "usage: idlgen-header [-w | --werror] [--if-changed] IDL HEADER\n"
+    "       idlgen-header --check [-w | --werror] [-I DIR]... [--stamp FILE] [--depfile FILE] "
+    "IDL...\n";
 constexpr std::string_view help =
-    "usage: idlgen-header [--if-changed] IDL HEADER\n"
     "       idlgen-header --help | --version\n"
     "\n"
-    "Generates the C++ header HEADER of the file IDL, whole or, after an error, not at all.\n"
+    "Generates the C++ header HEADER of the file IDL, whole or, after an error, not at all. With\n"
+    "--check, checks IDL files and generates nothing; @FILE then stands for the arguments in "
+    "FILE,\n"
+    "one a line.\n"
     "\n"
-    "  --if-changed  leave HEADER untouched if it already has the text\n"
-    "  --help        print this help\n"
-    "  --version     print the version\n";
+    "  --if-changed    leave HEADER untouched if it already has the text\n"
+    "  --check         only check the files\n"
+    "  -I DIR          search DIR for included files, in the order of these options\n"
+    "  --stamp FILE    write FILE, empty, if there was no error\n"
+    "  --depfile FILE  write which files were read to FILE, as make's dependencies of the stamp\n"
+    "  -w              do not show warnings\n"
+    "  --werror        fail after a warning, too\n"
+    "  --help          print this help\n"
+    "  --version       print the version\n";
 constexpr std::string_view version = "idlgen-header " IDLGEN_VERSION "\n";
 
 int print(std::string_view text) {
@@ -32,23 +47,30 @@ void printError(std::string_view text) {
   (void)writeAll(STDERR_FILENO, text);
 }
 
-/// Executes the command line. Returns the exit status.
-int run(int argc, char** argv) {
-  const std::string_view option = argc > 1 ? argv[1] : "";
-  const bool isLone = option == "--help" || option == "--version";
-  if (isLone && argc == 2) return print(option == "--help" ? help : version);
-  const bool ifChanged = option == "--if-changed";
-  if (isLone || argc != (ifChanged ? 4 : 3)) {
-    printError(usage);
-    return 2;
-  }
-  HeaderRequest request;
-  request.idl = argv[argc - 2];
-  request.header = argv[argc - 1];
-  request.ifChanged = ifChanged;
-  const Outcome result = generateHeader(request);
+/// Prints what a run has to say. Returns the exit status.
+int finish(const Outcome& result) {
   printError(result.messages);
   return result.succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+/// Executes the command line. Returns the exit status.
+int run(const CommandLine& line) {
+  switch (line.kind) {
+    case CommandLine::Kind::Wrong:
+      printError(usage);
+      return 2;
+    case CommandLine::Kind::Failed:
+      return finish({false, line.error});
+    case CommandLine::Kind::Help:
+      return print(std::string(usage).append(help));
+    case CommandLine::Kind::Version:
+      return print(version);
+    case CommandLine::Kind::Header:
+      return finish(generateHeader(line.header));
+    case CommandLine::Kind::Check:
+      return finish(checkFiles(line.check));
+  }
+  return EXIT_FAILURE;
 }
 
 }  // namespace
@@ -59,7 +81,7 @@ int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   try {
-    return zentho::run(argc, argv);
+    return zentho::run(zentho::ParseCommandLine({argv + std::min(argc, 1), argv + argc}));
   } catch (const std::bad_alloc&) {
     zentho::printError("idlgen-header: Cannot allocate memory\n");
     return EXIT_FAILURE;

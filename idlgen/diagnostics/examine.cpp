@@ -19,15 +19,20 @@ std::size_t WordsToCheck(const Words& words, const std::optional<ParseError>& er
   return error->kind == ParseError::Kind::EndOfFile ? words.size() : error->tokensRead - 1;
 }
 
-bool HasError(const std::vector<Finding>& findings) {
-  return std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
-    return finding.rule->severity == Severity::Error;
-  });
+bool IsWarning(const Finding& finding) {
+  return finding.rule->severity == Severity::Warning;
+}
+
+/// Returns whether none of the findings makes the run fail.
+bool MayPass(const std::vector<Finding>& findings, Warnings warnings) {
+  if (warnings == Warnings::Fail) return findings.empty();
+  return std::all_of(findings.begin(), findings.end(), IsWarning);
 }
 
 }  // namespace
 
-Outcome examine(const std::string& path, const std::string& text, Schema& schema) {
+Outcome examine(const std::string& path, const std::string& text, Schema& schema,
+                Warnings warnings) {
   IDL idl;
   idl.tokenize(text);
   Words words;
@@ -37,9 +42,12 @@ Outcome examine(const std::string& path, const std::string& text, Schema& schema
   } catch (const ParseError& error) {
     grammarError = error;
   }
-  const std::vector<Finding> findings = Check(text, words, WordsToCheck(words, grammarError));
+  std::vector<Finding> findings = Check(text, words, WordsToCheck(words, grammarError));
+  if (warnings == Warnings::Ignore) {
+    findings.erase(std::remove_if(findings.begin(), findings.end(), IsWarning), findings.end());
+  }
   const ParseError* const error = grammarError.has_value() ? &*grammarError : nullptr;
-  Outcome result = {error == nullptr && !HasError(findings), {}};
+  Outcome result = {error == nullptr && MayPass(findings, warnings), {}};
   if (error != nullptr || !findings.empty()) {
     result.messages = Diagnostics(path, text, words, findings, error);
   }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "diagnostics/warnings.h"
 #include "schema/schema.h"
 
 namespace zentho {
@@ -13,6 +14,7 @@ struct Outcome {
 };
 
 /// Parses and checks the text of the IDL file at `path`. Fills the empty `schema` if it succeeds.
-[[nodiscard]] Outcome examine(const std::string& path, const std::string& text, Schema& schema);
+[[nodiscard]] Outcome examine(const std::string& path, const std::string& text, Schema& schema,
+                              Warnings warnings = Warnings::Tell);
 
 }  // namespace zentho

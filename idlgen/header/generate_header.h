@@ -3,14 +3,16 @@
 #include <string>
 
 #include "diagnostics/examine.h"
+#include "diagnostics/warnings.h"
 
 namespace zentho {
 
-/// What `idlgen-header` is asked to do.
+/// What `idlgen-header IDL HEADER` is asked to do.
 struct HeaderRequest {
   std::string idl;         ///< The path of the IDL file.
   std::string header;      ///< The path of the header.
   bool ifChanged = false;  ///< Leave a header untouched that already has the text.
+  Warnings warnings = Warnings::Tell;
 };
 
 /// Generates the header of one IDL file, whole or not at all, with the stages in this process.

@@ -34,12 +34,19 @@ std::error_code Descriptor::close() {
   return result == 0 ? std::error_code() : LastError();
 }
 
-std::error_code readFile(const std::string& path, std::string& text, std::size_t limit) {
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  if (file.get() < 0) return LastError();
+int openFile(const std::string& path, int flags) {
+  constexpr mode_t mode = 0666;
+  int descriptor = -1;
+  do {
+    descriptor = ::open(path.c_str(), flags | O_CLOEXEC, mode);
+  } while (descriptor < 0 && errno == EINTR);
+  return descriptor;
+}
+
+std::error_code readAll(int descriptor, std::string& text, std::size_t limit) {
   std::array<char, 16384> block;
   while (limit > 0) {
-    const ssize_t size = ::read(file.get(), block.data(), std::min(limit, block.size()));
+    const ssize_t size = ::read(descriptor, block.data(), std::min(limit, block.size()));
     if (size == 0) return {};
     if (size > 0) {
       text.append(block.data(), static_cast<std::size_t>(size));
@@ -49,6 +56,11 @@ std::error_code readFile(const std::string& path, std::string& text, std::size_t
     }
   }
   return {};
+}
+
+std::error_code readFile(const std::string& path, std::string& text, std::size_t limit) {
+  const Descriptor file(openFile(path, O_RDONLY));
+  return file.get() < 0 ? LastError() : readAll(file.get(), text, limit);
 }
 
 std::error_code writeAll(int descriptor, std::string_view bytes) {

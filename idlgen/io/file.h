@@ -30,6 +30,14 @@ class Descriptor {
   int value;
 };
 
+/// Opens a file as the system call does, with the mode of a new file. Repeats an interrupted call.
+[[nodiscard]] int openFile(const std::string& path, int flags);
+
+/// Appends what is left of an open file to `text`, but at most `limit` bytes. After a failure, the
+/// bytes before it have been appended.
+[[nodiscard]] std::error_code readAll(int descriptor, std::string& text,
+                                      std::size_t limit = std::string::npos);
+
 /// Appends the contents of a file to `text`, but at most `limit` bytes. After a failure, the bytes
 /// before it have been appended.
 [[nodiscard]] std::error_code readFile(const std::string& path, std::string& text,

@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -32,20 +31,22 @@ class SignalDelay {
   sigset_t earlier{};
 };
 
-/// Creates a file with a new name in the directory of `path`, and sets `name` to its path. Returns
-/// a negative descriptor and sets errno if it fails. Unlike mkostemp, gives it the mode of a new
-/// file.
-int createTemporary(const std::string& path, std::string& name) {
+/// Creates a file with a new name in a directory, and sets `path` to its path. Unlike mkostemp,
+/// gives it the mode of a new file.
+std::error_code createTemporary(const std::string& directory, std::string& path, int& descriptor) {
   constexpr int tries = 100;
+  std::error_code error;
   for (int i = 0; i < tries; ++i) {
     // The time tells apart processes with the same number in different containers.
     const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
-    name = path.substr(0, path.rfind('/') + 1) + ".idlgen-" + std::to_string(::getpid()) + "-" +
-           std::to_string(time) + ".tmp";
-    const int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file >= 0 || errno != EEXIST) return file;
+    path =
+        directory + ".idlgen-" + std::to_string(::getpid()) + "-" + std::to_string(time) + ".tmp";
+    descriptor = openFile(path, O_WRONLY | O_CREAT | O_EXCL);
+    if (descriptor >= 0) return {};
+    error = LastError();
+    if (error != std::errc::file_exists) return error;
   }
-  return -1;
+  return error;
 }
 
 /// Writes the file and closes it.
@@ -59,18 +60,18 @@ std::error_code fill(Descriptor& file, std::string_view bytes) {
 
 std::error_code replaceFile(const std::string& path, std::string_view bytes) {
   const SignalDelay delay;
+  const std::string directory = path.substr(0, path.rfind('/') + 1);
   std::string temporary;
-  int created = createTemporary(path, temporary);
-  if (created < 0 && errno == ENOENT) {
-    std::error_code error;
-    std::filesystem::create_directories(path.substr(0, path.rfind('/') + 1), error);
-    if (error) return error;
-    created = createTemporary(path, temporary);
+  int descriptor = -1;
+  std::error_code error = createTemporary(directory, temporary, descriptor);
+  if (error == std::errc::no_such_file_or_directory && !directory.empty()) {
+    std::filesystem::create_directories(directory, error);
+    if (!error) error = createTemporary(directory, temporary, descriptor);
   }
-  if (created < 0) return LastError();
+  if (error) return error;
 
-  Descriptor file(created);
-  std::error_code error = fill(file, bytes);
+  Descriptor file(descriptor);
+  error = fill(file, bytes);
   if (!error && ::rename(temporary.c_str(), path.c_str()) != 0) error = LastError();
   if (error) ::unlink(temporary.c_str());
   return error;

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "sources/source_tree.h"
+
+namespace zentho {
+
+/// Returns the directory of a path, with a '/' at its end, or nothing for the current directory.
+std::string DirectoryOf(const std::string& path);
+
+/// Finds the files that include statements mean, in the way in which a compiler finds their
+/// headers. Paths are joined as text. Each answer is remembered.
+class IncludeSearch {
+ public:
+  /// The files are searched for below the base directories, in this order.
+  IncludeSearch(SourceTree& sourceTree, std::vector<std::string> baseDirectories);
+
+  struct Result {
+    enum class Kind : std::uint8_t {
+      Found,
+      Missing,   ///< There is no file.
+      Uncertain  ///< There is one that cannot be read, or it depends on where the headers are.
+    };
+
+    Kind kind;
+    std::string path = {};  ///< Of the file that was found.
+    FileId id = {};
+  };
+
+  /// Looks for a file that a file in `directory` includes: beside that file, then in the base
+  /// directories. Passes over what is no file.
+  ///
+  /// The headers of several base directories may be generated into one directory. There, a header
+  /// that comes from another base directory may stand beside that of the includer and come first.
+  /// If there is such a file, and it is not the one that the search finds, the result is uncertain.
+  const Result& find(const std::string& directory, std::string_view path);
+
+  /// Returns a path that `find` finds and that differs from `path` by one slip, or nothing.
+  std::string correction(const std::string& directory, std::string_view path);
+
+  /// Returns the shortest path by which `find` finds the file at `path`, or nothing.
+  std::string shortestPath(const std::string& directory, const std::string& path);
+
+ private:
+  /// A directory seen from a base directory.
+  struct Position {
+    std::size_t base;  ///< The index of the base directory.
+    std::string path;  ///< Empty, or with a '/' at its end.
+  };
+
+  Result search(const std::string& directory, const std::string& path);
+  bool mayComeBefore(const Result& result, const std::string& directory, const std::string& path);
+  Result look(const std::string& directory, const std::string& path);
+  const Entry& lookAtDirectory(const std::string& directory);
+  const std::vector<std::string>& list(const std::string& directory);
+  const std::vector<Position>& positions(const std::string& directory);
+  std::string correctionBelow(const std::string& base, const std::string& directory,
+                              const std::string& path);
+
+  SourceTree& tree;
+  std::vector<std::string> bases;  ///< Each with a '/' at its end.
+  std::vector<FileId> baseIds;
+  std::unordered_map<std::string, Result> results;  ///< By the directory, a zero byte and the path.
+  std::unordered_map<std::string, Entry> directories;  ///< What stands at these paths.
+  std::unordered_map<std::string, std::vector<std::string>> lists;
+  std::unordered_map<std::string, std::vector<Position>> positionsOf;
+};
+
+}  // namespace zentho
