@@ -2,7 +2,7 @@
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("${BUILD} with a blank")
 # Cache entries of the project do not reach into idlgen_generate.
-configure_consumer("-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror"
+configure_project(consumer "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror"
                    -D names=stray -D options=stray)
 set(geometry_idl ${source}/idl/common/geometry.idl)
 set(geometry ${build}/idl/common_idl.idlgen/include/common/geometry.h)

@@ -11,7 +11,7 @@ void FilePath::createFile(const char* path) { std::printf(\"creating %s\\n\", pa
 run(SUCCEEDS COMMAND c++ -std=c++17 -shared -fPIC -o ${scratch}/libzentho.so ${scratch}/zentho.cpp)
 
 set(BUILD "Ninja Multi-Config")
-configure_consumer(-D IDLGEN_SOURCE_DIR=${IDLGEN_SOURCE_DIR} -D IDLGEN_USE_LIBZENTHO=ON
+configure_project(consumer -D IDLGEN_SOURCE_DIR=${IDLGEN_SOURCE_DIR} -D IDLGEN_USE_LIBZENTHO=ON
                    -D CMAKE_LIBRARY_PATH=${scratch} -D CMAKE_UNITY_BUILD=ON
                    -D CMAKE_CXX_FLAGS_RELEASE=-O0 -D CMAKE_CXX_FLAGS_DEBUG=-O0)
 
