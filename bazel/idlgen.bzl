@@ -40,13 +40,14 @@ def idlgen_headers(
     return headers
 
 def _check(name, srcs, deps, werror, stamp, tool, kwargs):
-    # The base directory of an IDL file is its package: its path without its name.
+    # The base directories are the packages of the files, each a path without the name, and the
+    # directory of all packages, in the sources and in the output.
     lines = ["set --"]
     for label in srcs + deps:
         lines.append("file=\"$(location {})\"".format(label))
         lines.append("set -- \"$$@\" -I \"./$${{file%\"{}\"}}\"".format(_name(label)))
     files = " ".join(["\"$(location {})\"".format(src) for src in srcs])
-    lines.append("$(location {}) --check {} \"$$@\" --stamp \"$@\" {}".format(
+    lines.append("$(location {}) --check {} \"$$@\" -I . -I $(BINDIR) --stamp \"$@\" {}".format(
         tool,
         "--werror" if werror else "",
         files,
