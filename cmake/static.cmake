@@ -36,6 +36,8 @@ function(_idlgen_check_static configuration variable)
   separate_arguments(flags UNIX_COMMAND "${CMAKE_EXE_LINKER_FLAGS_${suffix}}")
   set(CMAKE_REQUIRED_LINK_OPTIONS ${link_options} ${flags} -static)
   set(CMAKE_TRY_COMPILE_CONFIGURATION "${configuration}")
+  # The project of the check has only the usual configurations otherwise.
+  list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES CMAKE_CONFIGURATION_TYPES)
 
   # The cache keeps the result until the flags change.
   set(result IDLGEN_STATIC_WORKS_${suffix})

@@ -33,6 +33,24 @@ run(SUCCEEDS COMMAND ${CMAKE_COMMAND} --install ${build} --prefix ${scratch}/ins
 check("EXISTS \"${scratch}/installed/include/common/geometry.h\"")
 check("NOT EXISTS \"${scratch}/installed/bin\"")
 
+# With IDLGEN_INSTALL, the project's package also has idlgen, and is still the project's. It can be
+# installed.
+run(SUCCEEDS COMMAND ${configure} -D IDLGEN_INSTALL=ON HIDES "Warning")
+run(SUCCEEDS COMMAND ${build_all} --config Debug --target package)
+find_program(dpkg dpkg)
+if(dpkg)
+  file(GLOB package ${build}/*.deb)
+  run(SUCCEEDS COMMAND dpkg --field ${package} PRINTS "Package: consumer" "<consumer@zentho.example>"
+                       HIDES "The idlgen maintainers")
+  run(SUCCEEDS COMMAND dpkg --contents ${package}
+               PRINTS "./usr/bin/idlgen-header" "./usr/include/common/geometry.h")
+  set(root ${scratch}/root)
+  file(WRITE ${root}/var/lib/dpkg/status "")
+  file(MAKE_DIRECTORY ${root}/var/lib/dpkg/info ${root}/var/lib/dpkg/updates)
+  run(SUCCEEDS COMMAND dpkg --root=${root} --log=/dev/null --force-not-root --force-depends
+                       --force-script-chrootless --install ${package})
+endif()
+
 # The Debian package of a cross build has the architecture of the target.
 run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G Ninja -S ${IDLGEN_SOURCE_DIR} -B ${scratch}/cross
                      -D CMAKE_SYSTEM_NAME=Linux -D CMAKE_SYSTEM_PROCESSOR=aarch64
