@@ -25,14 +25,16 @@ class Run {
       : request(checkRequest), sources(tree, checkRequest.directories) {}
 
   Outcome check() {
-    Outcome result{true, DirectoryErrors()};
-    if (!result.messages.empty()) return {false, result.messages};
-    sources.load(request.files);
+    sources.load(request.files);  // First, so that none of these files is taken for a stamp.
     for (const OutputFile& file : outputs()) {
       if (const std::optional<std::string> reason = Refusal(file)) {
+        stampIsRefused = isStamp(file);
         return {false, ErrorLine(file.path, *reason)};
       }
     }
+    std::string errors = directoryErrors();
+    if (!errors.empty()) return {false, std::move(errors)};
+    Outcome result{true, {}};
     for (const Sources::Named& named : sources.named()) append(examineNamed(named), result);
     if (result.succeeded) append(writeOutputs(), result);
     return result;
@@ -40,7 +42,7 @@ class Run {
 
   /// Removes a stamp of an earlier run.
   void removeStamp(std::string& messages) const {
-    if (request.stamp.has_value() && !Refusal(stamp()).has_value()) {
+    if (request.stamp.has_value() && !stampIsRefused && !Refusal(stamp()).has_value()) {
       removeOutput(*request.stamp, messages);
     }
   }
@@ -52,7 +54,7 @@ class Run {
   }
 
   /// Returns a message for each base directory that is none.
-  std::string DirectoryErrors() {
+  std::string directoryErrors() {
     std::string messages;
     for (const std::string& directory : request.directories) {
       const Entry entry = tree.look(directory);
@@ -75,6 +77,8 @@ class Run {
             "is a file to read"};
   }
 
+  bool isStamp(const OutputFile& file) const { return &file.path == &*request.stamp; }
+
   OutputFile stamp() const { return output(*request.stamp, {}); }
 
   /// Returns the files to write, in this order: the stamp shows that all has been done.
@@ -96,8 +100,8 @@ class Run {
 
   Outcome writeOutputs() const {
     for (const OutputFile& file : outputs()) {
-      const bool isStamp = &file.path == &*request.stamp;
-      const std::error_code error = replaceFile(file.path, isStamp ? std::string() : depfileText());
+      const std::string text = isStamp(file) ? std::string() : depfileText();
+      const std::error_code error = replaceFile(file.path, text);
       if (error) return {false, ErrorLine(file.path, error.message())};
     }
     return {true, {}};
@@ -113,6 +117,7 @@ class Run {
   const CheckRequest& request;
   DiskTree tree;
   Sources sources;
+  bool stampIsRefused = false;
 };
 
 }  // namespace

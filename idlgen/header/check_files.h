@@ -15,7 +15,8 @@ struct CheckRequest {
   std::vector<std::string> directories;    ///< Where included files are searched for, in order.
   std::vector<std::string> argumentFiles;  ///< From which the arguments come.
   std::optional<std::string> stamp;        ///< The file to write after success.
-  std::optional<std::string> depfile;      ///< The file for the dependencies of the stamp.
+  std::optional<std::string> depfile;      ///< The file for the dependencies of the stamp,
+                                           ///< without which there is none.
   Warnings warnings = Warnings::Tell;
 };
 

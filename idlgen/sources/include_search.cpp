@@ -12,6 +12,8 @@ namespace {
 
 using Kind = IncludeSearch::Result::Kind;
 
+constexpr std::size_t maxPathSize = 4096;  ///< The system opens no longer paths.
+
 std::string Joined(const std::string& directory, const std::string& path) {
   return !path.empty() && path.front() == '/' ? path : directory + path;
 }
@@ -73,6 +75,8 @@ IncludeSearch::IncludeSearch(SourceTree& sourceTree, std::vector<std::string> ba
 
 const IncludeSearch::Result& IncludeSearch::find(const std::string& directory,
                                                  std::string_view path) {
+  static const Result tooLong = {Kind::Uncertain};
+  if (path.size() > maxPathSize) return tooLong;
   const std::string included(path);
   std::string key = directory + '\0' + included;
   const auto known = results.find(key);
@@ -93,8 +97,12 @@ bool IncludeSearch::mayComeBefore(const Result& result, const std::string& direc
   for (const Position& position : positions(directory)) {
     const std::string place = Normal(position.path + path);
     if (LeadsOut(place)) continue;
+    const bool isBelow = place.compare(0, position.path.size(), position.path) == 0;
     for (std::size_t i = 0; i < bases.size(); ++i) {
       if (baseIds[i] == baseIds[position.base]) continue;
+      // Of many base directories, few have a directory of this name.
+      const Entry& beside = lookAtDirectory(bases[i] + (isBelow ? position.path : ""));
+      if (beside.kind == Entry::Kind::Missing) continue;
       const Result other = look(bases[i], place);
       if (other.kind == Kind::Missing) continue;
       if (other.kind != result.kind || other.id != result.id) return true;

@@ -11,7 +11,8 @@ Sources::Sources(SourceTree& sourceTree, std::vector<std::string> directories)
 void Sources::load(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) loadNamed(path);
   // The files that are included are appended, so that the loop comes to them.
-  for (std::size_t i = 0; i < sources.size(); ++i) findIncludes(sources[i]);
+  std::size_t next = 0;
+  while (next < sources.size()) findIncludes(sources[next++]);
 }
 
 void Sources::loadNamed(const std::string& path) {

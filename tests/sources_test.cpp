@@ -1,0 +1,323 @@
+#include "sources/sources.h"
+
+#include <sys/stat.h>
+
+#include <map>
+
+#include "header/depfile.h"
+#include "sources/memory_tree.h"
+#include "sources/slip.h"
+#include "support.h"
+
+namespace zentho {
+namespace {
+
+using Texts = std::map<std::string, std::string>;
+
+/// Counts how often each path is read and each directory is listed.
+class CountingTree final : public SourceTree {
+ public:
+  explicit CountingTree(Texts texts) : files(std::move(texts)) {}
+
+  Entry look(const std::string& path) override {
+    const Entry entry = files.look(path);
+    return path == unreadable ? Entry{Entry::Kind::Unreadable, entry.id} : entry;
+  }
+  Entry read(const std::string& path, std::string& text) override {
+    ++reads[path];
+    return files.read(path, text);
+  }
+  std::vector<std::string> list(const std::string& directory) override {
+    ++lists[directory];
+    return files.list(directory);
+  }
+
+  std::map<std::string, int> reads;
+  std::map<std::string, int> lists;
+  std::string unreadable;
+
+ private:
+  MemoryTree files;
+};
+
+/// Returns what the first include of a file leads to: the path of the file, "header", or
+/// "not found", with the correction.
+std::string FirstInclude(const Sources& sources, std::size_t file = 0) {
+  const Include& include = sources.files().at(file).includes.at(0);
+  if (include.kind == Include::Kind::Found) return sources.files().at(include.file).path;
+  if (include.kind == Include::Kind::Header) return "header";
+  return include.correction.empty() ? "not found" : "not found, " + include.correction;
+}
+
+struct Search {
+  const char* name;
+  Texts texts;  ///< Of the files besides that which includes another one.
+  std::vector<std::string> directories;
+  std::string file;  ///< The file that includes another one.
+  std::string include;
+  std::string found;
+};
+
+using Finds = testing::TestWithParam<Search>;
+
+TEST_P(Finds, WhatTheIncludeMeans) {
+  const Search& search = GetParam();
+  Texts texts = search.texts;
+  texts[search.file] = "include " + search.include;
+  MemoryTree tree(texts);
+  Sources sources(tree, search.directories);
+  sources.load({search.file});
+  EXPECT_EQ(FirstInclude(sources), search.found);
+}
+
+const std::vector<Search> searches = {
+    {"BesideFirst", {{"d/x.idl", ""}, {"e/x.idl", ""}}, {"e"}, "d/a.idl", "\"x.idl\"", "d/x.idl"},
+    {"BracketsLikeQuotes", {{"d/x.idl", ""}}, {}, "d/a.idl", "<x.idl>", "d/x.idl"},
+    {"DirectoriesInOrder",
+     {{"e/g/x.idl", ""}, {"f/g/x.idl", ""}},
+     {"d", "f", "e"},
+     "d/a.idl",
+     "\"g/x.idl\"",
+     "not found"},  // Of e and f, which are both beside d.
+    {"DirectoriesInOrderFromElsewhere",
+     {{"e/g/x.idl", ""}, {"f/g/x.idl", ""}},
+     {"none", "f/", "e"},
+     "d/a.idl",
+     "\"g/x.idl\"",
+     "f/g/x.idl"},
+    {"PathsAboveTheFile", {{"e/x.idl", ""}}, {}, "d/a.idl", "\"../e/./x.idl\"", "d/../e/./x.idl"},
+    {"AbsolutePaths", {{"/e/x.idl", ""}}, {"d"}, "d/a.idl", "\"/e/x.idl\"", "/e/x.idl"},
+    {"ItsOwnFile", {}, {}, "a.idl", "\"./a.idl\"", "a.idl"},
+    {"PassesOverDirectories",
+     {{"d/x.idl/y", ""}, {"e/x.idl", ""}},
+     {"e"},
+     "d/a.idl",
+     "\"x.idl\"",
+     "e/x.idl"},
+    // The headers of d and e may share a directory, where that of e/n/x.idl comes first.
+    {"AnotherFileInPlaceOfTheOneBeside",
+     {{"e/n/x.idl", ""}, {"d/x.idl", ""}},
+     {"d", "e"},
+     "d/n/a.idl",
+     "\"x.idl\"",
+     "not found"},
+    {"AnotherFileAboveTheFile",
+     {{"e/x.idl", ""}},
+     {"d", "e"},
+     "d/n/a.idl",
+     "\"../x.idl\"",
+     "not found"},
+    {"TheSameFileInPlaceOfTheOneBeside",
+     {{"e/x.idl", ""}},
+     {"d", "./d", "e"},
+     "d/a.idl",
+     "\"x.idl\"",
+     "e/x.idl"},
+    {"TheBaseDirectoryByAnyPath",
+     {{"e/n/x.idl", ""}, {"d/x.idl", ""}},
+     {"./f/../d", "e"},
+     "d/n/a.idl",
+     "\"x.idl\"",
+     "not found"},
+    {"NotInNoDirectory", {{"e/x.idl", ""}}, {}, "d/a.idl", "\"x.idl\"", "not found"},
+    {"NotWithoutQuotes", {{"x.idl", ""}}, {}, "a.idl", "\"x.idl", "not found"},
+    {"NotInSingleQuotes", {{"x.idl", ""}}, {}, "a.idl", "'x.idl'", "not found"},
+    {"NotALongPath",
+     {{std::string(5000, 'n'), ""}},
+     {},
+     "a.idl",
+     '"' + std::string(5000, 'n') + '"',
+     "not found"},
+    {"NotTheEmptyPath", {}, {}, "a.idl", "\"\"", "not found"},
+    {"NotAHeader", {{"x.h", ""}}, {}, "a.idl", "\"x.h\"", "header"},
+    {"ASlipInAFileName",
+     {{"e/geo/geometry.idl", ""}},
+     {"e"},
+     "d/a.idl",
+     "\"geo/geomtry.idl\"",
+     "not found, geo/geometry.idl"},
+    {"ASlipInADirectoryName",
+     {{"e/common/msg/x.idl", ""}},
+     {"e"},
+     "d/a.idl",
+     "\"comon/msg/x.idl\"",
+     "not found, common/msg/x.idl"},
+    {"ASlipBeside",
+     {{"d/status.idl", ""}},
+     {},
+     "d/a.idl",
+     "\"./sttaus.idl\"",
+     "not found, ./status.idl"},
+    {"ASlipInAnAbsolutePath",
+     {{"/e/status.idl", ""}},
+     {},
+     "a.idl",
+     "\"/e/statuss.idl\"",
+     "not found, /e/status.idl"},
+    {"NoSlipInBrackets", {{"status.idl", ""}}, {}, "a.idl", "<statsu.idl>", "not found"},
+    {"NoSlipsInTwoNames",
+     {{"common/status.idl", ""}},
+     {},
+     "a.idl",
+     "\"comon/staus.idl\"",
+     "not found"},
+    {"NoSlipForADirectory", {{"status.idl/x", ""}}, {}, "a.idl", "\"statuss.idl\"", "not found"},
+    {"NoSlipForAPathThatCannotBeWritten",
+     {{"my status.idl", ""}},
+     {},
+     "a.idl",
+     "\"mystatus.idl\"",
+     "not found"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Include, Finds, testing::ValuesIn(searches), RowName<Search>);
+
+TEST(Sources, SearchEndsWhereAFileCannotBeRead) {
+  CountingTree tree({{"d/a.idl", "include \"geometry.idl\""},
+                     {"d/geometry.idl", ""},
+                     {"d/geometri.idl", ""},
+                     {"e/geometry.idl", ""}});
+  tree.unreadable = "d/geometry.idl";
+  Sources sources(tree, {"e"});
+  sources.load({"d/a.idl"});
+  EXPECT_EQ(FirstInclude(sources), "not found");
+}
+
+TEST(Sources, ReadsEachFileOnceAndTheNamedFilesFirst) {
+  CountingTree tree({{"a.idl", "include \"c.idl\" include \"b.idl\" include \"./c.idl\""},
+                     {"b.idl", "include \"a.idl\" include \"d/../c.idl\""},
+                     {"c.idl", "message"},
+                     {"d/e.idl", ""}});
+  Sources sources(tree, {"."});
+  sources.load({"a.idl", "none.idl", "d", "b.idl", "./a.idl"});
+
+  std::vector<std::string> named;
+  for (const Sources::Named& file : sources.named()) named.push_back(file.path + ":" + file.reason);
+  EXPECT_EQ(named, (std::vector<std::string>{"a.idl:", "none.idl:No such file or directory",
+                                             "d:is not a regular file", "b.idl:"}));
+  ASSERT_EQ(sources.files().size(), 3U);
+  EXPECT_EQ(sources.files()[1].path, "b.idl");
+  EXPECT_EQ(sources.files()[2].path, "c.idl");
+  EXPECT_TRUE(sources.files()[2].error.has_value());
+  std::vector<std::size_t> includes;
+  for (const Include& include : sources.files()[0].includes) includes.push_back(include.file);
+  EXPECT_EQ(includes, (std::vector<std::size_t>{2, 1, 2}));
+  EXPECT_EQ(tree.reads, (std::map<std::string, int>{{"a.idl", 1}, {"b.idl", 1}, {"c.idl", 1}}));
+  EXPECT_EQ(tree.lists, (std::map<std::string, int>{}));
+}
+
+TEST(Sources, ListsADirectoryOnce) {
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += "include \"common/status" + std::to_string(i) + ".idl\"\n";
+  CountingTree tree({{"d/a.idl", text}, {"e/common/status.idl", ""}});
+  Sources sources(tree, {"d", "e", "f"});
+  sources.load({"d/a.idl"});
+  EXPECT_EQ(FirstInclude(sources), "not found");
+  EXPECT_EQ(tree.lists, (std::map<std::string, int>{{"d/", 1}, {"e/", 1}, {"e/common/", 1}}));
+}
+
+TEST(Sources, FollowsALongChain) {
+  constexpr int length = 5000;
+  Texts texts;
+  for (int i = 0; i < length; ++i) {
+    texts["f" + std::to_string(i) + ".idl"] = "include \"f" + std::to_string(i + 1) + ".idl\"";
+  }
+  MemoryTree tree(std::move(texts));
+  Sources sources(tree, {});
+  sources.load({"f0.idl"});
+  EXPECT_EQ(sources.files().size(), static_cast<std::size_t>(length));
+  EXPECT_EQ(FirstInclude(sources, length - 2), "f4999.idl");
+}
+
+struct PathCase {
+  const char* name;
+  std::vector<std::string> directories;
+  std::string from;
+  std::string to;
+  std::string path;
+};
+
+using IncludePath = testing::TestWithParam<PathCase>;
+
+TEST_P(IncludePath, IsTheShortestOneThatLeadsToTheFile) {
+  const PathCase& row = GetParam();
+  MemoryTree tree({{"src/nav/a.idl", ""},
+                   {"src/nav/geo/pose.idl", ""},
+                   {"src/geo/pose.idl", ""},
+                   {"src/geo/no_extension", ""},
+                   {"src/geo/a point.idl", ""},
+                   {"src/geo/point.idl", ""}});
+  Sources sources(tree, row.directories);
+  sources.load({row.from, row.to});
+  EXPECT_EQ(sources.includePath(0, 1), row.path);
+}
+
+const std::vector<PathCase> pathCases = {
+    {"Beside", {"src"}, "src/geo/pose.idl", "src/geo/point.idl", "point.idl"},
+    {"Below", {}, "src/nav/a.idl", "src/nav/geo/pose.idl", "geo/pose.idl"},
+    {"FromADirectory", {"src"}, "src/nav/a.idl", "src/geo/point.idl", "geo/point.idl"},
+    {"FromTheInnerDirectory",
+     {"src", "src/geo"},
+     "src/nav/a.idl",
+     "src/geo/point.idl",
+     "point.idl"},
+    {"NotToAFileThatIsHidden", {"src"}, "src/nav/a.idl", "src/geo/pose.idl", "../geo/pose.idl"},
+    {"WithoutDirectories", {}, "src/nav/a.idl", "src/geo/point.idl", "../geo/point.idl"},
+    {"NotWithSpaces", {"src"}, "src/nav/a.idl", "src/geo/a point.idl", ""},
+    {"NotWithoutExtension", {"src"}, "src/nav/a.idl", "src/geo/no_extension", ""},
+};
+
+INSTANTIATE_TEST_SUITE_P(Sources, IncludePath, testing::ValuesIn(pathCases), RowName<PathCase>);
+
+TEST(Slip, IsOneLetterOfALongName) {
+  const auto expect = [](bool isSlip, const std::string& a, const std::string& b) {
+    EXPECT_EQ(IsSlip(a, b), isSlip) << a << " " << b;
+  };
+  for (const char* other : {"statuss.idl", "staus.idl", "stbtus.idl", "sttaus.idl", "status.idk"}) {
+    expect(true, other, "status.idl");
+  }
+  expect(false, "status.idl", "status.idl");
+  expect(false, "sattus.ild", "status.idl");
+  expect(false, "tsatus.idl", "status.idl");
+  expect(false, "Status.idl", "status.idl");
+  expect(false, "xstatus.idl", "status.idl");
+  expect(false, "status2.idl", "status.idl");
+  expect(false, "status2.idl", "status3.idl");
+  expect(false, "status12.idl", "status21.idl");
+  expect(false, "pise.idl", "pose.idl");
+  expect(true, "pouint.idl", "point.idl");
+}
+
+TEST(DiskTree, TellsFilesFromWhatIsNoneAndKnowsThemByAnyPath) {
+  const Scratch scratch;
+  const std::string path = scratch.write("d/a.idl", "text");
+  std::filesystem::create_hard_link(path, scratch.path("hard"));
+  std::filesystem::create_symlink("d/a.idl", scratch.path("soft"));
+  ASSERT_EQ(mkfifo(scratch.path("fifo").c_str(), 0666), 0);
+  DiskTree tree;
+  EXPECT_EQ(tree.look(path).kind, Entry::Kind::File);
+  EXPECT_EQ(tree.look(scratch.path("hard")).id, tree.look(path).id);
+  EXPECT_EQ(tree.look(scratch.path("soft")).id, tree.look(path).id);
+  EXPECT_EQ(tree.look(scratch.path("d")).kind, Entry::Kind::Directory);
+  EXPECT_EQ(tree.look(scratch.path("fifo")).kind, Entry::Kind::Other);
+  EXPECT_EQ(tree.look("/dev/null").kind, Entry::Kind::Other);
+  EXPECT_EQ(tree.look(path + "/b").kind, Entry::Kind::Missing);
+  EXPECT_EQ(tree.look(path + std::string("\0b", 2)).kind, Entry::Kind::Missing);
+  EXPECT_EQ(tree.look(scratch.path(std::string(300, 'n'))).kind, Entry::Kind::Unreadable);
+
+  std::string text;
+  EXPECT_EQ(tree.read(scratch.path("fifo"), text).kind, Entry::Kind::Other);
+  EXPECT_EQ(tree.read(path, text).id, tree.look(path).id);
+  EXPECT_EQ(text, "text");
+  EXPECT_EQ(tree.list(scratch.path(".")), (std::vector<std::string>{"d", "fifo", "hard", "soft"}));
+  EXPECT_EQ(tree.list(scratch.path("none")), std::vector<std::string>());
+}
+
+TEST(Depfile, EscapesWhatMakeReads) {
+  EXPECT_EQ(Depfile("s p", {"a b", "a\\ b", "a\\b", "$a#b", "a\\#"}),
+            "s\\ p: \\\n a\\ b \\\n a\\\\\\ b \\\n a\\b \\\n $$a\\#b \\\n a\\\\#\n"
+            "\na\\ b:\n\na\\\\\\ b:\n\na\\b:\n\n$$a\\#b:\n\na\\\\#:\n");
+}
+
+}  // namespace
+}  // namespace zentho
