@@ -16,6 +16,22 @@ bool IsPunctuation(std::string_view word) {
                       [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
 }
 
+namespace {
+
+/// Returns whether a member, or an element of one, has a built-in type for which this holds.
+template <typename Predicate>
+bool HasMember(const Words& words, const Predicate& holds) {
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words.roles[i] != Role::MemberType) continue;
+    const std::optional<std::string_view> element = ElementType(words.texts[i]);
+    const BuiltinType* const type = element.has_value() ? FindBuiltinType(*element) : nullptr;
+    if (type != nullptr && holds(*type)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 void Checker::checkWord(std::size_t i) {
   switch (words[i].role) {
     case Role::IncludePath:
@@ -198,19 +214,18 @@ NameKind Checker::kindInValue(std::string_view name, std::size_t value) const {
   }
 }
 
-bool Checker::hasIntegerMember() {
+bool Checker::hasIntegerMember() const {
   if (!integerMember.has_value()) {
-    std::size_t i = 0;
-    const auto isInteger = [&](const Word& word) {
-      if (word.role != Role::MemberType) return false;
-      const std::optional<std::string_view> element = ElementType(word.text);
-      const BuiltinType* const type = element.has_value() ? FindBuiltinType(*element) : nullptr;
-      return type != nullptr && type->isInteger;
-    };
-    while (i < words.size() && !isInteger(words[i])) ++i;
-    integerMember = i < words.size();
+    integerMember = HasMember(words, [](const BuiltinType& type) { return type.isInteger; });
   }
   return *integerMember;
+}
+
+bool Checker::isLibraryType(std::string_view type) const {
+  const auto hasInclude = [](const BuiltinType& builtin) {
+    return builtin.isInteger || builtin.keyword == "string";
+  };
+  return IsCppType(type) || (IsCLibraryType(type) && HasMember(words, hasInclude));
 }
 
 }  // namespace zentho

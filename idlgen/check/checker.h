@@ -87,7 +87,10 @@ class Checker {
   }
 
   /// Returns whether a member or an element is an integer, so that the header includes <cstdint>.
-  bool hasIntegerMember();
+  [[nodiscard]] bool hasIntegerMember() const;
+
+  /// Returns whether C++ knows the type, as far as the includes of the header show.
+  [[nodiscard]] bool isLibraryType(std::string_view type) const;
 
   /// Begins the members of a message, request or response, behind this word.
   void startMembers(std::size_t word, std::size_t record, Scope::Part part);
@@ -117,7 +120,7 @@ class Checker {
   Scope scope;
   std::size_t listBegin = 0;
   bool isLibraryChecked = false;
-  std::optional<bool> integerMember;
+  mutable std::optional<bool> integerMember;
   std::size_t requestWord = 0;  ///< Of the service.
   /// The uses in earlier lists stay, which is faster than to remove them.
   std::unordered_map<std::string_view, Uses> uses;

@@ -14,19 +14,17 @@ void Checker::checkMember(std::size_t i) {
   const std::string_view name = words[i - 1].text;
   if (IsPunctuation(name) || FindKeyword(name) == Keyword::Type) return;  // It has been reported.
   if (!IsIdentifier(name)) {
-    checkTypeWord(i);
+    const bool isType = name.find('[') != std::string_view::npos;  // It has been put first.
+    if (!isType) checkTypeWord(i);
     return;
   }
-  Uses& own = uses[name];
-  if (isInList(own.asMember)) report(rules::memberTwice, i - 1, own.asMember);
-  const std::size_t before = findings.size();
   const TypeWord type = checkTypeWord(i);
   // In `int8 x` and `Pose pose`, the type has been put first, and is no member.
-  if (type == TypeWord::Unknown && FindBuiltinType(name) != nullptr) {
-    report(rules::builtinTypeAsName, i - 1);
-  }
-  const bool isReported = findings.size() > before;
-  if (type == TypeWord::Wrong && isReported && lookup.hasRecord(name)) return;
+  const bool isType = FindBuiltinType(name) != nullptr;
+  if (type == TypeWord::Unknown && isType) report(rules::builtinTypeAsName, i - 1);
+  if (type == TypeWord::Wrong && (isType || lookup.hasRecord(name))) return;
+  Uses& own = uses[name];
+  if (isInList(own.asMember)) report(rules::memberTwice, i - 1, own.asMember);
   checkMeaning(i, own);
   own.asMember = i - 1;
 }
@@ -80,7 +78,7 @@ TypeWord Checker::checkTemplate(std::size_t i, std::string_view type) {
     if (findings.size() > before) break;
     if (FindBuiltinType(name) != nullptr && !lookup.mayBeElsewhere(name)) {
       reportPart(rules::builtinInTemplate, i, name);
-    } else if (!IsCppType(name) && FindKeyword(name) == Keyword::None &&
+    } else if (!isLibraryType(name) && FindKeyword(name) == Keyword::None &&
                declarations.item(file, name) == noWord &&
                lookup.findType(name, scope).result == Result::Unknown) {
       reportPart(rules::notDeclared, i, name);
@@ -118,7 +116,7 @@ TypeWord Checker::checkName(std::size_t i, std::string_view type, bool isVector)
   const std::vector<std::string_view> parts = Components(type);
   if (!checkParts(i, parts)) return TypeWord::Wrong;
   const Found found = lookup.findType(type, scope);
-  const bool isUnknown = found.result == Result::Unknown && !IsCppType(type);
+  const bool isUnknown = found.result == Result::Unknown && !isLibraryType(type);
   const bool isPath = parts.size() > 1;
   if (!isPath && !isUnknown && scope.part == Scope::Part::Response && type == "request") {
     reportPart(rules::hiddenByMember, i, type, requestWord);
@@ -184,7 +182,7 @@ const Rule* Checker::ruleFor(const Found& found, std::string_view type, bool isV
     case Result::LaterPart:
       return &rules::responseInRequest;
     case Result::Unknown:
-      return IsCppType(type) ? nullptr : &rules::notDeclared;
+      return isLibraryType(type) ? nullptr : &rules::notDeclared;
   }
   return nullptr;
 }

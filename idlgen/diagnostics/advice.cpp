@@ -99,6 +99,10 @@ bool HasFixedSize(std::string_view word) {
   return opening != npos && IsNumber(word.substr(opening + 1, closing - opening - 1));
 }
 
+std::ptrdiff_t OpenBrackets(std::string_view word) {
+  return std::count(word.begin(), word.end(), '[') - std::count(word.begin(), word.end(), ']');
+}
+
 bool IsTemplateOf(std::string_view word, std::initializer_list<std::string_view> templates) {
   const std::string_view name = word.substr(0, word.find('<'));
   const std::string_view last = name.substr(name.rfind('.') + 1);
@@ -125,11 +129,11 @@ constexpr SignRow characterRows[] = {
     {all, Has<'\r'>, "end lines with LF, not with CR LF"},
     {all, [](std::string_view word) { return Contains(word, byteOrderMark); },
      "save the file without a byte order mark"},
+    {all, [](std::string_view word) { return IsGlued(word, '{'); }, R"(put a space before "{")"},
     {all, IsGluedBeforeSeparator<';'>, R"(put spaces around "}" and delete the ";")"},
     {all, IsGluedBeforeSeparator<','>, R"(put spaces around "}" and delete the ",")"},
     {all, [](std::string_view word) { return IsGlued(word, '}') && word.front() != '}'; },
      R"(put spaces around "}")"},
-    {all, [](std::string_view word) { return IsGlued(word, '{'); }, R"(put a space before "{")"},
 };
 
 /// Of equals signs, and of parentheses around them.
@@ -143,7 +147,7 @@ constexpr SignRow assignmentRows[] = {
 };
 
 constexpr SignRow formRows[] = {
-    {members, IsTypeWord, R"(put the name first, as in "x: int8")"},
+    {members, LooksLikeType, R"(put the name first, as in "x: int8")"},
     {types,
      [](std::string_view word) {
        return IsTemplateOf(word, {"map", "unordered_map"});
@@ -154,6 +158,7 @@ constexpr SignRow formRows[] = {
        return IsTemplateOf(word, {"vector", "list", "sequence"});
      },
      R"(vectors are written as "[int8]")"},
+    {names | types, HasFixedSize, "there are no arrays of a fixed size"},
     {all & ~paths, [](std::string_view word) { return Contains(word, ";"); }, R"(delete the ";")"},
     {paths, [](std::string_view word) { return EndsWith(word, ";"); }, R"(delete the ";")"},
     {all & ~paths,
@@ -164,17 +169,11 @@ constexpr SignRow formRows[] = {
     {statements | names, [](std::string_view word) { return StartsWith(word, "@"); },
      "there are no annotations"},
     {names | types, [](std::string_view word) { return word == "[" || word == "]"; }, oneWordType},
-    {names | types, HasFixedSize, "there are no arrays of a fixed size"},
     {types, [](std::string_view word) { return word.find_first_not_of("[]") == npos; },
      R"(the type of the elements is missing, as in "[int8]")"},
-    {types, [](std::string_view word) { return StartsWith(word, "[") && !Contains(word, "]"); },
+    {types, [](std::string_view word) { return StartsWith(word, "[") && OpenBrackets(word) > 0; },
      R"(a "]" is missing at its end)"},
-    {types,
-     [](std::string_view word) {
-       return std::count(word.begin(), word.end(), '[') !=
-              std::count(word.begin(), word.end(), ']');
-     },
-     "count the brackets"},
+    {types, [](std::string_view word) { return OpenBrackets(word) != 0; }, "count the brackets"},
     {names | types, Has<'['>, bracketsAround},
     {types, [](std::string_view word) { return word.find_first_of("*&") != npos; },
      "there are no pointers and references"},
@@ -369,8 +368,10 @@ std::string_view SimilarKeyword(std::string_view word) {
   return similar.found();
 }
 
-bool IsTypeWord(std::string_view word) {
-  return FindBuiltinType(word) != nullptr || FindKeyword(word) == Keyword::Type;
+bool LooksLikeType(std::string_view word) {
+  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
+  const std::string_view element = word.substr(begin, word.find_first_of("[]", begin) - begin);
+  return FindBuiltinType(element) != nullptr || FindKeyword(element) == Keyword::Type;
 }
 
 bool IsQualifier(std::string_view word) {

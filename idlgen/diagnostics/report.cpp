@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <set>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -120,9 +119,12 @@ class Selection {
   }
 
   [[nodiscard]] std::string adviceFor(const Finding& finding) {
-    std::string advice = AdviceFor(finding, recovery.file);
+    std::string advice;
     const bool isUnknown = finding.rule->hint == Hint::SimilarType;
-    return advice.empty() && isUnknown ? others.typeAdvice(finding.text) : advice;
+    const bool isPath = finding.text.find('.') != std::string_view::npos;
+    if (isUnknown && isPath) advice = others.typeAdvice(finding.text);
+    if (advice.empty()) advice = AdviceFor(finding, recovery.file);
+    return advice.empty() && isUnknown && !isPath ? others.typeAdvice(finding.text) : advice;
   }
 
   /// Returns whether the same has been said about a form of the same line. An example in the advice
@@ -132,14 +134,14 @@ class Selection {
     const bool isForm = finding.rule->hint == Hint::Form || general == "put the name first";
     if (!isForm || general.empty()) return false;
     const std::size_t line = recovery.file.places[finding.word].lineNumber;
-    return !given.insert({line, finding.rule, general}).second;
+    return !given.insert({line, general}).second;
   }
 
   std::string_view text;
   const Recovery& recovery;
   OtherFiles& others;
   std::vector<Diagnostic> diagnostics;
-  std::set<std::tuple<std::size_t, const Rule*, std::string>> given;  ///< Advice about lines.
+  std::set<std::pair<std::size_t, std::string>> given;  ///< Advice about lines.
   std::size_t notShown = 0;
   bool isIncludeNoted = false;
 };

@@ -23,7 +23,9 @@ std::vector<Word> WithRoles(const LocatedWords& file, WordRange range) {
   for (std::size_t i = range.first; i < range.end; ++i) {
     const bool isExtra = i > range.first && i + 1 == range.end;
     const bool isName = !isExtra && ((i - range.first) % 2 == 0) != isSecond;
-    const Role role = !IsInList(first) ? Role::Statement : isName ? name : second;
+    // After a pair, "=" begins a default value.
+    const bool isDefault = i >= range.first + 2 && file.text(i) == "=";
+    const Role role = !IsInList(first) ? Role::Statement : isName || isDefault ? name : second;
     words.push_back({file.text(i), role});
   }
   if (!IsInList(first)) words.front().role = first;

@@ -49,6 +49,10 @@ TypeNames DeclaredTypes(const LocatedWords& file);
 /// two lines.
 bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
 
+/// Returns whether a word on the line of this one, in its list, qualifies a declaration, as in
+/// `1: required int32 x`.
+bool IsInQualifiedLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
+
 /// Finds the cause in the characters of the words or in two colons between them, and what is read
 /// instead. Returns whether there is one.
 bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix);

@@ -49,6 +49,19 @@ class List {
     return file.role(begin - 2) == Role::Part && file.text(begin - 2) == "request";
   }
 
+  /// Returns whether a word qualifies a declaration on the line, as in other languages. If it has a
+  /// place in a pair, it is a name.
+  [[nodiscard]] bool isQualified(WordRange line) const { return qualifierIn(line) < line.end; }
+
+  [[nodiscard]] std::size_t qualifierIn(WordRange line) const {
+    const auto isQualifier = [&](std::size_t i) {
+      return IsQualifier(file.text(i)) && !IsBeforeColon(file, i);
+    };
+    std::size_t i = line.end - line.first < 3 ? line.end : line.first;
+    while (i < line.end && !isQualifier(i)) ++i;
+    return i;
+  }
+
   /// Finds the cause in the number of the words of a line.
   void count(WordRange line, Fix& fix) const {
     const auto set = [&](const Rule& rule, std::size_t word) {
@@ -95,7 +108,8 @@ class List {
     text = text.substr(0, text.find_last_not_of(";,") + 1);
     const bool isName = IsIdentifier(text) && FindKeyword(text) == Keyword::None &&
                         FindBuiltinType(text) == nullptr;
-    return !isName || (!isEnum() && types.count(text) > 0 && !IsBeforeColon(file, i));
+    if (!isName) return text.find('=') == std::string_view::npos;
+    return !isEnum() && types.count(text) > 0 && !IsBeforeColon(file, i);
   }
 
   const LocatedWords& file;
@@ -103,23 +117,10 @@ class List {
   std::size_t begin;
 };
 
-/// Finds a word that qualifies a declaration in another language.
-bool FindQualifier(const LocatedWords& file, WordRange line, const List& list, Fix& fix) {
-  if (line.end - line.first < 2) return false;
-  for (std::size_t i = line.first; i < line.end; ++i) {
-    if (!IsQualifier(file.text(i)) || IsBeforeColon(file, i)) continue;
-    fix.rule = list.isEnum() ? &rules::extraWordOfValue : &rules::extraWordOfType;
-    fix.word = i;
-    fix.text = file.text(i);
-    return true;
-  }
-  return false;
-}
-
 /// Finds a type in place of the name.
 bool BeginsWithType(const LocatedWords& file, WordRange line, Fix& fix) {
   const std::string_view first = file.text(line.first);
-  if (line.end - line.first < 2 || !IsTypeWord(first) || IsBeforeColon(file, line.first)) {
+  if (line.end - line.first < 2 || !LooksLikeType(first) || IsBeforeColon(file, line.first)) {
     return false;
   }
   fix.rule = &rules::notAName;
@@ -190,6 +191,11 @@ TypeNames DeclaredTypes(const LocatedWords& file) {
   return types;
 }
 
+bool IsInQualifiedLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
+  const List list(file, types, word);
+  return list.isQualified(list.lineOf(word));
+}
+
 bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
   const WordRange line = List(file, types, word).firstWrongLine(word);
   return line.first < line.end;
@@ -202,8 +208,9 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
   const bool isLine = line.first < line.end;
   const bool isSecond = file.role(word) == Role::MemberType || file.role(word) == Role::ItemValue;
   const WordRange pair = {isSecond ? word - 1 : word, word + 1};
-  const bool isCppName = IsJoinedByColons(file, word);  // Also in a line of pairs.
-  const WordRange range = isLine ? line : isCppName ? list.lineOf(word) : pair;
+  // Also a line of pairs may be wrong as a whole.
+  const bool isWhole = IsJoinedByColons(file, word) || list.isQualified(list.lineOf(word));
+  const WordRange range = isLine ? line : isWhole ? list.lineOf(word) : pair;
 
   Fix fix{&FormRule(file.role(word)), word, file.text(word), {}, range};
   if (FindCharacterCause(file, range, fix)) return fix;
@@ -213,7 +220,12 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
                           "{") != texts + static_cast<std::ptrdiff_t>(line.end)) {
     return FixBlock(file, line, list);
   }
-  if (isLine && FindQualifier(file, line, list, fix)) return fix;
+  if (list.isQualified(range)) {
+    fix.rule = list.isEnum() ? &rules::extraWordOfValue : &rules::extraWordOfType;
+    fix.word = list.qualifierIn(range);
+    fix.text = file.text(fix.word);
+    return fix;
+  }
   if (FindFormCause(file, Signs::Assignments, range, fix)) return fix;
   if (isLine && !list.isEnum() && BeginsWithType(file, line, fix)) return fix;
   if (FindFormCause(file, Signs::Forms, range, fix)) return fix;

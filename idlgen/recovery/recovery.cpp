@@ -138,9 +138,13 @@ std::optional<Fix> Recovery::fixOfFindings() const {
     }
     std::size_t listEnd = first;
     while (IsInList(file.role(listEnd))) ++listEnd;
+    const std::size_t begin = next;
     while (next < findings.size() && findings[next].word < listEnd) ++next;
     const std::size_t last = findings[next - 1].word;
     if (HasWrongLine(file, types, last)) return FixList(file, last);
+    for (std::size_t i = begin; i < next; ++i) {
+      if (IsInQualifiedLine(file, types, findings[i].word)) return FixList(file, findings[i].word);
+    }
   }
   return std::nullopt;
 }
