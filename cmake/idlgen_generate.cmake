@@ -1,36 +1,44 @@
 # idlgen_generate(TARGET <target> FILES <file>... [BASE_DIR <directory>...]
-#                 [DEPENDS <target or file>...])
+#                 [INCLUDE_DIRS <directory>...] [DEPENDS <target or file>...] [WERROR])
 #
 # doc/builds.md describes the arguments.
 cmake_policy(VERSION 3.23)
+include("${CMAKE_CURRENT_LIST_DIR}/idlgen_program.cmake")
 
 # A cache entry of the project shows wherever a variable is not set. So all variables are set first,
 # and the arguments get a prefix that no project uses.
 function(idlgen_generate)
-  cmake_parse_arguments(PARSE_ARGV 0 _idlgen "" "" "TARGET;FILES;BASE_DIR;DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 0 _idlgen
+                        "WERROR" "" "TARGET;FILES;BASE_DIR;INCLUDE_DIRS;DEPENDS")
   _idlgen_check_arguments()
   _idlgen_get_base_dirs(bases)
-  set(include "${CMAKE_CURRENT_BINARY_DIR}/${_idlgen_TARGET}.idlgen/include")
+  set(directory "${CMAKE_CURRENT_BINARY_DIR}/${_idlgen_TARGET}.idlgen")
+  set(include "${directory}/include")
   set(idls "")
   set(names "")
+  set(used_bases "")
   foreach(file IN LISTS _idlgen_FILES)
-    _idlgen_locate("${file}" "${bases}" idl name)
+    _idlgen_locate("${file}" "${bases}" idl name base)
     _idlgen_check_path("${include}/${name}")
     list(APPEND idls "${idl}")
     list(APPEND names "${name}")
+    list(APPEND used_bases "${base}")
   endforeach()
   _idlgen_check_names("${_idlgen_FILES}" "${names}")
+  _idlgen_get_search_dirs("${used_bases}" search)
+  _idlgen_get_dependencies(depends)
   foreach(idl name IN ZIP_LISTS idls names)
-    _idlgen_add_command("${idl}" "${include}" "${name}" "${_idlgen_DEPENDS}")
+    _idlgen_add_command("${idl}" "${include}" "${name}" "${depends}")
   endforeach()
   _idlgen_remove_other_headers("${include}" "${names}")
   _idlgen_add_library("${_idlgen_TARGET}" "${include}" "${names}")
+  _idlgen_add_check("${_idlgen_TARGET}" "${idls}" "${search}" "${directory}" "${depends}")
 endfunction()
 
 # Checks the arguments of the calling idlgen_generate.
 function(_idlgen_check_arguments)
-  # The DEPENDS of a project may be a variable that is empty.
-  list(REMOVE_ITEM _idlgen_KEYWORDS_MISSING_VALUES DEPENDS)
+  # These may be variables of the project that are empty.
+  list(REMOVE_ITEM _idlgen_KEYWORDS_MISSING_VALUES DEPENDS INCLUDE_DIRS)
   if(_idlgen_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "idlgen_generate: unknown argument: ${_idlgen_UNPARSED_ARGUMENTS}")
   endif()
@@ -49,25 +57,67 @@ function(_idlgen_check_arguments)
   if(NOT TARGET idlgen::idlgen-header)
     message(FATAL_ERROR "idlgen_generate: there is no idlgen-header to run")
   endif()
+  if(IDLGEN_HEADER_EXECUTABLE)
+    _idlgen_report_ignored("${IDLGEN_HEADER_EXECUTABLE}")
+  endif()
 endfunction()
 
 # Returns the base directories of the calling idlgen_generate, inner ones before outer ones.
 function(_idlgen_get_base_dirs variable)
-  if("${_idlgen_BASE_DIR}" STREQUAL "")
-    set(_idlgen_BASE_DIR "${CMAKE_CURRENT_SOURCE_DIR}")
-  endif()
-  set(bases "${CMAKE_CURRENT_BINARY_DIR}")
-  foreach(base IN LISTS _idlgen_BASE_DIR)
-    cmake_path(ABSOLUTE_PATH base NORMALIZE)
-    list(APPEND bases "${base}")
-  endforeach()
+  _idlgen_get_given_bases(bases)
+  list(APPEND bases "${CMAKE_CURRENT_BINARY_DIR}")
   list(SORT bases ORDER DESCENDING)
   set(${variable} "${bases}" PARENT_SCOPE)
 endfunction()
 
-# Returns the absolute path of an IDL file and the name of its header: its path relative to the
-# innermost base directory that contains it.
-function(_idlgen_locate file bases idl_variable name_variable)
+function(_idlgen_get_given_bases variable)
+  if("${_idlgen_BASE_DIR}" STREQUAL "")
+    set(_idlgen_BASE_DIR "${CMAKE_CURRENT_SOURCE_DIR}")
+  endif()
+  set(bases "")
+  foreach(base IN LISTS _idlgen_BASE_DIR)
+    cmake_path(ABSOLUTE_PATH base NORMALIZE)
+    list(APPEND bases "${base}")
+  endforeach()
+  set(${variable} "${bases}" PARENT_SCOPE)
+endfunction()
+
+# Returns the directories in which the check searches included files: the base directories in the
+# order given, the current binary directory only if it is that of a file, and INCLUDE_DIRS.
+function(_idlgen_get_search_dirs used_bases variable)
+  _idlgen_get_given_bases(directories)
+  list(APPEND directories ${used_bases})
+  foreach(directory IN LISTS _idlgen_INCLUDE_DIRS)
+    cmake_path(ABSOLUTE_PATH directory NORMALIZE)
+    _idlgen_make_binary_dir("${directory}")
+    if(NOT IS_DIRECTORY "${directory}")
+      message(FATAL_ERROR "idlgen_generate: directory not found: ${directory}")
+    endif()
+    list(APPEND directories "${directory}")
+  endforeach()
+  list(REMOVE_DUPLICATES directories)
+  set(search "")
+  foreach(directory IN LISTS directories)
+    _idlgen_check_path("${directory}")
+    _idlgen_make_binary_dir("${directory}")
+    if(IS_DIRECTORY "${directory}")
+      list(APPEND search "${directory}")
+    endif()
+  endforeach()
+  set(${variable} "${search}" PARENT_SCOPE)
+endfunction()
+
+# Makes a directory of the binary tree: what generates IDL files may do so too late for the check.
+function(_idlgen_make_binary_dir directory)
+  cmake_path(IS_PREFIX CMAKE_BINARY_DIR "${directory}" NORMALIZE is_binary)
+  if(is_binary)
+    file(MAKE_DIRECTORY "${directory}")
+  endif()
+endfunction()
+
+# Returns the absolute path of an IDL file, the innermost base directory that contains it, and the
+# name of its header: its path relative to that directory.
+function(_idlgen_locate file bases idl_variable name_variable base_variable)
   cmake_path(ABSOLUTE_PATH file NORMALIZE OUTPUT_VARIABLE idl)
   get_source_file_property(generated "${idl}" GENERATED)
   if(NOT generated AND (NOT EXISTS "${idl}" OR IS_DIRECTORY "${idl}"))
@@ -94,6 +144,7 @@ function(_idlgen_locate file bases idl_variable name_variable)
   cmake_path(REPLACE_EXTENSION name LAST_ONLY .h)
   set(${idl_variable} "${idl}" PARENT_SCOPE)
   set(${name_variable} "${name}" PARENT_SCOPE)
+  set(${base_variable} "${base}" PARENT_SCOPE)
 endfunction()
 
 # Checks that the headers have different names, and that none is a directory of another one.
@@ -126,22 +177,29 @@ function(_idlgen_report_duplicate files names)
   endforeach()
 endfunction()
 
-# Adds the command that generates one header.
-function(_idlgen_add_command idl include name depends)
-  # Ninja compiles nothing again if a command leaves the header as it is. make would repeat the
-  # command in each build.
-  set(options "")
-  if(CMAKE_GENERATOR MATCHES "^Ninja")
-    set(options --if-changed)
-  endif()
+# Returns what all commands of the calling idlgen_generate depend on.
+function(_idlgen_get_dependencies variable)
+  set(depends idlgen::idlgen-header ${_idlgen_DEPENDS})
   get_target_property(stamp idlgen::idlgen-header IDLGEN_STAMP)
   if(stamp)
     list(APPEND depends "${stamp}")
   endif()
+  set(${variable} "${depends}" PARENT_SCOPE)
+endfunction()
+
+# Adds the command that generates one header.
+function(_idlgen_add_command idl include name depends)
+  # -w: the check has shown the warnings.
+  set(options -w)
+  # Ninja compiles nothing again if a command leaves the header as it is. make would repeat the
+  # command in each build.
+  if(CMAKE_GENERATOR MATCHES "^Ninja")
+    list(APPEND options --if-changed)
+  endif()
   add_custom_command(
     OUTPUT "${include}/${name}"
     COMMAND idlgen::idlgen-header ${options} "${idl}" "${include}/${name}"
-    DEPENDS "${idl}" idlgen::idlgen-header ${depends}
+    DEPENDS "${idl}" ${depends}
     COMMENT "Generating ${name}"
     VERBATIM)
 endfunction()
@@ -168,91 +226,41 @@ function(_idlgen_add_library target include names)
   target_include_directories("${target}" SYSTEM INTERFACE "$<BUILD_INTERFACE:${include}>")
 endfunction()
 
-# idlgen_import_program(<installed> <variable>)
-#
-# Creates the imported target idlgen::idlgen-header:
-#   - for the program that IDLGEN_HEADER_EXECUTABLE names, if set,
-#   - otherwise, in a cross build, for one from the PATH of the build machine,
-#   - otherwise, for the installed program.
-# Sets the variable to an error message if there is no such program, otherwise to an empty string.
-function(idlgen_import_program installed problem_variable)
-  set(IDLGEN_HEADER_EXECUTABLE "" CACHE FILEPATH "The idlgen-header to run, if not the default")
-  set(program "${installed}")
-  set(problem "The program is missing from its package: ${program}")
-  if(IDLGEN_HEADER_EXECUTABLE)
-    set(program "${IDLGEN_HEADER_EXECUTABLE}")
-    set(problem "IDLGEN_HEADER_EXECUTABLE is not the absolute path of a program: ${program}")
-  elseif(CMAKE_CROSSCOMPILING)
-    _idlgen_search_path(program)
-    set(problem "This is a cross build, and there is no idlgen-header for the build machine in its \
-PATH. Install one there or set IDLGEN_HEADER_EXECUTABLE to it.")
-  endif()
-  _idlgen_check_path("${program}")
-  _idlgen_is_program("${program}" works)
-  if(works)
-    set(problem "")
-    _idlgen_create_target("${program}")
-  endif()
-  set(${problem_variable} "${problem}" PARENT_SCOPE)
-endfunction()
+# Adds the target that checks the IDL files, together with those that they include, before their
+# headers are generated.
+function(_idlgen_add_check target idls search directory depends)
+  # Targets that link this one search its directories. They learn of them by a property of which
+  # programs see nothing. Include directories would not do: install(EXPORT) would write them, and
+  # they cannot be read if they depend on the language of a source file.
+  set(entries "${search}")
+  list(TRANSFORM entries PREPEND "$<BUILD_INTERFACE:$<$<BOOL:$<TARGET_PROPERTY:IDLGEN_TARGET>>:-I")
+  list(TRANSFORM entries APPEND ">>")
+  set_target_properties("${target}" PROPERTIES
+    IDLGEN_TARGET TRUE INTERFACE_LINK_DEPENDS "${entries}")
 
-# Returns whether the path is that of an executable file, and absolute.
-function(_idlgen_is_program path variable)
-  cmake_path(IS_ABSOLUTE path absolute)
-  execute_process(COMMAND test -f "${path}" -a -x "${path}" RESULT_VARIABLE status)
-  set(works FALSE)
-  if(absolute AND status EQUAL 0)
-    set(works TRUE)
+  # What a target links may depend on the configuration.
+  set(check "${directory}/check")
+  get_property(multi_config GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)
+  if(multi_config)
+    string(APPEND check "/$<CONFIG>")
   endif()
-  set(${variable} ${works} PARENT_SCOPE)
-endfunction()
+  set(linked "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
+  set(options "$<REMOVE_DUPLICATES:$<FILTER:${linked},INCLUDE,^-I>>")
+  list(JOIN idls "\n" lines)
+  file(GENERATE OUTPUT "${check}/arguments" CONTENT "$<JOIN:${options},\n>\n${lines}\n")
 
-# Searches the PATH for idlgen-header. Keeps the result, because an IDE may configure again with
-# another PATH.
-function(_idlgen_search_path variable)
-  _idlgen_is_program("${_IDLGEN_HEADER_IN_PATH}" works)
-  if(NOT works)
-    unset(_IDLGEN_HEADER_IN_PATH CACHE)
+  set(werror "")
+  if(_idlgen_WERROR)
+    set(werror --werror)
   endif()
-  find_program(_IDLGEN_HEADER_IN_PATH idlgen-header PATHS ENV PATH
-               NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
-  set_property(CACHE _IDLGEN_HEADER_IN_PATH PROPERTY TYPE INTERNAL)
-  set(${variable} "${_IDLGEN_HEADER_IN_PATH}" PARENT_SCOPE)
-endfunction()
-
-function(_idlgen_create_target program)
-  if(TARGET idlgen::idlgen-header)
-    get_target_property(first idlgen::idlgen-header IMPORTED_LOCATION)
-    if(NOT first)
-      set(first "the idlgen-header that it builds")
-    endif()
-    file(REAL_PATH "${first}" first_file)
-    file(REAL_PATH "${program}" file)
-    if(NOT first_file STREQUAL file)
-      message(WARNING "This build generates headers with ${first}. It ignores ${program}.")
-    endif()
-    return()
-  endif()
-  _idlgen_check_path("${CMAKE_BINARY_DIR}")
-
-  # A program with other contents may be older than the headers. They also depend on the stamp, which
-  # is written only if the contents have changed.
-  set(stamp "${CMAKE_BINARY_DIR}/idlgen-header.sha256")
-  file(SHA256 "${program}" hash)
-  file(CONFIGURE OUTPUT "${stamp}" CONTENT "${hash}\n")
-  add_executable(idlgen::idlgen-header IMPORTED GLOBAL)
-  set_target_properties(idlgen::idlgen-header PROPERTIES
-    IMPORTED_LOCATION "${program}" IDLGEN_STAMP "${stamp}")
-endfunction()
-
-# CMake writes some characters to build files unquoted. Ninja, make or the shell would then read
-# another path, or several.
-function(_idlgen_check_path path)
-  set(unsupported "[][?#<>|\\;\t\r\n]|\\$\\(")
-  if(CMAKE_GENERATOR MATCHES "Makefiles")
-    string(APPEND unsupported "|[*:%]")
-  endif()
-  if(path MATCHES "${unsupported}")
-    message(FATAL_ERROR "idlgen: CMake does not support \"${CMAKE_MATCH_0}\" in the path ${path}")
-  endif()
+  add_custom_command(
+    OUTPUT "${check}/stamp"
+    COMMAND idlgen::idlgen-header --check ${werror}
+            --stamp "${check}/stamp" --depfile "${check}/stamp.d" "@${check}/arguments"
+    DEPENDS ${idls} "${check}/arguments" ${depends}
+    DEPFILE "${check}/stamp.d"
+    COMMENT "Checking the IDL files of ${target}"
+    VERBATIM)
+  add_custom_target("${target}_check" DEPENDS "${check}/stamp")
+  add_dependencies("${target}_generate" "${target}_check")
 endfunction()

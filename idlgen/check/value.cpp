@@ -77,6 +77,7 @@ ValueFault GrammarError(std::string_view word, const std::vector<ValueToken>& to
 
 /// Returns whether the word is a number of at most 64 bits, as most values are.
 bool IsPlainNumber(std::string_view word) {
+  if (word.size() > 1 && word.front() == '-') word.remove_prefix(1);
   const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
   const auto isHexadecimal = [&](char byte) {
     return isDigit(byte) || ((byte | 0x20) >= 'a' && (byte | 0x20) <= 'f');

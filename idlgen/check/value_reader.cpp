@@ -42,11 +42,15 @@ enum class TypeKind : std::uint8_t {
   Elsewhere,  ///< Perhaps a type, and perhaps declared in another file.
 };
 
+bool IsUnknown(TypeKind type) {
+  return type == TypeKind::Unknown || type == TypeKind::Elsewhere;
+}
+
 /// Reads the tokens of one value, by this grammar:
 ///
-///     list   = binary { "," binary }
-///     binary = unary { OPERATOR unary }
-///     unary  = { OPERATOR | "sizeof" | "(" TYPE ")" } operand
+///     list    = binary { "," binary }
+///     binary  = unary { OPERATOR unary }
+///     unary   = { OPERATOR | "sizeof" | "(" TYPE ")" } operand
 ///     operand = LITERAL | NAME | "(" list ")" | "sizeof" "(" TYPE ")" | TYPE "(" list ")" | call
 ///
 /// Skips what is in the parentheses of other calls and casts. Each function that reads or skips
@@ -158,18 +162,20 @@ ValueReader::Group ValueReader::readGroup(bool isAfterSizeof) {
   const Group ofType = isAfterSizeof ? Group::Operand : Group::Cast;
   const std::size_t begin = position;
   const std::string_view name = isAt(begin + 1, Kind::Name) ? textAt(begin + 1) : "";
-  const TypeKind type = name.empty() ? TypeKind::None : typeOf(name);
-  const bool isUnknown = type == TypeKind::Unknown || type == TypeKind::Elsewhere;
-  const bool isType =
-      isUnknown ? isAfterSizeof || beginsOperand(begin + 3) : type != TypeKind::None;
-  if (isType && textAt(begin + 2) == ")") {
-    position += 3;
-    const bool isUsable = (isAfterSizeof && type == TypeKind::Floating) || useType(name, type);
-    return isUsable ? ofType : Group::Nothing;
+  if (!name.empty() && textAt(begin + 2) == ")") {
+    const TypeKind type = typeOf(name);
+    const bool isType =
+        IsUnknown(type) ? isAfterSizeof || beginsOperand(begin + 3) : type != TypeKind::None;
+    if (isType) {
+      position += 3;
+      const bool isUsable = (isAfterSizeof && type == TypeKind::Floating) || useType(name, type);
+      return isUsable ? ofType : Group::Nothing;
+    }
   }
   if (readParentheses()) return Group::Operand;
   position = begin;
-  const bool beginsType = type != TypeKind::None || name == "void" || name == "decltype";
+  const bool beginsType =
+      name == "void" || name == "decltype" || (!name.empty() && typeOf(name) != TypeKind::None);
   return beginsType && skipTypeInParentheses() ? ofType : Group::Nothing;
 }
 
@@ -234,11 +240,10 @@ bool ValueReader::readName() {
 /// Reads the parentheses in `int(A)`. Those of an unknown name may be a call.
 bool ValueReader::readConversion(std::string_view name, TypeKind type) {
   const std::size_t begin = position;
-  const bool isUnknown = type == TypeKind::Unknown || type == TypeKind::Elsewhere;
   if (!useType(name, type)) return false;
   if (textAt(begin + 1) == ")") return skipCalls();
   const bool isRead = readParentheses();
-  if (!isUnknown || (isRead && textAt(position) != "(")) return isRead;
+  if (!IsUnknown(type) || (isRead && textAt(position) != "(")) return isRead;
   position = begin;
   return skipCalls();
 }

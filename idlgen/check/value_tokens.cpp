@@ -60,6 +60,9 @@ constexpr auto longSigns = Table<std::string_view>(
      "++",  "--",  "+=",  "-=",  "*=",  "/=", "%=", "^=", "&=", "|=", "//", "/*", "<%", "%>"});
 
 std::string_view SignAt(std::string_view text) {
+  if (text.size() < 2 || std::string_view("=<>&|+-*/%.").find(text[1]) == npos) {
+    return text.substr(0, 1);
+  }
   const auto* const sign =
       std::find_if(longSigns.begin(), longSigns.end(),
                    [&](std::string_view row) { return text.substr(0, row.size()) == row; });
@@ -67,13 +70,13 @@ std::string_view SignAt(std::string_view text) {
 }
 
 bool IsAllowed(std::string_view sign) {
-  constexpr auto comparisons = Table<std::string_view>({"==", "!=", "<=", ">=", "<=>"});
+  if (sign.size() == 1) return std::string_view("+-*/%&|^<>~!.,()[]").find(sign) != npos;
   constexpr auto forbidden = Table<std::string_view>({"++", "--", "//", "/*", "<%", "%>"});
+  constexpr auto comparisons = Table<std::string_view>({"==", "!=", "<=", ">=", "<=>"});
   const auto isIn = [&](const auto& signs) {
     return std::find(signs.begin(), signs.end(), sign) != signs.end();
   };
-  if (sign.find_first_not_of("+-*/%&|^<>=~!.,()[]") != npos || isIn(forbidden)) return false;
-  return sign.back() != '=' || isIn(comparisons);
+  return sign.back() == '=' ? isIn(comparisons) : !isIn(forbidden);
 }
 
 ValueToken FirstToken(std::string_view text) {

@@ -35,10 +35,7 @@ class Run {
     std::string errors = directoryErrors();
     if (!errors.empty()) return {false, std::move(errors)};
     Outcome result{true, {}};
-    std::vector<const SourceFile*> files;
-    for (const SourceFile& file : sources.files()) files.push_back(&file);
-    Examination examination(
-        files, [&](std::size_t from, std::size_t to) { return sources.includePath(from, to); });
+    Examination examination(sources);
     for (const Sources::Named& named : sources.named()) {
       append(examineNamed(examination, named), result);
     }

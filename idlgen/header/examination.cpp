@@ -26,8 +26,16 @@ bool IsWarning(const Finding& finding) {
 
 }  // namespace
 
-Examination::Examination(std::vector<const SourceFile*> sourceFiles, IncludePath includePathOf)
-    : files(std::move(sourceFiles)), includePath(std::move(includePathOf)) {
+Examination::Examination(Sources& readSources) : sources(&readSources) {
+  for (const SourceFile& file : readSources.files()) files.push_back(&file);
+  addFiles();
+}
+
+Examination::Examination(const SourceFile& file) : files({&file}) {
+  addFiles();
+}
+
+void Examination::addFiles() {
   recoveries.resize(files.size());
   for (std::size_t i = 0; i < files.size(); ++i) {
     const SourceFile& file = *files[i];
@@ -128,8 +136,8 @@ const LocatedWords& Examination::words(std::size_t file) {
 std::string Examination::typeAdvice(std::string_view type) {
   const KnownTypes types(check, current);
   const std::vector<std::size_t> others = types.filesThatDeclare(type);
-  for (const std::size_t other : others) {
-    const std::string included = includePath ? includePath(current, other) : std::string();
+  for (const std::size_t other : others) {  // Never if the file is alone.
+    const std::string included = sources->includePath(current, other);
     if (!included.empty()) return "is \"" + included + "\" to be included?";
   }
   return others.empty() ? DidYouMean(types.mostSimilar(type)) : std::string();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,22 +13,24 @@
 #include "header/examine.h"
 #include "recovery/recovery.h"
 #include "sources/source_file.h"
+#include "sources/sources.h"
 
 namespace zentho {
 
 /// Examines IDL files together: all that have been read in a run, which may include each other.
 class Examination final : private OtherFiles {
  public:
-  /// Returns the shortest path by which one file can include another one, or nothing.
-  using IncludePath = std::function<std::string(std::size_t from, std::size_t to)>;
+  /// Examines all files that have been read. Refers to them.
+  explicit Examination(Sources& readSources);
 
-  /// Refers to the files.
-  Examination(std::vector<const SourceFile*> sourceFiles, IncludePath includePathOf);
+  /// Examines one file alone. Refers to it.
+  explicit Examination(const SourceFile& file);
 
   /// Returns the messages about one of the files.
   [[nodiscard]] Outcome examine(std::size_t file, Warnings warnings);
 
  private:
+  void addFiles();
   void recoverFrom(std::size_t file);
   [[nodiscard]] std::vector<std::size_t> pathsRead(std::size_t file) const;
   [[nodiscard]] std::vector<Finding> findings(std::size_t file);
@@ -39,7 +40,7 @@ class Examination final : private OtherFiles {
   [[nodiscard]] std::string typeAdvice(std::string_view type) override;
 
   std::vector<const SourceFile*> files;
-  IncludePath includePath;
+  Sources* sources = nullptr;  ///< Unless the file is alone.
   FilesCheck check;
   std::vector<std::unique_ptr<Recovery>> recoveries;  ///< Of files that have been recovered.
   std::size_t current = 0;                            ///< The file that is examined.

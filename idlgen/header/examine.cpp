@@ -10,7 +10,7 @@ namespace zentho {
 Outcome examine(const std::string& path, const std::string& text, Schema& schema,
                 Warnings warnings) {
   SourceFile file = ParseSource(path, text);
-  Outcome result = Examination({&file}, {}).examine(0, warnings);
+  Outcome result = Examination(file).examine(0, warnings);
   schema = std::move(file.schema);
   return result;
 }

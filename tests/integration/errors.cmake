@@ -37,9 +37,30 @@ foreach(pair "a%b.idl;%" "a:b.idl;:")
                     -D CMAKE_PREFIX_PATH=${PREFIX} -D "CALL=idlgen_generate(TARGET t FILES ${name})"
             PRINTS "CMake does not support \"${character}\" in the path ${scratch}/${name}")
 endforeach()
-run(FAILS COMMAND ${CMAKE_COMMAND} -G ${BUILD} -S ${scratch} -B ${scratch}/build[1]
-                  -D CMAKE_PREFIX_PATH=${PREFIX} -D "CALL=idlgen_generate(TARGET t FILES a.idl)"
-          PRINTS "in the path ${scratch}/build[1]")
+rejected("TARGET t FILES a.idl INCLUDE_DIRS none" "directory not found: ${scratch}/none")
+
+# A package that cannot be used is not found, which does not end the configuration.
+file(WRITE ${scratch}/quiet/CMakeLists.txt "
+cmake_minimum_required(VERSION 3.23)
+project(quiet LANGUAGES NONE)
+if(OLD)
+  set(CMAKE_VERSION 3.22.1)
+endif()
+find_package(idlgen QUIET)
+message(STATUS \"found \${idlgen_FOUND}: \${idlgen_NOT_FOUND_MESSAGE}\")
+")
+function(not_found prefix build message)
+  run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G ${BUILD} -S ${scratch}/quiet -B ${build}
+                       -D CMAKE_PREFIX_PATH=${prefix} ${ARGN}
+               PRINTS "found 0: " "${message}")
+endfunction()
+set(prefix "${scratch}/a#b")
+file(COPY ${PREFIX}/bin ${PREFIX}/share DESTINATION ${prefix})
+not_found(${prefix} ${scratch}/quiet/build "CMake does not support \"#\" in the path ${prefix}/bin/idlgen-header")
+not_found(${PREFIX} ${scratch}/build[1] "in the path ${scratch}/build[1]")
+file(REMOVE ${prefix}/bin/idlgen-header)
+not_found(${prefix} ${scratch}/quiet/build "The program is missing from its package")
+not_found(${PREFIX} ${scratch}/quiet/build "The package needs CMake 3.23 or later" -D OLD=ON)
 
 run(FAILS COMMAND ${configure} -D "CALL=find_package(idlgen REQUIRED COMPONENTS extra)"
           PRINTS "The package has no component extra")

@@ -28,15 +28,19 @@ else()
   set(build_all ${CMAKE_COMMAND} --build ${robot}/build --parallel 8)
 endif()
 
-set(headers common/geometry. common/status. nav/navigation.)
+set(headers common/geometry.h common/status.h nav/navigation.h)
+# Meson generates all headers again after a check.
+set(others common/status.h nav/navigation.h)
+if(BUILD STREQUAL "meson")
+  set(others "")
+endif()
 run(SUCCEEDS COMMAND ${build_all} PRINTS ${headers} main.cpp report.cpp HIDES "warning")
 run(SUCCEEDS COMMAND ${robot}/build/robot PRINTS "level 1: battery low")
 run(SUCCEEDS COMMAND ${build_all} HIDES ${headers} main.cpp report.cpp)
 
 # One header, and only the source files that use it.
 file(APPEND ${geometry_idl} "message Area { corners: [Point] }\n")
-run(SUCCEEDS COMMAND ${build_all} PRINTS common/geometry. main.cpp
-             HIDES common/status. nav/navigation. report.cpp)
+run(SUCCEEDS COMMAND ${build_all} PRINTS common/geometry.h main.cpp HIDES ${others} report.cpp)
 
 # An error, twice. Then its correction and a new program, at the same time.
 file(READ ${geometry_idl} valid)
@@ -45,14 +49,19 @@ run(FAILS COMMAND ${build_all} PRINTS "common/geometry.idl:2:1: error: WRONG for
 run(FAILS COMMAND ${build_all} PRINTS "common/geometry.idl:2:1: error: WRONG format in messag")
 file(WRITE ${geometry_idl} "${valid}")
 file(TOUCH ${scratch}/bin/idlgen-header)
-run(SUCCEEDS COMMAND ${build_all} PRINTS ${headers} main.cpp)
+run(SUCCEEDS COMMAND ${build_all} PRINTS ${headers})
 run(SUCCEEDS COMMAND ${build_all} HIDES ${headers} main.cpp)
 
-# The header of a renamed IDL file is deleted, so that nothing is compiled with it.
+# The header of a renamed IDL file is deleted, so that nothing is compiled with it. make -n deletes
+# nothing.
 file(RENAME ${robot}/common/status.idl ${robot}/common/state.idl)
 foreach(name CMakeLists.txt Makefile meson.build)
   file(READ ${robot}/${name} text)
   string(REPLACE "status.idl" "state.idl" text "${text}")
   file(WRITE ${robot}/${name} "${text}")
 endforeach()
+if(BUILD STREQUAL "make")
+  run(SUCCEEDS COMMAND ${build_all} -n PRINTS "rm -f build/include/common/status.h")
+  check("EXISTS \"${robot}/build/include/common/status.h\"")
+endif()
 run(FAILS COMMAND ${build_all} PRINTS "common/status.h: No such file or directory")

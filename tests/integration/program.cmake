@@ -34,6 +34,11 @@ foreach(other tools/mine ${scratch}/none ${scratch}/tools ${scratch}/a.idl ${scr
             PRINTS "IDLGEN_HEADER_EXECUTABLE is not the absolute path of a program: ${other}")
 endforeach()
 
+# It is not ignored silently if it is set too late.
+run(SUCCEEDS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE=
+                     -D "CALL=set(IDLGEN_HEADER_EXECUTABLE /late)\nidlgen_generate(TARGET a FILES a.idl)"
+             PRINTS "This build generates headers with ${program}. It ignores /late")
+
 # A second package: the same one through a link, and one with another program.
 list(APPEND configure -D IDLGEN_HEADER_EXECUTABLE=)
 file(CREATE_LINK ${PREFIX} ${scratch}/link SYMBOLIC)

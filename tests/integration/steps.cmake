@@ -57,14 +57,14 @@ macro(start name)
   file(MAKE_DIRECTORY ${scratch})
 endmacro()
 
-# Copies the project in consumer/ to ${source}, and configures it with the additional arguments.
+# Copies the project in the directory to ${source}, and configures it with the additional arguments.
 # ${configure} configures it again, ${build_all} builds it in ${build}.
-macro(configure_consumer)
-  file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer DESTINATION ${scratch})
-  set(source ${scratch}/consumer)
+macro(configure_project directory)
+  file(COPY ${CMAKE_CURRENT_LIST_DIR}/${directory} DESTINATION ${scratch})
+  set(source ${scratch}/${directory})
   set(build ${scratch}/build)
   set(configure ${CMAKE_COMMAND} -G ${BUILD} -S ${source} -B ${build}
-                -D CMAKE_PREFIX_PATH=${PREFIX} -D FRAMEWORK_DIR=${FRAMEWORK_DIR} ${ARGV})
+                -D CMAKE_PREFIX_PATH=${PREFIX} -D FRAMEWORK_DIR=${FRAMEWORK_DIR} ${ARGN})
   set(build_all ${CMAKE_COMMAND} --build ${build} --parallel 2)
   run(SUCCEEDS COMMAND ${configure})
 endmacro()

@@ -1,0 +1,60 @@
+# Targets that link others, in an empty build directory, with one of CMake's generators: the check of
+# a target finds the files that its own include.
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+start("linked ${BUILD}")
+configure_project(linked -D CMAKE_BUILD_TYPE=Debug)
+set(point_idl ${source}/base/geo/point.idl)
+set(route_idl ${source}/idl/robot/route.idl)
+
+# Multi-Config: what a target links, and so the arguments of its check, may depend on the
+# configuration.
+set(check ${build}/robot_idl.idlgen/check)
+if(BUILD MATCHES "Multi-Config")
+  file(STRINGS ${check}/Release/arguments arguments)
+  check("NOT \"-I${source}/only_debug\" IN_LIST arguments")
+  string(APPEND check /Debug)
+endif()
+file(STRINGS ${check}/arguments arguments)
+check("arguments STREQUAL \"-I${source}/idl;-I${source}/extra;-I${source}/base;\
+-I${source}/only_debug;-I${build}/late/gen;${route_idl}\"")
+
+run(SUCCEEDS COMMAND ${build_all} PRINTS "Checking the IDL files of robot_idl")
+run(SUCCEEDS COMMAND ${build_all} HIDES "Checking" "Generating" "Building")
+
+# A changed file is checked in its target and in those that link it, and only its header is
+# generated.
+file(APPEND ${point_idl} "message Line { from: Point to: Point }\n")
+run(SUCCEEDS COMMAND ${build_all}
+    PRINTS "Checking the IDL files of base_idl" "Checking the IDL files of robot_idl"
+           "Generating geo/point.h"
+    HIDES "Checking the IDL files of made_idl" "Generating robot/route.h")
+run(SUCCEEDS COMMAND ${build_all} HIDES "Checking" "Generating" "Building")
+
+# The rest does not depend on the generator.
+if(NOT BUILD STREQUAL "Ninja")
+  return()
+endif()
+
+# A file of INCLUDE_DIRS, which no target generates a header of.
+file(READ ${route_idl} text)
+file(WRITE ${route_idl} "include \"more.idl\"\n${text}")
+run(SUCCEEDS COMMAND ${build_all} --target robot_idl_check)
+file(APPEND ${source}/extra/more.idl "message Most { }\n")
+run(SUCCEEDS COMMAND ${build_all} --target robot_idl_check PRINTS "Checking")
+file(WRITE ${route_idl} "${text}")
+
+# WERROR: a warning stops the build, with all that is said about the file.
+file(APPEND ${route_idl} "enum Big { HUGE: 0xffffffffffffffff1 }\n")
+run(FAILS COMMAND ${build_all} PRINTS "${route_idl}:5:18: warning: " HIDES "Generating" "Building")
+run(FAILS COMMAND ${build_all} PRINTS "${route_idl}:5:18: warning: ")
+file(WRITE ${route_idl} "${text}")
+run(SUCCEEDS COMMAND ${build_all})
+
+# No directory of the build is in what install(EXPORT) writes.
+run(SUCCEEDS COMMAND ${CMAKE_COMMAND} --install ${build} --prefix ${scratch}/installed
+                     --config Debug)
+file(READ ${scratch}/installed/lib/cmake/linked/linked-config.cmake exported)
+foreach(path "${source}" "${build}")
+  string(FIND "${exported}" "${path}" position)
+  check("position EQUAL -1")
+endforeach()
