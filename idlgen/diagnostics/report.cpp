@@ -150,8 +150,8 @@ class Selection {
   bool isConsequence(const Finding& finding, const std::string& advice) {
     const bool isForm = IsAboutForm(finding, advice);
     if (!isForm && finding.rule != &rules::notDeclared) return false;
-    const bool follows = lastForm != noWord && finding.word <= lastForm + 2 &&
-                         finding.word > lastForm &&
+    const bool follows = lastForm != noWord && finding.word > lastForm &&
+                         finding.word <= lastForm + (isForm ? 2 : 1) &&
                          AreOnOneLine(recovery.file, lastForm, finding.word);
     if (isForm) lastForm = finding.word;
     return follows;
