@@ -92,7 +92,7 @@ class Checker {
   /// Returns whether C++ knows the type, as far as the includes of the header show.
   [[nodiscard]] bool isLibraryType(std::string_view type) const;
 
-  /// Begins the members of a message, request or response, behind this word.
+  /// Begins the members of a message, request or response, after this word.
   void startMembers(std::size_t word, std::size_t record, Scope::Part part);
 
   /// Returns whether a use is in the list so far.

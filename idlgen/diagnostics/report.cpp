@@ -15,7 +15,7 @@ namespace {
 /// The number of errors and warnings that are shown.
 constexpr std::size_t limit = 20;
 
-/// Returns the name of the enum, diagnostic or service that contains the word, or of its part, such
+/// Returns the name of the enum, message or service that contains the word, or of its part, such
 /// as "Drive.Request".
 std::string RecordName(const Words& words, std::size_t word) {
   std::string part;

@@ -67,13 +67,15 @@ Fix Fault::afterPath() const {
     // Only the braces are left out, not what stands between them.
     fix.advice = "a namespace has no braces";
     fix.replaced = {word, ClosingBrace(file, word) + 1};
-    for (std::size_t i = word + 1; i + 1 < fix.replaced.end; ++i)
+    for (std::size_t i = word + 1; i + 1 < fix.replaced.end; ++i) {
       fix.texts.emplace_back(file.text(i));
+    }
   } else if (IsJoinedByColons(file, word - 1)) {
     std::string path(file.text(word - 1));
     std::size_t last = word;
-    while (last < end && IsJoinedByColons(file, last - 1))
+    while (last < end && IsJoinedByColons(file, last - 1)) {
       path += "." + std::string(file.text(last++));
+    }
     fix.advice = "write dots: \"" + Shortened(path) + '"';
     fix.replaced = {word - 1, last};
     fix.texts = {path};
