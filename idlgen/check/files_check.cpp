@@ -95,7 +95,7 @@ void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& le
 }
 
 std::vector<Finding> FilesCheck::findings(std::size_t file) {
-  lookFrom(file);
+  setSight(file);
   Checker checker(declarations, sight, file, seesOpenFile(file));
   const std::size_t count = declarations.file(file).words->size();
   for (std::size_t i = 0; i < count; ++i) checker.checkWord(i);
@@ -109,11 +109,11 @@ std::vector<Finding> FilesCheck::findings(std::size_t file) {
 }
 
 Lookup FilesCheck::lookupFrom(std::size_t file) {
-  lookFrom(file);
+  setSight(file);
   return Lookup(declarations, sight, file, seesOpenFile(file));
 }
 
-void FilesCheck::lookFrom(std::size_t file) {
+void FilesCheck::setSight(std::size_t file) {
   sight.lookFrom(file, includes.size(),
                  [&](std::size_t i) -> const std::vector<Inclusion>& { return includes[i]; });
 }

@@ -49,7 +49,7 @@ class FilesCheck {
   [[nodiscard]] const Sight& lastSight() const { return sight; }
 
  private:
-  void lookFrom(std::size_t file);
+  void setSight(std::size_t file);
   [[nodiscard]] bool seesOpenFile(std::size_t file) const;
   void appendIncludeFindings(std::size_t file, std::vector<Finding>& findings);
   void appendMisfits(std::size_t file, std::vector<Finding>& findings);

@@ -265,8 +265,8 @@ std::string TypeAdvice(std::string_view type, std::size_t word, const Words& wor
   return {};
 }
 
-/// Returns whether a message of this name contains the other one, as a member or in one.
-bool Contains(const Words& words, std::string_view message, std::string_view other) {
+/// Returns whether the other message is a member of this one, or is contained in one.
+bool IsMessageIn(const Words& words, std::string_view other, std::string_view message) {
   std::unordered_map<std::string_view, std::vector<std::string_view>> elements;
   std::vector<std::string_view>* current = nullptr;
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -294,7 +294,7 @@ std::string OrderAdvice(const Finding& finding, const Words& words) {
   while (words.roles[user] != Role::MessageName && words.roles[user] != Role::ServiceName) --user;
   const std::string_view name = words.texts[user];
   const std::string_view used = words.texts[finding.other.word];
-  return words.roles[user] == Role::MessageName && Contains(words, used, name)
+  return words.roles[user] == Role::MessageName && IsMessageIn(words, name, used)
              ? Quoted(used) + " and " + Quoted(name) + " contain each other"
              : "move it above the types that use it";
 }

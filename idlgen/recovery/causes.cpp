@@ -127,7 +127,7 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
 
 }  // namespace
 
-bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
+bool findCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
   const std::vector<Word> words = WithRoles(file, range);
   if (const std::optional<Sign> sign = FindSign(Signs::Characters, words)) {
     fix.word = range.first + sign->word;
@@ -151,7 +151,7 @@ bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
   return false;
 }
 
-bool FindFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix) {
+bool findFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix) {
   const std::vector<Word> words = WithRoles(file, range);
   const std::optional<Sign> sign = FindSign(signs, words);
   if (!sign.has_value()) return false;

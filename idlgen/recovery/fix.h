@@ -55,10 +55,10 @@ bool IsInQualifiedLine(const LocatedWords& file, const TypeNames& types, std::si
 
 /// Finds the cause in the characters of the words or in two colons between them, and what is read
 /// instead. Returns whether there is one.
-bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix);
+bool findCharacterCause(const LocatedWords& file, WordRange range, Fix& fix);
 
 /// Finds the cause in the form of one of the words. Returns whether there is one.
-bool FindFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix);
+bool findFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix);
 
 /// Returns the rule that a word breaks because of its form.
 const Rule& FormRule(Role role);

@@ -63,7 +63,7 @@ class List {
   }
 
   /// Finds the cause in the number of the words of a line.
-  void count(WordRange line, Fix& fix) const {
+  void explainCount(WordRange line, Fix& fix) const {
     const auto set = [&](const Rule& rule, std::size_t word) {
       fix.rule = &rule;
       fix.word = word;
@@ -117,8 +117,8 @@ class List {
   std::size_t begin;
 };
 
-/// Finds a type in place of the name.
-bool BeginsWithType(const LocatedWords& file, WordRange line, Fix& fix) {
+/// Finds the cause in a type in place of the name. Returns whether there is one.
+bool findTypeAsName(const LocatedWords& file, WordRange line, Fix& fix) {
   const std::string_view first = file.text(line.first);
   if (line.end - line.first < 2 || !LooksLikeType(first) || IsBeforeColon(file, line.first)) {
     return false;
@@ -213,7 +213,7 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
   const WordRange range = isLine ? line : isWhole ? list.lineOf(word) : pair;
 
   Fix fix{&FormRule(file.role(word)), word, file.text(word), {}, range};
-  if (FindCharacterCause(file, range, fix)) return fix;
+  if (findCharacterCause(file, range, fix)) return fix;
   const auto texts = file.words.texts.begin();
   if (isLine && std::find(texts + static_cast<std::ptrdiff_t>(line.first),
                           texts + static_cast<std::ptrdiff_t>(line.end),
@@ -226,10 +226,10 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
     fix.text = file.text(fix.word);
     return fix;
   }
-  if (FindFormCause(file, Signs::Assignments, range, fix)) return fix;
-  if (isLine && !list.isEnum() && BeginsWithType(file, line, fix)) return fix;
-  if (FindFormCause(file, Signs::Forms, range, fix)) return fix;
-  if (isLine) list.count(line, fix);
+  if (findFormCause(file, Signs::Assignments, range, fix)) return fix;
+  if (isLine && !list.isEnum() && findTypeAsName(file, line, fix)) return fix;
+  if (findFormCause(file, Signs::Forms, range, fix)) return fix;
+  if (isLine) list.explainCount(line, fix);
   return fix;
 }
 

@@ -41,7 +41,7 @@ Recovery::Recovery(std::string_view fileText, Words fileWords,
 }
 
 void Recovery::run(const CheckWords& check) {
-  if (faults == 0) readBlanksAtLineEnds();
+  if (faults == 0) dropCarriageReturns();
   for (;; ++faults) {
     const std::optional<Fix> fix = nextFix(check);
     if (!fix.has_value()) return;
@@ -52,8 +52,8 @@ void Recovery::run(const CheckWords& check) {
   findings.clear();
 }
 
-/// If most lines end with CR LF, says so once, and reads the CRs as blanks.
-void Recovery::readBlanksAtLineEnds() {
+/// If most lines end with CR LF, says so once, and reads their last words without the CR.
+void Recovery::dropCarriageReturns() {
   const auto endsLine = [&](std::size_t i) {
     return i + 1 == file.size() || !AreOnOneLine(file, i, i + 1);
   };

@@ -43,7 +43,7 @@ class Recovery {
   bool isComplete = true;                 ///< Otherwise there are too many faults to read the rest.
 
  private:
-  void readBlanksAtLineEnds();
+  void dropCarriageReturns();
   void parse();
   [[nodiscard]] std::optional<Fix> nextFix(const CheckWords& check);
   [[nodiscard]] Fix fixOfWord(std::size_t word) const;

@@ -138,7 +138,7 @@ Fix Fault::atStatement() const {
     fix.replaced = {word, word + 1};
     return fix;
   }
-  if (FindFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
+  if (findFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
   if (!laterDeclaration().empty()) {
     fix.replaced = {word, OpeningBrace(file, word)};
     fix.texts = laterDeclaration();
@@ -271,7 +271,7 @@ Fix FixName(const LocatedWords& file, std::size_t word) {
 Fix FixStatement(const LocatedWords& file, std::size_t word) {
   Fix fix{};
   const Role role = file.role(word);
-  if (FindCharacterCause(file, {word, LineEnd(file, word)}, fix)) return fix;
+  if (findCharacterCause(file, {word, LineEnd(file, word)}, fix)) return fix;
   const Fault fault(file, word);
   switch (role) {
     case Role::Statement:
