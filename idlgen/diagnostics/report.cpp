@@ -47,10 +47,6 @@ std::vector<Spot> CommentedInclude(std::string_view text) {
   return {};
 }
 
-Spot SpotOf(const LocatedWords& file, std::size_t word) {
-  return {file.places[word], file.text(word).size()};
-}
-
 bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
   const Place& first = a.spot.place;
   const Place& second = b.spot.place;
@@ -114,7 +110,7 @@ class Selection {
             {{}, spot, R"(this is a comment: write include "...", without "#")"});
       }
     }
-    diagnostic.sentence = Sentence(*finding.rule, finding.text, advice, record);
+    diagnostic.sentence = Sentence(finding.rule->sentence, finding.text, advice, record);
     diagnostics.push_back(std::move(diagnostic));
   }
 

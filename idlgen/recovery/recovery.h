@@ -49,9 +49,9 @@ class Recovery {
   [[nodiscard]] Fix fixOfWord(std::size_t word) const;
   [[nodiscard]] Fix fixOfEnd() const;
   [[nodiscard]] std::optional<Fix> fixOfFindings() const;
-  void apply(const Fix& fix);
+  void tell(const Fix& fix);
+  void readInstead(const Fix& fix);
   void leaveOut(std::string_view word);
-  [[nodiscard]] Spot spotOf(std::size_t word) const;
 
   std::string_view text;
   std::optional<ParseError> error;

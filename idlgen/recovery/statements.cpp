@@ -1,6 +1,7 @@
 #include "schema/statements.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "check/cpp_words.h"
 #include "check/word_forms.h"
@@ -139,17 +140,18 @@ Fix Fault::atStatement() const {
     return fix;
   }
   if (findFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
-  if (!laterDeclaration().empty()) {
+  if (std::vector<std::string> declaration = laterDeclaration(); !declaration.empty()) {
     fix.replaced = {word, OpeningBrace(file, word)};
-    fix.texts = laterDeclaration();
-  } else if (!SimilarKeyword(text).empty()) {
-    fix.advice = DidYouMean(SimilarKeyword(text));
-    if (meantKeyword().empty()) return fix;
+    fix.texts = std::move(declaration);
+  } else if (const std::string_view similar = SimilarKeyword(text); !similar.empty()) {
+    fix.advice = DidYouMean(similar);
+    const std::string_view keyword = meantKeyword();
+    if (keyword.empty()) return fix;
     fix.replaced = {word, word + 1};
-    fix.texts = {std::string(meantKeyword())};
-  } else if (endOfClosedList() != noWord) {
+    fix.texts = {std::string(keyword)};
+  } else if (const std::size_t listEnd = endOfClosedList(); listEnd != noWord) {
     fix.advice = R"(is a "}" too many above it?)";
-    fix.replaced = {word, endOfClosedList()};
+    fix.replaced = {word, listEnd};
   }
   return fix;
 }
