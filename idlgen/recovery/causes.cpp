@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "check/out_of_step.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "diagnostics/printable.h"
@@ -17,12 +18,11 @@ std::vector<Word> WithRoles(const LocatedWords& file, WordRange range) {
   const Role first = file.role(range.first);
   const bool isItem = first == Role::ItemName || first == Role::ItemValue;
   const Role second = isItem ? Role::ItemValue : Role::MemberType;
-  const bool isSecond = first == Role::ItemValue || first == Role::MemberType;
   const Role name = isItem ? Role::ItemName : Role::MemberName;
   std::vector<Word> words;
   for (std::size_t i = range.first; i < range.end; ++i) {
     const bool isExtra = i > range.first && i + 1 == range.end;
-    const bool isName = !isExtra && ((i - range.first) % 2 == 0) != isSecond;
+    const bool isName = !isExtra && ((i - range.first) % 2 == 0) != IsSecondHalf(first);
     // After a pair, "=" begins a default value.
     const bool isDefault = i >= range.first + 2 && file.text(i) == "=";
     const Role role = !IsInList(first) ? Role::Statement : isName || isDefault ? name : second;

@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include "check/cpp_words.h"
+#include "check/out_of_step.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "recovery/fix.h"
@@ -9,6 +8,13 @@
 
 namespace zentho {
 namespace {
+
+/// Returns the index of the "{" of a block that a line opens, or the end of the line.
+std::size_t BlockBegin(const LocatedWords& file, WordRange line) {
+  std::size_t i = line.first;
+  while (i < line.end && file.text(i) != "{") ++i;
+  return i;
+}
 
 /// The lines of one list of members or items.
 class List {
@@ -26,10 +32,7 @@ class List {
     std::size_t i = begin;
     while (i <= last && i < file.size() && file.text(i).front() != '}') {
       const std::size_t end = lineEnd(i);
-      const auto opensBlock = [&](std::string_view text) { return text == "{"; };
-      const auto texts = file.words.texts.begin();
-      const bool hasBlock = std::any_of(texts + static_cast<std::ptrdiff_t>(i),
-                                        texts + static_cast<std::ptrdiff_t>(end), opensBlock);
+      const bool hasBlock = BlockBegin(file, {i, end}) < end;
       const bool isOdd = (end - i) % 2 == 1;
       const bool hasType = end - i > 1 && IsAfterColon(file, end - 1);
       if (hasBlock || (isOdd && (hasType || !goesOn(end)))) return {i, end};
@@ -132,8 +135,7 @@ bool findTypeAsName(const LocatedWords& file, WordRange line, Fix& fix) {
 
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
 Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
-  std::size_t brace = line.first;
-  while (file.text(brace) != "{") ++brace;
+  const std::size_t brace = BlockBegin(file, line);
   const std::size_t before = brace - line.first;
   const WordRange block = {line.first, ClosingBrace(file, brace) + 1};
   const auto at = [&](const Rule& rule, std::size_t word) {
@@ -206,20 +208,14 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
   const List list(file, types, word);
   const WordRange line = list.firstWrongLine(word);
   const bool isLine = line.first < line.end;
-  const bool isSecond = file.role(word) == Role::MemberType || file.role(word) == Role::ItemValue;
-  const WordRange pair = {isSecond ? word - 1 : word, word + 1};
+  const WordRange pair = {IsSecondHalf(file.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
   const bool isWhole = IsJoinedByColons(file, word) || list.isQualified(list.lineOf(word));
   const WordRange range = isLine ? line : isWhole ? list.lineOf(word) : pair;
 
   Fix fix{&FormRule(file.role(word)), word, file.text(word), {}, range};
   if (findCharacterCause(file, range, fix)) return fix;
-  const auto texts = file.words.texts.begin();
-  if (isLine && std::find(texts + static_cast<std::ptrdiff_t>(line.first),
-                          texts + static_cast<std::ptrdiff_t>(line.end),
-                          "{") != texts + static_cast<std::ptrdiff_t>(line.end)) {
-    return FixBlock(file, line, list);
-  }
+  if (BlockBegin(file, line) < line.end) return FixBlock(file, line, list);
   if (list.isQualified(range)) {
     fix.rule = list.isEnum() ? &rules::extraWordOfValue : &rules::extraWordOfType;
     fix.word = list.qualifierIn(range);
