@@ -13,9 +13,6 @@
 
 namespace zentho {
 
-/// No index of a declaration, file or namespace.
-constexpr std::size_t nothing = static_cast<std::size_t>(-1);
-
 /// What stands in a file but is not among the words that are checked.
 struct LeftOut {
   std::unordered_set<std::string_view> names;  ///< May be declared there.

@@ -155,9 +155,8 @@ std::unordered_set<std::size_t> FilesCheck::closure(std::size_t file) const {
 /// Reports names that two of the included files declare, at the include that brings the second one.
 /// If an included file sees both, it is told there.
 void FilesCheck::appendMisfits(std::size_t file, std::vector<Finding>& findings) {
-  if (!areClashesKnown) clashes = declarations.clashes();
-  areClashesKnown = true;
-  for (const Clash& clash : clashes) {
+  if (!clashes.has_value()) clashes = declarations.clashes();
+  for (const Clash& clash : *clashes) {
     const std::optional<ClashingWords> two = declarations.firstTwo(
         clash, [&](std::size_t other) { return other != file && sight.hasFile(other); });
     if (!two.has_value()) continue;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -60,8 +61,7 @@ class FilesCheck {
   std::vector<std::vector<Inclusion>> includes;
   std::vector<Openness> openness;
   std::vector<std::size_t> cycles;  ///< For each file, a number that those of a cycle share.
-  std::vector<Clash> clashes;
-  bool areClashesKnown = false;
+  std::optional<std::vector<Clash>> clashes;
 };
 
 /// Returns the findings about a file that is checked alone, in the order of its words.

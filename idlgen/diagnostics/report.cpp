@@ -98,7 +98,7 @@ class Selection {
     std::string record;
     for (const WordInFile& other : {finding.other, finding.another}) {
       if (other.word == noWord) continue;
-      const bool isHere = other.file == WordInFile().file;
+      const bool isHere = other.file == nothing;
       const LocatedWords& otherWords = isHere ? file : others.words(other.file);
       record = RecordName(otherWords.words, other.word);
       diagnostic.notes.push_back({isHere ? std::string() : others.path(other.file),

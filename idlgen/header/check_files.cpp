@@ -79,7 +79,7 @@ class Run {
             "is a file to read"};
   }
 
-  bool isStamp(const OutputFile& file) const { return &file.path == &*request.stamp; }
+  bool isStamp(const OutputFile& file) const { return file.path == request.stamp; }
 
   OutputFile stamp() const { return output(*request.stamp, {}); }
 
