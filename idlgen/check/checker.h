@@ -31,9 +31,6 @@ enum class TypeWord : std::uint8_t {
   Wrong     ///< It has been reported.
 };
 
-/// Returns whether no character of the word can be part of a name, as in `=`, `<<` or `//`.
-bool IsPunctuation(std::string_view word);
-
 /// One pass over the words of a file, which looks at each of them.
 class Checker {
  public:
