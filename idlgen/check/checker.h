@@ -14,7 +14,7 @@
 #include "check/sight.h"
 #include "check/value.h"
 #include "schema/builtin_types.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 

@@ -38,9 +38,7 @@ void Declarations::declareAll(std::size_t index) {
   }
   for (std::size_t i = 0; i < words.size(); ++i) {
     const Role role = words.roles[i];
-    const bool isDeclaration = role == Role::EnumName || role == Role::MessageName ||
-                               role == Role::ServiceName || role == Role::ItemName;
-    if (isDeclaration) declare(index, i, role);
+    if (IsRecordName(role) || role == Role::ItemName) declare(index, i, role);
   }
 }
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "check/finding.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 

@@ -10,7 +10,7 @@
 #include "check/finding.h"
 #include "check/lookup.h"
 #include "check/sight.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 

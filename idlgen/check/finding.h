@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "check/rules.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 

@@ -8,7 +8,7 @@
 
 #include "check/finding.h"
 #include "check/located_words.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 

@@ -24,9 +24,7 @@ std::string RecordName(const Words& words, std::size_t word) {
     if (role == Role::Part && part.empty()) {
       part = words.texts[i] == "request" ? ".Request" : ".Response";
     }
-    if (role == Role::EnumName || role == Role::MessageName || role == Role::ServiceName) {
-      return Shortened(words.texts[i]) + part;
-    }
+    if (IsRecordName(role)) return Shortened(words.texts[i]) + part;
   }
   return {};
 }

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "check/out_of_step.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "diagnostics/printable.h"

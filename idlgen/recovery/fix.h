@@ -36,9 +36,6 @@ Fix FixEnd(const LocatedWords& file);
 /// Returns what is missing before this word to complete the statement that is open there.
 std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end);
 
-/// Returns whether a word of this role stands in a list of members or items.
-bool IsInList(Role role);
-
 /// The names of the enums and messages of a file.
 using TypeNames = std::unordered_set<std::string_view>;
 

@@ -1,5 +1,4 @@
 #include "check/cpp_words.h"
-#include "check/out_of_step.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "recovery/fix.h"
@@ -163,11 +162,6 @@ Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
 }
 
 }  // namespace
-
-bool IsInList(Role role) {
-  return role == Role::ItemName || role == Role::ItemValue || role == Role::MemberName ||
-         role == Role::MemberType;
-}
 
 std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end) {
   std::size_t i = end - 1;
