@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "diagnostics/advice.h"
+#include "diagnostics/finding_advice.h"
 #include "diagnostics/printable.h"
 
 namespace zentho {

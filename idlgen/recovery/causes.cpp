@@ -112,7 +112,7 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
   std::string_view name = place.code.substr(place.offset);
   name = name.substr(0, name.find_first_of(role == Role::ItemValue ? " ;,})\t\r" : " ;,}\t\r"));
   if (role == Role::ItemValue) {
-    return "write only the item: \"" + Shortened(name.substr(name.rfind(':') + 1)) + '"';
+    return "write only the item: " + Quoted(name.substr(name.rfind(':') + 1));
   }
   std::string path;
   for (const char letter : name) {
@@ -120,8 +120,8 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
     if (letter == ':' && path.back() != '.') path += '.';
   }
   const std::size_t library = path.find("std.string");
-  if (library == npos) return "write dots: \"" + Shortened(path) + '"';
-  return "write \"" + Shortened(path.erase(library, 4)) + '"';
+  if (library == npos) return "write dots: " + Quoted(path);
+  return "write " + Quoted(path.erase(library, 4));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "check/cpp_words.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
+#include "diagnostics/foreign_words.h"
 #include "recovery/fix.h"
 #include "schema/builtin_types.h"
 #include "schema/statements.h"

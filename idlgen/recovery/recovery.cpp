@@ -5,7 +5,7 @@
 
 #include "check/out_of_step.h"
 #include "check/word_forms.h"
-#include "diagnostics/advice.h"
+#include "diagnostics/foreign_words.h"
 #include "recovery/fix.h"
 #include "schema/schema.h"
 #include "schema/statements.h"

@@ -6,6 +6,7 @@
 #include "check/cpp_words.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
+#include "diagnostics/foreign_words.h"
 #include "diagnostics/printable.h"
 #include "diagnostics/similar.h"
 #include "recovery/fix.h"
@@ -77,7 +78,7 @@ Fix Fault::afterPath() const {
     while (last < end && IsJoinedByColons(file, last - 1)) {
       path += "." + std::string(file.text(last++));
     }
-    fix.advice = "write dots: \"" + Shortened(path) + '"';
+    fix.advice = "write dots: " + Quoted(path);
     fix.replaced = {word - 1, last};
     fix.texts = {path};
   }
