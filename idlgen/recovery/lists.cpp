@@ -164,21 +164,6 @@ Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
 
 }  // namespace
 
-std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end) {
-  std::size_t i = end - 1;
-  while (file.role(i) != Role::Part && file.role(i) != Role::Statement) --i;
-  const bool isService = FindStatement(file.text(i)) == Statement::Service;
-  if (file.role(i) != Role::Part && !isService) return {"}"};
-  std::vector<std::string> missing;
-  if (file.text(end - 1) != "}" && !isService) missing = {"}"};
-  if (isService) missing = {"request", "{", "}"};
-  if (isService || file.text(i) == "request") {
-    missing.insert(missing.end(), {"response", "{", "}"});
-  }
-  missing.emplace_back("}");
-  return missing;
-}
-
 TypeNames DeclaredTypes(const LocatedWords& file) {
   TypeNames types;
   for (std::size_t i = 0; i < file.size(); ++i) {

@@ -288,27 +288,4 @@ Fix FixStatement(const LocatedWords& file, std::size_t word) {
   }
 }
 
-Fix FixEnd(const LocatedWords& file) {
-  const std::size_t last = file.size() - 1;
-  std::size_t keyword = last;
-  while (file.role(keyword) != Role::Statement) --keyword;
-  Fix fix{&rules::endOfFile, last, R"(a "}")", "", {file.size(), file.size()}, {}, keyword};
-  switch (file.role(last)) {
-    case Role::Statement:
-      fix.text = FindStatement(file.text(last)) == Statement::Include ? "a path" : "a name";
-      fix.replaced.first = keyword;
-      break;
-    case Role::EnumName:
-    case Role::MessageName:
-    case Role::ServiceName:
-    case Role::Part:
-      fix.text = R"(a "{")";
-      fix.replaced.first = keyword;
-      break;
-    default:
-      fix.texts = MissingBraces(file, file.size());
-  }
-  return fix;
-}
-
 }  // namespace zentho

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "check/value.h"
+
+namespace zentho {
+
+/// What a name is where a type may stand in a value.
+enum class TypeKind : std::uint8_t {
+  None,
+  Integer,
+  Floating,
+  Enum,
+  Later,      ///< A type since C++20.
+  Unusable,   ///< A type that is not complete here.
+  Unknown,    ///< Perhaps a type.
+  Elsewhere,  ///< Perhaps a type, and perhaps declared in another file.
+};
+
+/// Returns what the name is. `kindOf` and `hasIntegerMacros` are those of `CheckValue`.
+TypeKind FindTypeKind(std::string_view name, const NameLookup& kindOf, bool hasIntegerMacros);
+
+}  // namespace zentho
