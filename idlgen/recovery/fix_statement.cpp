@@ -1,5 +1,3 @@
-#include "schema/statements.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +9,7 @@
 #include "diagnostics/similar.h"
 #include "recovery/fix.h"
 #include "schema/builtin_types.h"
+#include "schema/statements.h"
 
 namespace zentho {
 namespace {
