@@ -14,7 +14,7 @@ namespace {
 /// be visited by recursion, because a chain of them may be long.
 class CycleSearch {
  public:
-  using Includes = std::vector<std::vector<FilesCheck::Inclusion>>;
+  using Includes = std::vector<std::vector<Inclusion>>;
 
   explicit CycleSearch(const Includes& fileIncludes)
       : includes(fileIncludes), visits(fileIncludes.size()) {
@@ -95,7 +95,7 @@ void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& le
 }
 
 std::vector<Finding> FilesCheck::findings(std::size_t file) {
-  setSight(file);
+  sight.lookFrom(file, includes);
   Checker checker(declarations, sight, file, seesOpenFile(file));
   const std::size_t count = declarations.file(file).words->size();
   for (std::size_t i = 0; i < count; ++i) checker.checkWord(i);
@@ -109,13 +109,8 @@ std::vector<Finding> FilesCheck::findings(std::size_t file) {
 }
 
 Lookup FilesCheck::lookupFrom(std::size_t file) {
-  setSight(file);
+  sight.lookFrom(file, includes);
   return Lookup(declarations, sight, file, seesOpenFile(file));
-}
-
-void FilesCheck::setSight(std::size_t file) {
-  sight.lookFrom(file, includes.size(),
-                 [&](std::size_t i) -> const std::vector<Inclusion>& { return includes[i]; });
 }
 
 /// Returns whether names may come from what has not been read.

@@ -18,12 +18,6 @@ namespace zentho {
 /// compilers accept the headers, as far as the files show that are checked together.
 class FilesCheck {
  public:
-  /// An include statement that leads to a file which is checked, too.
-  struct Inclusion {
-    std::size_t word;  ///< The index of the path.
-    std::size_t file;
-  };
-
   /// Whether names may come from what has not been read.
   enum class Openness : std::uint8_t {
     Closed,
@@ -50,7 +44,6 @@ class FilesCheck {
   [[nodiscard]] const Sight& lastSight() const { return sight; }
 
  private:
-  void setSight(std::size_t file);
   [[nodiscard]] bool seesOpenFile(std::size_t file) const;
   void appendIncludeFindings(std::size_t file, std::vector<Finding>& findings);
   void appendMisfits(std::size_t file, std::vector<Finding>& findings);

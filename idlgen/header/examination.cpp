@@ -49,7 +49,7 @@ void Examination::addFiles() {
                               : hasFault ? Openness::Faulty
                                          : Openness::Closed;
     const std::vector<std::size_t> paths = pathsRead(i);
-    std::vector<FilesCheck::Inclusion> inclusions;
+    std::vector<Inclusion> inclusions;
     for (std::size_t k = 0; k < paths.size(); ++k) {
       if (file.includes[k].kind != Include::Kind::Found) continue;
       inclusions.push_back({paths[k], file.includes[k].file});
