@@ -10,6 +10,7 @@
 #include "header/check_files.h"
 #include "header/command_line.h"
 #include "header/generate_header.h"
+#include "header/output_file.h"
 #include "io/file.h"
 
 namespace zentho {
@@ -83,7 +84,7 @@ int main(int argc, char** argv) {
   try {
     return zentho::run(zentho::ParseCommandLine({argv + std::min(argc, 1), argv + argc}));
   } catch (const std::bad_alloc&) {
-    zentho::printError("idlgen-header: Cannot allocate memory\n");
+    zentho::printError(zentho::noMemory);
     return EXIT_FAILURE;
   }
 }

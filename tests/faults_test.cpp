@@ -36,7 +36,8 @@ const std::vector<Scenario> scenarios = {
 
 /// Runs the command after creating a.idl and the header. The wrapper is what the command begins
 /// with, such as "exec strace".
-Result RunHeader(const Scratch& scratch, const Scenario& scenario, const std::string& wrapper) {
+ProgramResult RunHeader(const Scratch& scratch, const Scenario& scenario,
+                        const std::string& wrapper) {
   std::filesystem::remove_all(scratch.path("new"));
   if (!scenario.before.empty()) scratch.write("new/a.h", scenario.before);
   scratch.write("a.idl", scenario.idl);
@@ -116,7 +117,7 @@ using EachFault = NeedsStrace<Fault>;
 TEST_P(EachFault, HasItsOutcome) {
   const Fault& fault = GetParam();
   const Scratch scratch;
-  const Result result = RunHeader(scratch, fault.scenario, fault.wrapper);
+  const ProgramResult result = RunHeader(scratch, fault.scenario, fault.wrapper);
   EXPECT_EQ(result.err, fault.err);
   EXPECT_EQ(result.status, fault.err.empty() ? 0 : 1);
   EXPECT_EQ(Files(scratch.path("new")), Header(fault.header));
@@ -176,7 +177,7 @@ TEST_P(EachCall, MayFailOnce) {
     SCOPED_TRACE(call.text);
     const bool creates = call.text.find("O_CREAT") != std::string::npos;
     EXPECT_EQ(creates, call.text.find("O_EXCL") != std::string::npos);
-    const Result result = RunHeader(scratch, scenario, call.inject("error=EIO"));
+    const ProgramResult result = RunHeader(scratch, scenario, call.inject("error=EIO"));
     const std::map<std::string, std::string> files = Files(scratch.path("new"));
     EXPECT_EQ(result.out, "");
     if (result.status == 0) {
@@ -210,7 +211,7 @@ TEST_P(EachSignal, LeavesTheHeaderWhole) {
   const Scratch scratch;
   for (const Call& call : Calls(scratch, outdated)) {
     SCOPED_TRACE(call.text);
-    const Result result =
+    const ProgramResult result =
         RunHeader(scratch, outdated, call.inject(std::string("signal=") + GetParam().name));
     EXPECT_EQ(result.status, -GetParam().number);
     EXPECT_EQ(result.err, "");

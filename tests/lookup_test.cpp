@@ -1,5 +1,6 @@
 #include "check/lookup.h"
 
+#include "schema/parser.h"
 #include "support.h"
 
 namespace zentho {

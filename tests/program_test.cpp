@@ -18,7 +18,7 @@ TEST(Idlgen, WritesALongLineInOneWrite) {
   const Scratch scratch;
   const std::string name(50000, 'm');
   scratch.write("a.idl", "enum " + name + " { }");
-  const Result result = RunProgram(scratch, "exec \"$IDLGEN\" -fv a.idl");
+  const ProgramResult result = RunProgram(scratch, "exec \"$IDLGEN\" -fv a.idl");
   EXPECT_NE(result.out.find(name), std::string::npos);
   EXPECT_TRUE(result.lineByLine);
 }
@@ -27,14 +27,14 @@ TEST(Idlgen, WaitsForASlowReaderOfANonBlockingPipe) {
   const Scratch scratch;
   const std::string word(1 << 21, 'x');  // More than a pipe can hold.
   scratch.write("a.idl", word);
-  const Result result = RunProgram(scratch, "exec \"$IDLGEN\" -f a.idl", Output::Pipe);
+  const ProgramResult result = RunProgram(scratch, "exec \"$IDLGEN\" -f a.idl", Output::Pipe);
   EXPECT_EQ(result.out, "idl path:a.idl\nWRONG format in " + word + "\n\nlines:\n" + word + "\n");
 }
 
 TEST(Idlgen, SurvivesFailedWrites) {
   const Scratch scratch;
   const std::string path = scratch.write("fleet.idl", Data("program/several_files/fleet.idl"));
-  const auto expectHeader = [&](const Result& result) {
+  const auto expectHeader = [&](const ProgramResult& result) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(ReadAll(scratch.path("fleet.h")), Data("program/several_files/fleet.h.expected"));

@@ -17,7 +17,7 @@ extern char** environ;
 
 namespace zentho {
 
-struct Result {
+struct ProgramResult {
   int status = 0;  ///< The exit status, or minus the signal that killed the program.
   std::string out;
   bool lineByLine = true;  ///< Whether each write to standard output was one line.
@@ -32,8 +32,8 @@ enum class Output {
 };
 
 /// Runs a shell command in the scratch directory, with the programs in $IDLGEN and $IDLGEN_HEADER.
-inline Result RunProgram(const Scratch& scratch, const std::string& command,
-                         Output output = Output::Packets) {
+inline ProgramResult RunProgram(const Scratch& scratch, const std::string& command,
+                                Output output = Output::Packets) {
   setenv("IDLGEN", IDLGEN_PROGRAM, 1);
   setenv("IDLGEN_HEADER", IDLGEN_HEADER_PROGRAM, 1);
   const std::string script =
@@ -60,7 +60,7 @@ inline Result RunProgram(const Scratch& scratch, const std::string& command,
   }
   close(ends[1]);
 
-  Result result;
+  ProgramResult result;
   std::string packet(1 << 18, '\0');
   for (ssize_t size; (size = read(ends[0], packet.data(), packet.size())) > 0;) {
     const std::string write = packet.substr(0, static_cast<std::size_t>(size));
@@ -97,7 +97,7 @@ inline void checkCase(const std::string& name) {
     return expected.count(file) == 0 ? otherwise : expected[file];
   };
 
-  const Result result = RunProgram(scratch, expected["command"]);
+  const ProgramResult result = RunProgram(scratch, expected["command"]);
   EXPECT_EQ(result.out, find("out", ""));
   EXPECT_EQ(result.err, find("err", ""));
   EXPECT_EQ(std::to_string(result.status), find("status", "0"));

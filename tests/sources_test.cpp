@@ -1,12 +1,8 @@
 #include "sources/sources.h"
 
-#include <sys/stat.h>
-
 #include <map>
 
-#include "header/depfile.h"
 #include "sources/memory_tree.h"
-#include "sources/slip.h"
 #include "support.h"
 
 namespace zentho {
@@ -268,56 +264,6 @@ const std::vector<PathCase> pathCases = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Sources, IncludePath, testing::ValuesIn(pathCases), RowName<PathCase>);
-
-TEST(Slip, IsOneLetterOfALongName) {
-  const auto expect = [](bool isSlip, const std::string& a, const std::string& b) {
-    EXPECT_EQ(IsSlip(a, b), isSlip) << a << " " << b;
-  };
-  for (const char* other : {"statuss.idl", "staus.idl", "stbtus.idl", "sttaus.idl", "status.idk"}) {
-    expect(true, other, "status.idl");
-  }
-  expect(false, "status.idl", "status.idl");
-  expect(false, "sattus.ild", "status.idl");
-  expect(false, "tsatus.idl", "status.idl");
-  expect(false, "Status.idl", "status.idl");
-  expect(false, "xstatus.idl", "status.idl");
-  expect(false, "status2.idl", "status.idl");
-  expect(false, "status2.idl", "status3.idl");
-  expect(false, "status12.idl", "status21.idl");
-  expect(false, "pise.idl", "pose.idl");
-  expect(true, "pouint.idl", "point.idl");
-}
-
-TEST(DiskTree, TellsFilesFromWhatIsNoneAndKnowsThemByAnyPath) {
-  const Scratch scratch;
-  const std::string path = scratch.write("d/a.idl", "text");
-  std::filesystem::create_hard_link(path, scratch.path("hard"));
-  std::filesystem::create_symlink("d/a.idl", scratch.path("soft"));
-  ASSERT_EQ(mkfifo(scratch.path("fifo").c_str(), 0666), 0);
-  DiskTree tree;
-  EXPECT_EQ(tree.look(path).kind, Entry::Kind::File);
-  EXPECT_EQ(tree.look(scratch.path("hard")).id, tree.look(path).id);
-  EXPECT_EQ(tree.look(scratch.path("soft")).id, tree.look(path).id);
-  EXPECT_EQ(tree.look(scratch.path("d")).kind, Entry::Kind::Directory);
-  EXPECT_EQ(tree.look(scratch.path("fifo")).kind, Entry::Kind::Other);
-  EXPECT_EQ(tree.look("/dev/null").kind, Entry::Kind::Other);
-  EXPECT_EQ(tree.look(path + "/b").kind, Entry::Kind::Missing);
-  EXPECT_EQ(tree.look(path + std::string("\0b", 2)).kind, Entry::Kind::Missing);
-  EXPECT_EQ(tree.look(scratch.path(std::string(300, 'n'))).kind, Entry::Kind::Unreadable);
-
-  std::string text;
-  EXPECT_EQ(tree.read(scratch.path("fifo"), text).kind, Entry::Kind::Other);
-  EXPECT_EQ(tree.read(path, text).id, tree.look(path).id);
-  EXPECT_EQ(text, "text");
-  EXPECT_EQ(tree.list(scratch.path(".")), (std::vector<std::string>{"d", "fifo", "hard", "soft"}));
-  EXPECT_EQ(tree.list(scratch.path("none")), std::vector<std::string>());
-}
-
-TEST(Depfile, EscapesWhatMakeReads) {
-  EXPECT_EQ(Depfile("s p", {"a b", "a\\ b", "a\\b", "$a#b", "a\\#"}),
-            "s\\ p: \\\n a\\ b \\\n a\\\\\\ b \\\n a\\b \\\n $$a\\#b \\\n a\\\\#\n"
-            "\na\\ b:\n\na\\\\\\ b:\n\na\\b:\n\n$$a\\#b:\n\na\\\\#:\n");
-}
 
 }  // namespace
 }  // namespace zentho

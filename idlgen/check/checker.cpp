@@ -10,12 +10,6 @@
 #include "schema/builtin_types.h"
 
 namespace zentho {
-
-bool IsPunctuation(std::string_view word) {
-  return std::none_of(word.begin(), word.end(),
-                      [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
-}
-
 namespace {
 
 /// Returns whether a member, or an element of one, has a built-in type for which this holds.

@@ -14,7 +14,7 @@
 #include "check/sight.h"
 #include "check/value.h"
 #include "schema/builtin_types.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 
@@ -30,9 +30,6 @@ enum class TypeWord : std::uint8_t {
   Unknown,  ///< Perhaps a type that another file declares.
   Wrong     ///< It has been reported.
 };
-
-/// Returns whether no character of the word can be part of a name, as in `=`, `<<` or `//`.
-bool IsPunctuation(std::string_view word);
 
 /// One pass over the words of a file, which looks at each of them.
 class Checker {
@@ -92,7 +89,7 @@ class Checker {
   /// Returns whether C++ knows the type, as far as the includes of the header show.
   [[nodiscard]] bool isLibraryType(std::string_view type) const;
 
-  /// Begins the members of a message, request or response, behind this word.
+  /// Begins the members of a message, request or response, after this word.
   void startMembers(std::size_t word, std::size_t record, Scope::Part part);
 
   /// Returns whether a use is in the list so far.

@@ -7,8 +7,8 @@
 
 namespace zentho {
 
-// The words behind the functions of cpp_words.h. All tables are sorted. cpp_words_test.cpp compares
-// them with the compiler.
+// The words that the functions of cpp_words.h know. All tables are sorted. cpp_words_test.cpp
+// compares them with the compiler.
 
 struct KeywordRow {
   std::string_view word;

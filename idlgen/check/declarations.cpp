@@ -38,12 +38,10 @@ void Declarations::declareAll(std::size_t index) {
   }
   for (std::size_t i = 0; i < words.size(); ++i) {
     const Role role = words.roles[i];
-    const bool isDeclaration = role == Role::EnumName || role == Role::MessageName ||
-                               role == Role::ServiceName || role == Role::ItemName;
-    if (isDeclaration) declare(index, i, role);
-    const bool isRecord = isDeclaration && role != Role::ItemName;
-    if (isRecord && !IsIdentifier(words.texts[i]))
+    if (IsRecordName(role) || role == Role::ItemName) declare(index, i, role);
+    if (IsRecordName(role) && !IsIdentifier(words.texts[i])) {
       file.namesInOthers.insert(NameIn(words.texts[i]));
+    }
   }
 }
 

@@ -9,12 +9,9 @@
 #include <vector>
 
 #include "check/finding.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
-
-/// No index of a declaration, file or namespace.
-constexpr std::size_t nothing = static_cast<std::size_t>(-1);
 
 /// What stands in a file but is not among the words that are checked.
 struct LeftOut {

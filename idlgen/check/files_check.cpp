@@ -14,7 +14,7 @@ namespace {
 /// be visited by recursion, because a chain of them may be long.
 class CycleSearch {
  public:
-  using Includes = std::vector<std::vector<FilesCheck::Inclusion>>;
+  using Includes = std::vector<std::vector<Inclusion>>;
 
   explicit CycleSearch(const Includes& fileIncludes)
       : includes(fileIncludes), visits(fileIncludes.size()) {
@@ -95,7 +95,7 @@ void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& le
 }
 
 std::vector<Finding> FilesCheck::findings(std::size_t file) {
-  lookFrom(file);
+  sight.lookFrom(file, includes);
   Checker checker(declarations, sight, file, seesOpenFile(file));
   const std::size_t count = declarations.file(file).words->size();
   for (std::size_t i = 0; i < count; ++i) checker.checkWord(i);
@@ -109,13 +109,8 @@ std::vector<Finding> FilesCheck::findings(std::size_t file) {
 }
 
 Lookup FilesCheck::lookupFrom(std::size_t file) {
-  lookFrom(file);
+  sight.lookFrom(file, includes);
   return Lookup(declarations, sight, file, seesOpenFile(file));
-}
-
-void FilesCheck::lookFrom(std::size_t file) {
-  sight.lookFrom(file, includes.size(),
-                 [&](std::size_t i) -> const std::vector<Inclusion>& { return includes[i]; });
 }
 
 /// Returns whether names may come from what has not been read.
@@ -155,10 +150,9 @@ std::unordered_set<std::size_t> FilesCheck::closure(std::size_t file) const {
 /// Reports names that two of the included files declare, at the include that brings the second one.
 /// If an included file sees both, it is told there.
 void FilesCheck::appendMisfits(std::size_t file, std::vector<Finding>& findings) {
-  if (!areClashesKnown) clashes = declarations.clashes();
-  areClashesKnown = true;
+  if (!clashes.has_value()) clashes = declarations.clashes();
   std::vector<std::unordered_set<std::size_t>> brought;  // By each include, made when needed.
-  for (const Clash& clash : clashes) {
+  for (const Clash& clash : *clashes) {
     const std::optional<ClashingWords> two = declarations.firstTwo(
         clash, [&](std::size_t other) { return other != file && sight.hasFile(other); });
     if (!two.has_value()) continue;

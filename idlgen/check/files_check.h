@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -9,7 +10,7 @@
 #include "check/finding.h"
 #include "check/lookup.h"
 #include "check/sight.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 
@@ -17,12 +18,6 @@ namespace zentho {
 /// compilers accept the headers, as far as the files show that are checked together.
 class FilesCheck {
  public:
-  /// An include statement that leads to a file which is checked, too.
-  struct Inclusion {
-    std::size_t word;  ///< The index of the path.
-    std::size_t file;
-  };
-
   /// Whether names may come from what has not been read.
   enum class Openness : std::uint8_t {
     Closed,
@@ -52,7 +47,6 @@ class FilesCheck {
   [[nodiscard]] const Sight& lastSight() const { return sight; }
 
  private:
-  void lookFrom(std::size_t file);
   [[nodiscard]] bool seesOpenFile(std::size_t file) const;
   void appendIncludeFindings(std::size_t file, std::vector<Finding>& findings);
   void appendMisfits(std::size_t file, std::vector<Finding>& findings);
@@ -63,8 +57,7 @@ class FilesCheck {
   std::vector<std::vector<Inclusion>> includes;
   std::vector<Openness> openness;
   std::vector<std::size_t> cycles;  ///< For each file, a number that those of a cycle share.
-  std::vector<Clash> clashes;
-  bool areClashesKnown = false;
+  std::optional<std::vector<Clash>> clashes;
 };
 
 /// Returns the findings about a file that is checked alone, in the order of its words.

@@ -5,14 +5,17 @@
 #include <string_view>
 
 #include "check/rules.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
+
+/// No index of a declaration, file or namespace.
+constexpr std::size_t nothing = static_cast<std::size_t>(-1);
 
 /// A word of this or another file.
 struct WordInFile {
   std::size_t word = noWord;
-  std::size_t file = static_cast<std::size_t>(-1);  ///< No index of a file: the same one.
+  std::size_t file = nothing;  ///< `nothing` for the file that breaks the rule.
 };
 
 /// A place where a file breaks a rule.

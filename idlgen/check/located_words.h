@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "reader/places.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 

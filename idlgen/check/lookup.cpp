@@ -178,8 +178,9 @@ Found Lookup::findInValue(std::string_view name, std::size_t word) const {
       if (!sight.hasFile(declaration.file)) continue;
       const bool isOther = declaration.file != file;
       // The item itself is the word before its value.
-      if (declaration.isItem() && (isOther || declaration.word + 1 < word))
+      if (declaration.isItem() && (isOther || declaration.word + 1 < word)) {
         return {Result::Item, i};
+      }
       if (declaration.isItem()) continue;
       const bool isEnumAbove =
           declaration.role == Role::EnumName && (isOther || declaration.word < enumName);

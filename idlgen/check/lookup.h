@@ -7,7 +7,7 @@
 
 #include "check/declarations.h"
 #include "check/sight.h"
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
 

@@ -21,10 +21,6 @@ bool IsOutOfStep(const Word& word) {
 
 }  // namespace
 
-bool IsSecondHalf(Role role) {
-  return role == Role::ItemValue || role == Role::MemberType;
-}
-
 std::size_t WordsInStep(const Words& words, std::size_t count) {
   std::size_t i = 0;
   while (i < count && !(IsChecked(words.roles[i]) && IsOutOfStep(words[i]))) ++i;

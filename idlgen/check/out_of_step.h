@@ -2,12 +2,9 @@
 
 #include <cstddef>
 
-#include "schema/parser.h"
+#include "schema/words.h"
 
 namespace zentho {
-
-/// Returns whether a word of this role is a type or a value.
-bool IsSecondHalf(Role role);
 
 /// Returns how many of the first `count` words have the role that they are meant for. The next one
 /// shows that a word is missing or too many: it is a brace where a name, a type or a value should

@@ -17,7 +17,8 @@ enum class Hint : std::uint8_t {
 };
 
 /// Something that a file must not contain, and the sentence about it. In the sentence, `%` stands
-/// for the word at fault and `@` for the record that contains the other place.
+/// for the word at fault and `@` for the record that contains the other place. In a note about the
+/// grammar, `@` stands for the word at the other place.
 struct Rule {
   Severity severity;
   std::string_view sentence;

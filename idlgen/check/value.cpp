@@ -19,7 +19,7 @@ constexpr std::size_t npos = std::string_view::npos;
 constexpr std::string_view writeNumber = "write the number of the character";
 
 /// Returns the advice to write a text, if it is short and all of it can be seen.
-std::string Write(const std::string& text) {
+std::string WriteAdvice(const std::string& text) {
   const bool isVisible =
       std::all_of(text.begin(), text.end(), [](char byte) { return byte > ' ' && byte <= '~'; });
   return text.size() <= 40 && isVisible ? "write \"" + text + '"' : std::string();
@@ -32,11 +32,11 @@ std::string NumberAdvice(std::string_view number) {
   }
   std::string separated(number);
   std::replace(separated.begin(), separated.end(), '_', '\'');
-  if (FormOfNumber(separated) == NumberForm::Integer) return Write(separated);
+  if (FormOfNumber(separated) == NumberForm::Integer) return WriteAdvice(separated);
   const std::size_t sign = number.find_first_of("+-");
   const std::string first(number.substr(0, sign));
   if (sign == npos || FormOfNumber(first) != NumberForm::Integer) return {};
-  return Write("(" + first + ")" + std::string(number.substr(sign)));
+  return WriteAdvice("(" + first + ")" + std::string(number.substr(sign)));
 }
 
 /// Returns the error in the first token that is wrong by itself.
@@ -70,7 +70,7 @@ ValueFault GrammarError(std::string_view word, const std::vector<ValueToken>& to
     const std::string_view first = tokens[i].text;
     const std::string_view item = tokens[last].text;
     const auto size = static_cast<std::size_t>(item.data() - first.data()) + item.size();
-    return {&rules::notAValue, {first.data(), size}, Write(std::string(item))};
+    return {&rules::notAValue, {first.data(), size}, WriteAdvice(std::string(item))};
   }
   return {&rules::notAValue, word, {}};
 }

@@ -15,7 +15,7 @@ using Kind = ValueToken::Kind;
 
 constexpr std::size_t npos = std::string_view::npos;
 
-bool IsDigit(std::string_view text) {
+bool BeginsWithDigit(std::string_view text) {
   return !text.empty() && text.front() >= '0' && text.front() <= '9';
 }
 
@@ -83,7 +83,7 @@ ValueToken FirstToken(std::string_view text) {
   const auto token = [&](Kind kind, std::size_t size) {
     return ValueToken{kind, text.substr(0, size)};
   };
-  if (IsDigit(text) || (text.front() == '.' && IsDigit(text.substr(1)))) {
+  if (BeginsWithDigit(text) || (text.front() == '.' && BeginsWithDigit(text.substr(1)))) {
     return token(Kind::Number, NumberSize(text));
   }
   const std::size_t name = NameSize(text);

@@ -41,6 +41,11 @@ bool IsNameCharacter(char32_t code) {
   return code < 0x2000 || code > 0x206f;
 }
 
+bool IsPunctuation(std::string_view word) {
+  return std::none_of(word.begin(), word.end(),
+                      [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
+}
+
 bool IsIdentifier(std::string_view word) {
   if (word.empty() || IsDigit(static_cast<unsigned char>(word.front()))) return false;
   while (!word.empty()) {

@@ -16,10 +16,14 @@ std::string Line(const std::string& path, const char* kind, const Spot& spot,
 
 }  // namespace
 
-std::string Sentence(const Rule& rule, std::string_view text, const std::string& advice,
+Spot SpotOf(const LocatedWords& file, std::size_t word) {
+  return {file.places[word], file.text(word).size()};
+}
+
+std::string Sentence(std::string_view pattern, std::string_view text, const std::string& advice,
                      std::string_view record) {
   std::string sentence;
-  for (const char letter : rule.sentence) {
+  for (const char letter : pattern) {
     if (letter == '%') {
       sentence += Shortened(text);
     } else if (letter == '@') {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "check/located_words.h"
 #include "check/rules.h"
 #include "reader/places.h"
 
@@ -15,6 +16,8 @@ struct Spot {
   Place place;
   std::size_t size;  ///< In bytes.
 };
+
+Spot SpotOf(const LocatedWords& file, std::size_t word);
 
 /// A second sentence of a diagnostic, about another place.
 struct Note {
@@ -36,8 +39,9 @@ struct Diagnostic {
   std::vector<Note> notes = {};
 };
 
-/// Returns the sentence of a rule about this text, followed by the advice, if there is one.
-std::string Sentence(const Rule& rule, std::string_view text, const std::string& advice,
+/// Returns a sentence or note of a rule, with the text in place of `%` and the record in place of
+/// `@`, followed by the advice, if there is one.
+std::string Sentence(std::string_view pattern, std::string_view text, const std::string& advice,
                      std::string_view record = {});
 
 /// Returns the lines of a diagnostic about the file at `path`.

@@ -53,4 +53,8 @@ std::string Shortened(std::string_view text) {
   return Printable(text.substr(0, shown)) + (shown < text.size() ? "..." : "");
 }
 
+std::string Quoted(std::string_view text) {
+  return '"' + Shortened(text) + '"';
+}
+
 }  // namespace zentho

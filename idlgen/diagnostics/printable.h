@@ -13,6 +13,9 @@ std::string Printable(std::string_view text);
 /// The same, but of a long text only the beginning, followed by "...".
 std::string Shortened(std::string_view text);
 
+/// The same, in quotes.
+std::string Quoted(std::string_view text);
+
 /// The number of bytes of a line or word that a message shows.
 constexpr std::size_t maxShownSize = 200;
 

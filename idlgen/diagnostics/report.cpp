@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "diagnostics/advice.h"
+#include "diagnostics/finding_advice.h"
 #include "diagnostics/printable.h"
 
 namespace zentho {
@@ -15,7 +15,7 @@ namespace {
 /// The number of errors and warnings that are shown.
 constexpr std::size_t limit = 20;
 
-/// Returns the name of the enum, diagnostic or service that contains the word, or of its part, such
+/// Returns the name of the enum, message or service that contains the word, or of its part, such
 /// as "Drive.Request".
 std::string RecordName(const Words& words, std::size_t word) {
   std::string part;
@@ -24,9 +24,7 @@ std::string RecordName(const Words& words, std::size_t word) {
     if (role == Role::Part && part.empty()) {
       part = words.texts[i] == "request" ? ".Request" : ".Response";
     }
-    if (role == Role::EnumName || role == Role::MessageName || role == Role::ServiceName) {
-      return Shortened(words.texts[i]) + part;
-    }
+    if (IsRecordName(role)) return Shortened(words.texts[i]) + part;
   }
   return {};
 }
@@ -45,10 +43,6 @@ std::vector<Spot> CommentedInclude(std::string_view text) {
     }
   }
   return {};
-}
-
-Spot SpotOf(const LocatedWords& file, std::size_t word) {
-  return {file.places[word], file.text(word).size()};
 }
 
 bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
@@ -102,7 +96,7 @@ class Selection {
     std::string record;
     for (const WordInFile& other : {finding.other, finding.another}) {
       if (other.word == noWord) continue;
-      const bool isHere = other.file == WordInFile().file;
+      const bool isHere = other.file == nothing;
       const LocatedWords& otherWords = isHere ? file : others.words(other.file);
       record = RecordName(otherWords.words, other.word);
       diagnostic.notes.push_back({isHere ? std::string() : others.path(other.file),
@@ -114,7 +108,7 @@ class Selection {
             {{}, spot, R"(this is a comment: write include "...", without "#")"});
       }
     }
-    diagnostic.sentence = Sentence(*finding.rule, finding.text, advice, record);
+    diagnostic.sentence = Sentence(finding.rule->sentence, finding.text, advice, record);
     diagnostics.push_back(std::move(diagnostic));
   }
 

@@ -46,7 +46,7 @@ void SimilarWord::compare(std::string_view candidate) {
 }
 
 std::string DidYouMean(std::string_view word) {
-  return word.empty() ? std::string() : "did you mean \"" + Shortened(word) + "\"?";
+  return word.empty() ? std::string() : "did you mean " + Quoted(word) + "?";
 }
 
 }  // namespace zentho

@@ -6,7 +6,8 @@
 
 namespace zentho {
 
-/// Looks for the word that is most similar to another one.
+/// Looks for the word that is most similar to another one. A third of the letters may differ. To a
+/// word of more than 40 letters none is similar, because comparing them takes long.
 class SimilarWord {
  public:
   explicit SimilarWord(std::string_view wanted)

@@ -79,7 +79,7 @@ class Run {
             "is a file to read"};
   }
 
-  bool isStamp(const OutputFile& file) const { return &file.path == &*request.stamp; }
+  bool isStamp(const OutputFile& file) const { return file.path == request.stamp; }
 
   OutputFile stamp() const { return output(*request.stamp, {}); }
 
@@ -130,7 +130,7 @@ Outcome checkFiles(const CheckRequest& request) {
   try {
     result = run.check();
   } catch (const std::bad_alloc&) {
-    result = {false, "idlgen-header: Cannot allocate memory\n"};
+    result = {false, noMemory};
   }
   if (!result.succeeded) run.removeStamp(result.messages);
   return result;

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "diagnostics/warnings.h"
 #include "header/examine.h"
+#include "header/warnings.h"
 
 namespace zentho {
 

@@ -1,7 +1,6 @@
 #include "header/examination.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "check/out_of_step.h"
@@ -39,13 +38,13 @@ void Examination::addFiles() {
   recoveries.resize(files.size());
   for (std::size_t i = 0; i < files.size(); ++i) {
     const SourceFile& file = *files[i];
-    if (NeedsRecovery(file)) recoverFrom(i);
+    if (NeedsRecovery(file)) recoveryOf(i).run(CheckAlone);
     const Recovery* const recovery = recoveries[i].get();
     const bool hasFault = recovery != nullptr && recovery->hasFault();
     const bool isFound =
         std::all_of(file.includes.begin(), file.includes.end(),
                     [](const Include& include) { return include.kind == Include::Kind::Found; });
-    const Words& read = recovery == nullptr ? file.words : recovery->file.words;
+    const Words& read = wordsRead(i);
     const std::vector<std::size_t> paths = pathsRead(i);
     // After an error, there may be more includes than the parser has read.
     const auto includes = std::count(read.roles.begin(), read.roles.end(), Role::IncludePath);
@@ -54,7 +53,7 @@ void Examination::addFiles() {
     const Openness openness = isOpen     ? Openness::Open
                               : hasFault ? Openness::Faulty
                                          : Openness::Closed;
-    std::vector<FilesCheck::Inclusion> inclusions;
+    std::vector<Inclusion> inclusions;
     for (std::size_t k = 0; k < paths.size(); ++k) {
       if (file.includes[k].kind != Include::Kind::Found) continue;
       inclusions.push_back({paths[k], file.includes[k].file});
@@ -64,16 +63,25 @@ void Examination::addFiles() {
   }
 }
 
-void Examination::recoverFrom(std::size_t file) {
-  recoveries[file] =
-      std::make_unique<Recovery>(files[file]->text, files[file]->words, files[file]->error);
-  recoveries[file]->run(CheckAlone);
+/// Returns the recovery of a file, which may be a new one.
+Recovery& Examination::recoveryOf(std::size_t file) {
+  std::unique_ptr<Recovery>& recovery = recoveries[file];
+  if (recovery == nullptr) {
+    const SourceFile& source = *files[file];
+    recovery = std::make_unique<Recovery>(source.text, source.words, source.error);
+  }
+  return *recovery;
+}
+
+/// Returns the words of a file that are read in the end.
+const Words& Examination::wordsRead(std::size_t file) const {
+  const Recovery* const recovery = recoveries[file].get();
+  return recovery == nullptr ? files[file]->words : recovery->file.words;
 }
 
 /// Returns the indexes of the paths of the first includes among the words that are read in the end.
 std::vector<std::size_t> Examination::pathsRead(std::size_t file) const {
-  const Recovery* const recovery = recoveries[file].get();
-  const Words& words = recovery == nullptr ? files[file]->words : recovery->file.words;
+  const Words& words = wordsRead(file);
   std::vector<std::size_t> paths;
   std::size_t word = 0;
   for (const Include& include : files[file]->includes) {
@@ -90,24 +98,21 @@ std::vector<std::size_t> Examination::pathsRead(std::size_t file) const {
 
 Outcome Examination::examine(std::size_t file, Warnings warnings) {
   current = file;
-  std::unique_ptr<Recovery>& recovery = recoveries[file];
-  if (recovery == nullptr) {
-    if (findings(file).empty()) return {true, {}};
-    recovery = std::make_unique<Recovery>(files[file]->text, files[file]->words, std::nullopt);
-  }
-  recovery->run([&](const Words& words, const LeftOut& leftOut) {
+  if (recoveries[file] == nullptr && findings(file).empty()) return {true, {}};
+  Recovery& recovery = recoveryOf(file);
+  recovery.run([&](const Words& words, const LeftOut& leftOut) {
     check.replace(file, words, leftOut);
     return findings(file);
   });
-  std::vector<Finding>& found = recovery->findings;
+  std::vector<Finding>& found = recovery.findings;
   if (warnings == Warnings::Ignore) {
     found.erase(std::remove_if(found.begin(), found.end(), IsWarning), found.end());
   }
   const bool mayPass = warnings == Warnings::Fail
                            ? found.empty()
                            : std::all_of(found.begin(), found.end(), IsWarning);
-  const bool succeeded = !files[file]->error.has_value() && !recovery->hasFault() && mayPass;
-  return {succeeded, Report(files[file]->path, files[file]->text, *recovery, *this)};
+  const bool succeeded = !files[file]->error.has_value() && !recovery.hasFault() && mayPass;
+  return {succeeded, Report(files[file]->path, files[file]->text, recovery, *this)};
 }
 
 /// Returns the findings about a file, those about paths that lead nowhere included.
@@ -129,11 +134,7 @@ const std::string& Examination::path(std::size_t file) const {
 }
 
 const LocatedWords& Examination::words(std::size_t file) {
-  std::unique_ptr<Recovery>& recovery = recoveries[file];
-  if (recovery == nullptr) {
-    recovery = std::make_unique<Recovery>(files[file]->text, files[file]->words, std::nullopt);
-  }
-  return recovery->file;
+  return recoveryOf(file).file;
 }
 
 std::string Examination::typeAdvice(std::string_view type) {

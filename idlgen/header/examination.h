@@ -9,8 +9,8 @@
 #include "check/files_check.h"
 #include "check/located_words.h"
 #include "diagnostics/report.h"
-#include "diagnostics/warnings.h"
 #include "header/examine.h"
+#include "header/warnings.h"
 #include "recovery/recovery.h"
 #include "sources/source_file.h"
 #include "sources/sources.h"
@@ -31,7 +31,8 @@ class Examination final : private OtherFiles {
 
  private:
   void addFiles();
-  void recoverFrom(std::size_t file);
+  Recovery& recoveryOf(std::size_t file);
+  [[nodiscard]] const Words& wordsRead(std::size_t file) const;
   [[nodiscard]] std::vector<std::size_t> pathsRead(std::size_t file) const;
   [[nodiscard]] std::vector<Finding> findings(std::size_t file);
 

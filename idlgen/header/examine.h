@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "diagnostics/warnings.h"
+#include "header/warnings.h"
 #include "schema/schema.h"
 
 namespace zentho {

@@ -62,7 +62,7 @@ Outcome generateHeader(const HeaderRequest& request) {
   try {
     result = generate(request);
   } catch (const std::bad_alloc&) {
-    result = {false, "idlgen-header: Cannot allocate memory\n"};
+    result = {false, noMemory};
   }
   if (!result.succeeded) removeOutput(request.header, result.messages);
   return result;

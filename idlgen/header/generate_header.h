@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "diagnostics/warnings.h"
 #include "header/examine.h"
+#include "header/warnings.h"
 
 namespace zentho {
 

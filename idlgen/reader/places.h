@@ -14,11 +14,11 @@ struct Place {
   std::size_t offset;     ///< In the line, in bytes.
 };
 
-/// Returns the places of all words of the text, in their order. Takes one pass over the text, so it
-/// is only called when there is something to say.
+/// Returns the places of all words of the text, in their order. Takes one pass over the text.
 std::vector<Place> FindPlaces(std::string_view text, const std::vector<std::string_view>& words);
 
-/// Returns whether two colons stand inside of a word, as in `a::B`, apart from comments.
+/// Returns whether two colons stand right before other characters, as in `a::B`, apart from
+/// comments.
 bool HasColonsInWord(std::string_view text);
 
 /// Returns the rest of the line's code after the word at this place.

@@ -17,12 +17,11 @@ std::vector<Word> WithRoles(const LocatedWords& file, WordRange range) {
   const Role first = file.role(range.first);
   const bool isItem = first == Role::ItemName || first == Role::ItemValue;
   const Role second = isItem ? Role::ItemValue : Role::MemberType;
-  const bool isSecond = first == Role::ItemValue || first == Role::MemberType;
   const Role name = isItem ? Role::ItemName : Role::MemberName;
   std::vector<Word> words;
   for (std::size_t i = range.first; i < range.end; ++i) {
     const bool isExtra = i > range.first && i + 1 == range.end;
-    const bool isName = !isExtra && ((i - range.first) % 2 == 0) != isSecond;
+    const bool isName = !isExtra && ((i - range.first) % 2 == 0) != IsSecondHalf(first);
     // After a pair, "=" begins a default value.
     const bool isDefault = i >= range.first + 2 && file.text(i) == "=";
     const Role role = !IsInList(first) ? Role::Statement : isName || isDefault ? name : second;
@@ -114,7 +113,7 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
   std::string_view name = place.code.substr(place.offset);
   name = name.substr(0, name.find_first_of(role == Role::ItemValue ? " ;,})\t\r" : " ;,}\t\r"));
   if (role == Role::ItemValue) {
-    return "write only the item: \"" + Shortened(name.substr(name.rfind(':') + 1)) + '"';
+    return "write only the item: " + Quoted(name.substr(name.rfind(':') + 1));
   }
   std::string path;
   for (const char letter : name) {
@@ -127,13 +126,13 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
            "]\"";
   }
   const std::size_t library = path.find("std.string");
-  if (library == npos) return "write dots: \"" + Shortened(path) + '"';
-  return "write \"" + Shortened(path.erase(library, 4)) + '"';
+  if (library == npos) return "write dots: " + Quoted(path);
+  return "write " + Quoted(path.erase(library, 4));
 }
 
 }  // namespace
 
-bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
+bool findCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
   const std::vector<Word> words = WithRoles(file, range);
   if (const std::optional<Sign> sign = FindSign(Signs::Characters, words)) {
     fix.word = range.first + sign->word;
@@ -157,7 +156,7 @@ bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
   return false;
 }
 
-bool FindFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix) {
+bool findFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix) {
   const std::vector<Word> words = WithRoles(file, range);
   const std::optional<Sign> sign = FindSign(signs, words);
   if (!sign.has_value()) return false;

@@ -38,9 +38,6 @@ Fix FixEnd(const LocatedWords& file);
 /// Returns what is missing before this word to complete the statement that is open there.
 std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end);
 
-/// Returns whether a word of this role stands in a list of members or items.
-bool IsInList(Role role);
-
 /// The names of the enums and messages of a file.
 using TypeNames = std::unordered_set<std::string_view>;
 
@@ -58,10 +55,10 @@ bool IsInMixedLine(const LocatedWords& file, const TypeNames& types, std::size_t
 
 /// Finds the cause in the characters of the words or in two colons between them, and what is read
 /// instead. Returns whether there is one.
-bool FindCharacterCause(const LocatedWords& file, WordRange range, Fix& fix);
+bool findCharacterCause(const LocatedWords& file, WordRange range, Fix& fix);
 
 /// Finds the cause in the form of one of the words. Returns whether there is one.
-bool FindFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix);
+bool findFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix);
 
 /// Returns the rule that a word breaks because of its form.
 const Rule& FormRule(Role role);

@@ -5,7 +5,7 @@
 
 #include "check/out_of_step.h"
 #include "check/word_forms.h"
-#include "diagnostics/advice.h"
+#include "diagnostics/foreign_words.h"
 #include "recovery/fix.h"
 #include "schema/schema.h"
 #include "schema/statements.h"
@@ -41,19 +41,20 @@ Recovery::Recovery(std::string_view fileText, Words fileWords,
 }
 
 void Recovery::run(const CheckWords& check) {
-  if (faults == 0) readBlanksAtLineEnds();
+  if (faults == 0) dropCarriageReturns();
   for (;; ++faults) {
     const std::optional<Fix> fix = nextFix(check);
     if (!fix.has_value()) return;
     if (faults == limit) break;
-    apply(*fix);
+    tell(*fix);
+    readInstead(*fix);
   }
   isComplete = false;
   findings.clear();
 }
 
-/// If most lines end with CR LF, says so once, and reads the CRs as blanks.
-void Recovery::readBlanksAtLineEnds() {
+/// If most lines end with CR LF, says so once, and reads their last words without the CR.
+void Recovery::dropCarriageReturns() {
   const auto endsLine = [&](std::size_t i) {
     return i + 1 == file.size() || !AreOnOneLine(file, i, i + 1);
   };
@@ -67,7 +68,7 @@ void Recovery::readBlanksAtLineEnds() {
   if (ends.size() * 2 <= lines) return;
   const Place& place = file.places[ends.front()];
   const Spot spot = {{place.lineNumber, place.line, place.code, place.line.size() - 1}, 1};
-  diagnostics.push_back({Severity::Error, spot, Sentence(rules::carriageReturns, "", "")});
+  diagnostics.push_back({Severity::Error, spot, Sentence(rules::carriageReturns.sentence, "", "")});
   for (const std::size_t i : ends) file.words.texts[i].remove_suffix(1);
   std::vector<Place> places;
   for (std::size_t i = 0; i < file.size(); ++i) {
@@ -149,28 +150,33 @@ std::optional<Fix> Recovery::fixOfFindings() const {
   return std::nullopt;
 }
 
-/// Says what is wrong, unless something has been said about that line, and parses the words that
-/// are read instead.
-void Recovery::apply(const Fix& fix) {
-  const Spot spot = spotOf(fix.word);
+/// Says what is wrong, unless something has been said about that line.
+void Recovery::tell(const Fix& fix) {
+  const Spot spot = SpotOf(file, fix.word);
   const bool isNew =
       std::none_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
         return diagnostic.spot.place.lineNumber == spot.place.lineNumber;
       });
   // A missing brace may only follow from what has been left out.
-  const bool isConsequence = fix.rule == &rules::endOfFile && fix.text == R"(a "}")" &&
-                             !diagnostics.empty() && !lacksBraces;
-  if (isNew && !isConsequence && !(fix.mayFollow && hasFaultInStatement(fix.word))) {
-    Diagnostic diagnostic{Severity::Error, spot, Sentence(*fix.rule, fix.text, fix.advice)};
+  const bool isMissingBrace = fix.rule == &rules::endOfFile && fix.text == R"(a "}")";
+  const bool isConsequence = (isMissingBrace && !diagnostics.empty() && !lacksBraces) ||
+                             (fix.mayFollow && hasFaultInStatement(fix.word));
+  if (isNew && !isConsequence) {
+    Diagnostic diagnostic{Severity::Error, spot,
+                          Sentence(fix.rule->sentence, fix.text, fix.advice)};
     if (fix.other != noWord) {
-      const Rule note = {Severity::Error, fix.rule->note};
       diagnostic.notes.push_back(
-          {{}, spotOf(fix.other), Sentence(note, "", "", file.text(fix.other))});
+          {{}, SpotOf(file, fix.other), Sentence(fix.rule->note, "", "", file.text(fix.other))});
     }
     diagnostics.push_back(std::move(diagnostic));
   }
+}
 
-  if (fix.replaced.first < fix.replaced.end) linesAtFault.push_back(spot.place.lineNumber);
+/// Parses the words once more, with those that the fix reads in place of its range.
+void Recovery::readInstead(const Fix& fix) {
+  if (fix.replaced.first < fix.replaced.end) {
+    linesAtFault.push_back(file.places[fix.word].lineNumber);
+  }
 
   if (fix.closing != noWord) {
     replace(file.words.texts, {fix.closing, fix.closing + 1}, {});
@@ -218,10 +224,6 @@ void Recovery::leaveOut(std::string_view word, bool isStatement) {
     leftOut.names.insert(name);
     word.remove_prefix(static_cast<std::size_t>(name.end() - word.begin()));
   }
-}
-
-Spot Recovery::spotOf(std::size_t word) const {
-  return {file.places[word], file.text(word).size()};
 }
 
 }  // namespace zentho

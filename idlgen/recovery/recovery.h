@@ -43,16 +43,16 @@ class Recovery {
   bool isComplete = true;                 ///< Otherwise there are too many faults to read the rest.
 
  private:
-  void readBlanksAtLineEnds();
+  void dropCarriageReturns();
   void parse();
   [[nodiscard]] std::optional<Fix> nextFix(const CheckWords& check);
   [[nodiscard]] Fix fixOfWord(std::size_t word) const;
   [[nodiscard]] Fix fixOfEnd() const;
   [[nodiscard]] std::optional<Fix> fixOfFindings() const;
-  void apply(const Fix& fix);
+  void tell(const Fix& fix);
+  void readInstead(const Fix& fix);
   [[nodiscard]] bool hasFaultInStatement(std::size_t word) const;
   void leaveOut(std::string_view word, bool isStatement);
-  [[nodiscard]] Spot spotOf(std::size_t word) const;
 
   std::string_view text;
   std::optional<ParseError> error;

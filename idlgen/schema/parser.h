@@ -1,51 +1,15 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <exception>
 #include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 #include "reader/idl.h"
 #include "schema/schema.h"
+#include "schema/words.h"
 
 namespace zentho {
-
-/// What a word of a file is to the parser. The names of records are in the order of the header.
-enum class Role : std::uint8_t {
-  Statement,  ///< The keyword of a statement, or a word in its place.
-  Part,       ///< `request` or `response`, or a word in its place.
-  Brace,      ///< `{` or `}`, or a word in its place.
-  IncludePath,
-  NamespacePath,
-  EnumName,
-  MessageName,
-  ServiceName,
-  ItemName,
-  ItemValue,
-  MemberName,
-  MemberType,
-  Unread  ///< The word stands after an error.
-};
-
-struct Word {
-  std::string_view text;
-  Role role;
-};
-
-/// No index of a word. Greater than every index.
-constexpr std::size_t noWord = static_cast<std::size_t>(-1);
-
-/// The words of a file, and what the parser has taken them for. Refers to strings that others own.
-struct Words {
-  [[nodiscard]] std::size_t size() const { return texts.size(); }
-  [[nodiscard]] Word operator[](std::size_t i) const { return {texts[i], roles[i]}; }
-
-  std::vector<std::string_view> texts;
-  std::vector<Role> roles;
-};
 
 /// Why and where parsing stopped.
 struct ParseError : std::exception {

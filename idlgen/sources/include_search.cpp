@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "reader/idl.h"
 #include "sources/slip.h"
-#include "sources/source_file.h"
 
 namespace zentho {
 namespace {

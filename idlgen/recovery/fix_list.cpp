@@ -2,11 +2,19 @@
 
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
+#include "diagnostics/foreign_words.h"
 #include "recovery/fix.h"
 #include "schema/statements.h"
 
 namespace zentho {
 namespace {
+
+/// Returns the index of the "{" of a block that a line opens, or the end of the line.
+std::size_t BlockBegin(const LocatedWords& file, WordRange line) {
+  std::size_t i = line.first;
+  while (i < line.end && file.text(i) != "{") ++i;
+  return i;
+}
 
 /// The lines of one list of members or items.
 class List {
@@ -24,10 +32,7 @@ class List {
     std::size_t i = begin;
     while (i <= last && i < file.size() && file.text(i).front() != '}') {
       const std::size_t end = lineEnd(i);
-      const auto opensBlock = [&](std::string_view text) { return text == "{"; };
-      const auto texts = file.words.texts.begin();
-      const bool hasBlock = std::any_of(texts + static_cast<std::ptrdiff_t>(i),
-                                        texts + static_cast<std::ptrdiff_t>(end), opensBlock);
+      const bool hasBlock = BlockBegin(file, {i, end}) < end;
       const bool isOdd = (end - i) % 2 == 1;
       if (hasBlock || (isOdd && !goesOn({i, end}))) return {i, end};
       i = isOdd ? end + 1 : end;
@@ -62,7 +67,7 @@ class List {
   }
 
   /// Finds the cause in the number of the words of a line.
-  void count(WordRange line, Fix& fix) const {
+  void explainCount(WordRange line, Fix& fix) const {
     const auto set = [&](const Rule& rule, std::size_t word) {
       fix.rule = &rule;
       fix.word = word;
@@ -125,8 +130,8 @@ class List {
   std::size_t begin;
 };
 
-/// Finds a type in place of the name.
-bool BeginsWithType(const LocatedWords& file, WordRange line, Fix& fix) {
+/// Finds the cause in a type in place of the name. Returns whether there is one.
+bool findTypeAsName(const LocatedWords& file, WordRange line, Fix& fix) {
   const std::string_view first = file.text(line.first);
   if (line.end - line.first < 2 || !LooksLikeType(first) || IsBeforeColon(file, line.first)) {
     return false;
@@ -140,8 +145,7 @@ bool BeginsWithType(const LocatedWords& file, WordRange line, Fix& fix) {
 
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
 Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
-  std::size_t brace = line.first;
-  while (file.text(brace) != "{") ++brace;
+  const std::size_t brace = BlockBegin(file, line);
   const std::size_t before = brace - line.first;
   if (before > 0 && file.text(brace - 1).back() == '\'') {
     return {&rules::notAValue, brace - 1, "'{'", "write the number of the character", line};
@@ -173,26 +177,6 @@ Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
 
 }  // namespace
 
-bool IsInList(Role role) {
-  return role == Role::ItemName || role == Role::ItemValue || role == Role::MemberName ||
-         role == Role::MemberType;
-}
-
-std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end) {
-  std::size_t i = end - 1;
-  while (file.role(i) != Role::Part && file.role(i) != Role::Statement) --i;
-  const bool isService = FindStatement(file.text(i)) == Statement::Service;
-  if (file.role(i) != Role::Part && !isService) return {"}"};
-  std::vector<std::string> missing;
-  if (file.text(end - 1) != "}" && !isService) missing = {"}"};
-  if (isService) missing = {"request", "{", "}"};
-  if (isService || file.text(i) == "request") {
-    missing.insert(missing.end(), {"response", "{", "}"});
-  }
-  missing.emplace_back("}");
-  return missing;
-}
-
 TypeNames DeclaredTypes(const LocatedWords& file) {
   TypeNames types;
   for (std::size_t i = 0; i < file.size(); ++i) {
@@ -217,30 +201,24 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
   const List list(file, types, word);
   const WordRange line = list.firstWrongLine(word);
   const bool isLine = line.first < line.end;
-  const bool isSecond = file.role(word) == Role::MemberType || file.role(word) == Role::ItemValue;
-  const WordRange pair = {isSecond ? word - 1 : word, word + 1};
+  const WordRange pair = {IsSecondHalf(file.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
   const bool isWhole = IsJoinedByColons(file, word) || list.isQualified(list.lineOf(word));
   const WordRange range = isLine ? line : isWhole ? list.lineOf(word) : pair;
 
   Fix fix{&FormRule(file.role(word)), word, file.text(word), {}, range};
-  if (FindCharacterCause(file, range, fix)) return fix;
-  const auto texts = file.words.texts.begin();
-  if (isLine && std::find(texts + static_cast<std::ptrdiff_t>(line.first),
-                          texts + static_cast<std::ptrdiff_t>(line.end),
-                          "{") != texts + static_cast<std::ptrdiff_t>(line.end)) {
-    return FixBlock(file, line, list);
-  }
+  if (findCharacterCause(file, range, fix)) return fix;
+  if (BlockBegin(file, line) < line.end) return FixBlock(file, line, list);
   if (list.isQualified(range)) {
     fix.rule = list.isEnum() ? &rules::extraWordOfValue : &rules::extraWordOfType;
     fix.word = list.qualifierIn(range);
     fix.text = file.text(fix.word);
     return fix;
   }
-  if (FindFormCause(file, Signs::Assignments, range, fix)) return fix;
-  if (isLine && !list.isEnum() && BeginsWithType(file, line, fix)) return fix;
-  if (FindFormCause(file, Signs::Forms, range, fix)) return fix;
-  if (isLine) list.count(line, fix);
+  if (findFormCause(file, Signs::Assignments, range, fix)) return fix;
+  if (isLine && !list.isEnum() && findTypeAsName(file, line, fix)) return fix;
+  if (findFormCause(file, Signs::Forms, range, fix)) return fix;
+  if (isLine) list.explainCount(line, fix);
   return fix;
 }
 

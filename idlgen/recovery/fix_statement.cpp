@@ -1,13 +1,14 @@
-#include "schema/statements.h"
-
 #include <algorithm>
+#include <utility>
 
 #include "check/cpp_words.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
+#include "diagnostics/foreign_words.h"
 #include "diagnostics/printable.h"
 #include "diagnostics/similar.h"
 #include "recovery/fix.h"
+#include "schema/statements.h"
 
 namespace zentho {
 namespace {
@@ -93,9 +94,10 @@ Fix Fault::afterPath() const {
   } else if (IsJoinedByColons(file, word - 1)) {
     std::string path(file.text(word - 1));
     std::size_t last = word;
-    while (last < end && IsJoinedByColons(file, last - 1))
+    while (last < end && IsJoinedByColons(file, last - 1)) {
       path += "." + std::string(file.text(last++));
-    fix.advice = "write dots: \"" + Shortened(path) + '"';
+    }
+    fix.advice = "write dots: " + Quoted(path);
     fix.replaced = {word - 1, last};
     fix.texts = {path};
   }
@@ -161,18 +163,19 @@ Fix Fault::atStatement() const {
     leaveOutBraces(fix);
     return fix;
   }
-  if (FindFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
-  if (!laterDeclaration().empty()) {
+  if (findFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
+  if (std::vector<std::string> declaration = laterDeclaration(); !declaration.empty()) {
     fix.replaced = {word, OpeningBrace(file, word)};
-    fix.texts = laterDeclaration();
-  } else if (!SimilarKeyword(text).empty()) {
-    fix.advice = DidYouMean(SimilarKeyword(text));
-    if (meantKeyword().empty()) return fix;
+    fix.texts = std::move(declaration);
+  } else if (const std::string_view similar = SimilarKeyword(text); !similar.empty()) {
+    fix.advice = DidYouMean(similar);
+    const std::string_view keyword = meantKeyword();
+    if (keyword.empty()) return fix;
     fix.replaced = {word, word + 1};
-    fix.texts = {std::string(meantKeyword())};
-  } else if (endOfClosedList() != noWord) {
+    fix.texts = {std::string(keyword)};
+  } else if (const std::size_t listEnd = endOfClosedList(); listEnd != noWord) {
     fix.advice = R"(is a "}" too many above it?)";
-    fix.replaced = {word, endOfClosedList()};
+    fix.replaced = {word, listEnd};
   }
   return fix;
 }
@@ -300,7 +303,7 @@ Fix FixName(const LocatedWords& file, std::size_t word) {
 Fix FixStatement(const LocatedWords& file, std::size_t word) {
   Fix fix{};
   const Role role = file.role(word);
-  if (FindCharacterCause(file, {word, LineEnd(file, word)}, fix)) return fix;
+  if (findCharacterCause(file, {word, LineEnd(file, word)}, fix)) return fix;
   const Fault fault(file, word);
   switch (role) {
     case Role::Statement:
@@ -312,29 +315,6 @@ Fix FixStatement(const LocatedWords& file, std::size_t word) {
     default:
       return FixName(file, word);
   }
-}
-
-Fix FixEnd(const LocatedWords& file) {
-  const std::size_t last = file.size() - 1;
-  std::size_t keyword = last;
-  while (file.role(keyword) != Role::Statement) --keyword;
-  Fix fix{&rules::endOfFile, last, R"(a "}")", "", {file.size(), file.size()}, {}, keyword};
-  switch (file.role(last)) {
-    case Role::Statement:
-      fix.text = FindStatement(file.text(last)) == Statement::Include ? "a path" : "a name";
-      fix.replaced.first = keyword;
-      break;
-    case Role::EnumName:
-    case Role::MessageName:
-    case Role::ServiceName:
-    case Role::Part:
-      fix.text = R"(a "{")";
-      fix.replaced.first = keyword;
-      break;
-    default:
-      fix.texts = MissingBraces(file, file.size());
-  }
-  return fix;
 }
 
 }  // namespace zentho

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace zentho {
+
+/// What a word of a file is to the parser. The names of records are in the order of the header.
+enum class Role : std::uint8_t {
+  Statement,  ///< The keyword of a statement, or a word in its place.
+  Part,       ///< `request` or `response`, or a word in its place.
+  Brace,      ///< `{` or `}`, or a word in its place.
+  IncludePath,
+  NamespacePath,
+  EnumName,
+  MessageName,
+  ServiceName,
+  ItemName,
+  ItemValue,
+  MemberName,
+  MemberType,
+  Unread  ///< The word stands after an error.
+};
+
+/// Returns whether a word of this role names an enum, a message or a service.
+inline bool IsRecordName(Role role) {
+  return role == Role::EnumName || role == Role::MessageName || role == Role::ServiceName;
+}
+
+/// Returns whether a word of this role is a type or a value.
+inline bool IsSecondHalf(Role role) {
+  return role == Role::ItemValue || role == Role::MemberType;
+}
+
+/// Returns whether a word of this role stands in a list of members or items.
+inline bool IsInList(Role role) {
+  return role == Role::ItemName || role == Role::MemberName || IsSecondHalf(role);
+}
+
+struct Word {
+  std::string_view text;
+  Role role;
+};
+
+/// No index of a word.
+constexpr std::size_t noWord = static_cast<std::size_t>(-1);
+
+/// The words of a file, and what the parser has taken them for. Refers to strings that others own.
+struct Words {
+  [[nodiscard]] std::size_t size() const { return texts.size(); }
+  [[nodiscard]] Word operator[](std::size_t i) const { return {texts[i], roles[i]}; }
+
+  std::vector<std::string_view> texts;
+  std::vector<Role> roles;
+};
+
+}  // namespace zentho
