@@ -47,7 +47,7 @@ void Checker::checkWord(std::size_t i) {
     case Role::ItemValue:
       return checkValue(i);
     case Role::MemberName:
-      checkNewName(i, words[i].text);
+      hasMemberName = checkNewName(i, words[i].text);
       return;
     case Role::MemberType:
       return checkMember(i);

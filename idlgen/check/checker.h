@@ -116,6 +116,7 @@ class Checker {
   Lookup lookup;
   Scope scope;
   std::size_t listBegin = 0;
+  bool hasMemberName = false;  ///< Whether the last name of a member may be one.
   bool isLibraryChecked = false;
   mutable std::optional<bool> integerMember;
   std::size_t requestWord = 0;  ///< Of the service.

@@ -12,11 +12,12 @@ namespace zentho {
 /// the name is declared after it.
 void Checker::checkMember(std::size_t i) {
   const std::string_view name = words[i - 1].text;
-  if (IsPunctuation(name) || FindKeyword(name) == Keyword::Type) return;  // It has been reported.
-  if (!IsIdentifier(name)) {
-    const bool isType = name.find('[') != std::string_view::npos;  // It has been put first.
-    if (!isType) checkTypeWord(i);
-    return;
+  if (!hasMemberName) {  // It has been reported. Perhaps the type stands in its place.
+    if (IsPunctuation(name) || LooksLikeType(name)) return;
+    if (!IsIdentifier(name)) {
+      checkTypeWord(i);
+      return;
+    }
   }
   const TypeWord type = checkTypeWord(i);
   // In `int8 x` and `Pose pose`, the type has been put first, and is no member.

@@ -90,8 +90,11 @@ void FilesCheck::add(const Words& words, const LeftOut& leftOut, Openness fileOp
   openness.push_back(fileOpenness);
 }
 
-void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& leftOut) {
+void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& leftOut,
+                         std::vector<Inclusion> inclusions) {
   declarations.replace(file, words, leftOut);
+  includes[file] = std::move(inclusions);
+  clashes.reset();
 }
 
 std::vector<Finding> FilesCheck::findings(std::size_t file) {

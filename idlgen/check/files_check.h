@@ -30,8 +30,9 @@ class FilesCheck {
   void add(const Words& words, const LeftOut& leftOut, Openness openness,
            std::vector<Inclusion> inclusions = {});
 
-  /// Replaces the words of a file.
-  void replace(std::size_t file, const Words& words, const LeftOut& leftOut);
+  /// Replaces the words of a file, and where its include statements stand in them.
+  void replace(std::size_t file, const Words& words, const LeftOut& leftOut,
+               std::vector<Inclusion> inclusions);
 
   /// Returns the findings about a file, in the order of its words.
   std::vector<Finding> findings(std::size_t file);

@@ -4,6 +4,8 @@
 #include <cstddef>
 
 #include "check/characters.h"
+#include "check/cpp_words.h"
+#include "schema/builtin_types.h"
 
 namespace zentho {
 namespace {
@@ -105,6 +107,12 @@ bool IsTemplate(std::string_view type) {
     before = after;
     type.remove_prefix(size + 1);
   }
+}
+
+bool LooksLikeType(std::string_view word) {
+  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
+  const std::string_view element = word.substr(begin, word.find_first_of("[]", begin) - begin);
+  return FindBuiltinType(element) != nullptr || FindKeyword(element) == Keyword::Type;
 }
 
 std::vector<std::string_view> TemplateNames(std::string_view type) {

@@ -38,6 +38,10 @@ char BraceOf(std::string_view word);
 /// arguments, in any number of brackets.
 bool IsTypeForm(std::string_view word);
 
+/// Returns whether the word is a type of the language or a fundamental one of C++, perhaps with
+/// brackets.
+bool LooksLikeType(std::string_view word);
+
 /// Returns the names in a type with template arguments that the file may have to declare: neither
 /// numbers, nor names of `std`, nor ones with a leading dot.
 std::vector<std::string_view> TemplateNames(std::string_view type);

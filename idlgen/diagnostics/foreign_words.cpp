@@ -4,9 +4,7 @@
 #include <array>
 #include <iterator>
 
-#include "check/cpp_words.h"
 #include "diagnostics/similar.h"
-#include "schema/builtin_types.h"
 #include "schema/statements.h"
 
 namespace zentho {
@@ -27,12 +25,6 @@ std::string_view SimilarKeyword(std::string_view word) {
   SimilarWord similar(word);
   for (const std::string_view keyword : statementKeywords) similar.compare(keyword);
   return similar.found();
-}
-
-bool LooksLikeType(std::string_view word) {
-  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
-  const std::string_view element = word.substr(begin, word.find_first_of("[]", begin) - begin);
-  return FindBuiltinType(element) != nullptr || FindKeyword(element) == Keyword::Type;
 }
 
 bool IsQualifier(std::string_view word) {

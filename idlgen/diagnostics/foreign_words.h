@@ -13,10 +13,6 @@ std::string_view KeywordFor(std::string_view word);
 /// The same, or a keyword that is similar.
 std::string_view SimilarKeyword(std::string_view word);
 
-/// Returns whether the word is a type of the language or a fundamental one of C++, perhaps with
-/// brackets.
-bool LooksLikeType(std::string_view word);
-
 /// Returns whether the word qualifies a declaration in another language, as in `optional x: int8`.
 bool IsQualifier(std::string_view word);
 

@@ -45,22 +45,27 @@ void Examination::addFiles() {
         std::all_of(file.includes.begin(), file.includes.end(),
                     [](const Include& include) { return include.kind == Include::Kind::Found; });
     const Words& read = wordsRead(i);
-    const std::vector<std::size_t> paths = pathsRead(i);
     // After an error, there may be more includes than the parser has read.
     const auto includes = std::count(read.roles.begin(), read.roles.end(), Role::IncludePath);
-    const bool isOpen = !isFound || paths.size() < static_cast<std::size_t>(includes);
+    const bool isOpen = !isFound || pathsRead(i).size() < static_cast<std::size_t>(includes);
     using Openness = FilesCheck::Openness;
     const Openness openness = isOpen     ? Openness::Open
                               : hasFault ? Openness::Faulty
                                          : Openness::Closed;
-    std::vector<Inclusion> inclusions;
-    for (std::size_t k = 0; k < paths.size(); ++k) {
-      if (file.includes[k].kind != Include::Kind::Found) continue;
-      inclusions.push_back({paths[k], file.includes[k].file});
-    }
     check.add(read, recovery == nullptr ? nothingLeftOut : recovery->leftOut, openness,
-              std::move(inclusions));
+              inclusionsOf(i));
   }
+}
+
+/// Returns the include statements that lead to files, among the words that are read.
+std::vector<Inclusion> Examination::inclusionsOf(std::size_t file) const {
+  const std::vector<std::size_t> paths = pathsRead(file);
+  std::vector<Inclusion> inclusions;
+  for (std::size_t k = 0; k < paths.size(); ++k) {
+    const Include& include = files[file]->includes[k];
+    if (include.kind == Include::Kind::Found) inclusions.push_back({paths[k], include.file});
+  }
+  return inclusions;
 }
 
 /// Returns the recovery of a file, which may be a new one.
@@ -101,7 +106,7 @@ Outcome Examination::examine(std::size_t file, Warnings warnings) {
   if (recoveries[file] == nullptr && findings(file).empty()) return {true, {}};
   Recovery& recovery = recoveryOf(file);
   recovery.run([&](const Words& words, const LeftOut& leftOut) {
-    check.replace(file, words, leftOut);
+    check.replace(file, words, leftOut, inclusionsOf(file));
     return findings(file);
   });
   std::vector<Finding>& found = recovery.findings;

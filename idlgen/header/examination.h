@@ -33,6 +33,7 @@ class Examination final : private OtherFiles {
   void addFiles();
   Recovery& recoveryOf(std::size_t file);
   [[nodiscard]] const Words& wordsRead(std::size_t file) const;
+  [[nodiscard]] std::vector<Inclusion> inclusionsOf(std::size_t file) const;
   [[nodiscard]] std::vector<std::size_t> pathsRead(std::size_t file) const;
   [[nodiscard]] std::vector<Finding> findings(std::size_t file);
 

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "diagnostics/foreign_words.h"
