@@ -1,16 +1,16 @@
 """Prints the tables of doc/performance.md. Called by scripts/bench with its build directory, and
-with another build of idlgen-header if there is one to compare with."""
+with the prefix of another version if there is one to compare with."""
 import math
 import pathlib
 import shutil
-import statistics
 import subprocess
 import sys
 import tempfile
 
-from builds import COUNT, medians_of_builds
+import builds
+import trees
 from inputs import GROWING, TOOLS, idlgen
-from timing import medians, peak_memory, rounds, run
+from timing import compare, medians, peak_memory, run
 
 
 def table(*heads):
@@ -29,6 +29,11 @@ def number(value):
 
 def milliseconds(seconds):
     return number(seconds * 1e3) + " ms"
+
+
+def compared(name, figures):
+    *times, ratio = figures
+    row(name, *map(milliseconds, times), number(ratio))
 
 
 def command(tool, build, folder, text):
@@ -58,17 +63,16 @@ def compare_with_floor(build, folder):
                 number(own[0] / least[0]), memory)
 
 
-def compare_with_other_build(build, folder, other):
+def compare_with_other_version(build, folder, other):
     # How a program's file was written changes the time by up to 10%, so both are copied.
-    own = build / "idlgen/idlgen-header"
-    programs = [shutil.copy(own, f"{build}/own"), shutil.copy(other, f"{build}/other")]
-    table("messages", "idlgen-header", "other build", "median ratio")
+    programs = [shutil.copy(f"{prefix}/bin/idlgen-header", f"{build}/{name}")
+                for name, prefix in (("own", build / "installed"), ("other", other))]
+    table("messages", "idlgen-header", "other version", "median ratio")
     for count, runs in (1, 1001), (100, 501), (1000, 101), (10000, 21), (100000, 7):
         words = command("idlgen-header", build, folder, idlgen(count))[2]
-        pairs = rounds([[program, *words[1:]] for program in programs], runs)
-        times = [statistics.median(pair[i][0] for pair in pairs) for i in (0, 1)]
-        ratio = statistics.median(own[0] / other[0] for own, other in pairs)
-        row(f"{count:,}", *map(milliseconds, times), number(ratio))
+        compared(f"{count:,}", compare([[program, *words[1:]] for program in programs], runs))
+    table("a build of 600 headers that include each other", "own", "other version", "median ratio")
+    compared("Ninja", builds.compare_versions(folder, [build / "installed", other]))
 
 
 def version(tool):
@@ -89,10 +93,35 @@ def compare_tools(build, folder):
                 number(size / 1e3) + " kB")
 
 
+def check_command(build, folder, includes):
+    """Writes files that include each other. Returns their paths and the command that checks them."""
+    paths = trees.write(folder, includes)
+    arguments = folder / "arguments"
+    arguments.write_text("\n".join(paths))
+    return paths, [f"{build}/idlgen/idlgen-header", "--check", f"@{arguments}"]
+
+
+def show_checks(build, folder):
+    table("check of", "--check", "idlgen -f", "median ratio")
+    paths, check = check_command(build, folder / "mesh", trees.mesh(600))
+    compared("600 files that include each other",
+             compare([check, [f"{build}/idlgen/idlgen", "-f", *paths]], 41))
+    table("check of", "time", "memory")
+    for name, includes in {"a chain of 5,000 files": trees.chain(5000),
+                           "a file with 5,000 includes": trees.star(5000),
+                           "20 layers of two files": trees.layers(20)}.items():
+        words = check_command(build, folder / name, includes)[1]
+        memory = number(peak_memory(words) / 1e6) + " MB" if len(includes) >= 5000 else ""
+        row(name, milliseconds(medians([words], 9)[0][0]), memory)
+
+
 def compare_builds(build, folder):
-    table(f"a build of {COUNT} headers", "time", "nothing to do")
-    for tool, (full, idle) in medians_of_builds(folder, build / "installed").items():
+    prefix = build / "installed"
+    table("a build of 500 headers", "time", "nothing to do")
+    for tool, (full, idle) in builds.compare_with_flatc(folder, prefix).items():
         row(f"Ninja and {tool}", milliseconds(full), milliseconds(idle))
+    table("a target of 4,000 files", "links 100 targets", "links none", "median ratio")
+    compared("configuring", builds.compare_configurations(folder, prefix))
 
 
 def show_growth(build, folder):
@@ -109,9 +138,10 @@ def main(build, other=None):
     with tempfile.TemporaryDirectory(dir="/dev/shm") as name:
         folder = pathlib.Path(name)
         if other:
-            compare_with_other_build(build, folder, other)
+            compare_with_other_version(build, folder, other)
         compare_with_floor(build, folder)
         compare_tools(build, folder)
+        show_checks(build, folder / "trees")
         compare_builds(build, folder / "builds")
         show_growth(build, folder)
 

@@ -38,6 +38,16 @@ def medians(commands, runs, expected=0):
             for column in zip(*rounds(commands, runs, expected))]
 
 
+def median_ratio(pairs):
+    """Returns the medians of both figures of the pairs, and the median of the ratios of the pairs."""
+    return [*map(statistics.median, zip(*pairs)), statistics.median(a / b for a, b in pairs)]
+
+
+def compare(commands, runs):
+    """Returns the same for the wall seconds of two commands, which run in turn."""
+    return median_ratio([[seconds for seconds, _ in pair] for pair in rounds(commands, runs)])
+
+
 def peak_memory(command):
     """Returns the peak bytes of one run, but at least those of a Python that has just started.
 
