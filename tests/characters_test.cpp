@@ -27,7 +27,7 @@ const std::vector<Encoding> encodings = {
     {"ThreeBytes", "\xef\xbb\xbf", 0xfeff, 3, true},
     {"FourBytes", "\xf0\x9f\x99\x82", 0x1f642, 4, true},
     {"LastCode", "\xf4\x8f\xbf\xbf", 0x10ffff, 4, true},
-    {"BehindTheLastCode", "\xf4\x90\x80\x80", 0xf4, 1, false},
+    {"AfterTheLastCode", "\xf4\x90\x80\x80", 0xf4, 1, false},
     {"Continuation", "\x80", 0x80, 1, false},
     {"TooLongForTwoBytes", "\xc1\xbf", 0xc1, 1, false},
     {"TooLongForThreeBytes", "\xe0\x9f\xbf", 0xe0, 1, false},

@@ -18,7 +18,7 @@ struct TypeRow {
 };
 using TypesOfMembers = testing::TestWithParam<TypeRow>;
 
-/// In the header, `Late` stands before the messages, and `Send` behind all of them.
+/// In the header, `Late` stands before the messages, and `Send` after all of them.
 constexpr const char* file =
     "namespace a.b.a enum E { I: 0 E: 1 } service Send { request { } response { } } "
     "message First { } message b { } message Last { } enum Late { } "

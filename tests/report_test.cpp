@@ -108,7 +108,7 @@ a.idl:1:36: error: "Größe" is not declared
 };
 INSTANTIATE_TEST_SUITE_P(Report, Excerpts, testing::ValuesIn(excerpts), RowName<ExcerptRow>);
 
-/// Returns the file with this many misspelt types, each behind a name that is only warned about.
+/// Returns the file with this many misspelt types, each after a name that is only warned about.
 std::string Mistakes(int count) {
   std::string idl = "message M {\n";
   for (int i = 0; i < count; ++i) {

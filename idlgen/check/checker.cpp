@@ -106,7 +106,12 @@ void Checker::checkNamespace(std::size_t i) {
   }
   const std::size_t framework = lookup.seenNamespace(0, "zentho");
   if (names.empty() || framework == nothing || !hasFunctions()) return;
-  checkIsNoRecord(i, names[0], framework);
+  for (std::size_t d = declarations.firstIn(framework, names[0]); d != nothing;
+       d = declarations[d].next) {
+    const Declaration& other = declarations[d];
+    if (other.isItem() || other.file == file || !sight.hasFile(other.file)) continue;
+    return reportOther(rules::hiddenNamespace, i, names[0], other);
+  }
   const std::size_t hiding = lookup.seenNamespace(framework, names[0]);
   if (hiding != nothing) reportNamespace(rules::hiddenNamespace, i, names[0], hiding);
 }

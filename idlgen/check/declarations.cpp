@@ -7,7 +7,7 @@
 namespace zentho {
 
 void Declarations::add(const Words& words, const LeftOut& leftOut) {
-  files.push_back({&words, &leftOut, {}, {}});
+  files.push_back({&words, &leftOut});
   declareAll(files.size() - 1);
 }
 
@@ -15,7 +15,7 @@ void Declarations::replace(std::size_t file, const Words& words, const LeftOut& 
   for (Declaration& declaration : declarations) {
     if (declaration.file == file) declaration.file = nothing;
   }
-  files[file] = {&words, &leftOut, {}, {}};
+  files[file] = {&words, &leftOut};
   declareAll(file);
 }
 
@@ -41,6 +41,9 @@ void Declarations::declareAll(std::size_t index) {
     const bool isDeclaration = role == Role::EnumName || role == Role::MessageName ||
                                role == Role::ServiceName || role == Role::ItemName;
     if (isDeclaration) declare(index, i, role);
+    const bool isRecord = isDeclaration && role != Role::ItemName;
+    if (isRecord && !IsIdentifier(words.texts[i]))
+      file.namesInOthers.insert(NameIn(words.texts[i]));
   }
 }
 

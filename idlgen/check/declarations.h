@@ -44,6 +44,7 @@ struct ClashingWords {
   std::string_view name;
   WordInFile first;
   WordInFile second;
+  bool inAnyOrder = true;  ///< Otherwise they only clash if the first one comes first.
 };
 
 /// A namespace into which files declare names. The first one is the global namespace.
@@ -60,9 +61,10 @@ class Declarations {
   struct File {
     const Words* words;
     const LeftOut* leftOut;
-    std::vector<std::size_t> namespaces;
-    std::vector<std::string_view> namespaceNames;  ///< Of all but the global one.
+    std::vector<std::size_t> namespaces = {};
+    std::vector<std::string_view> namespaceNames = {};  ///< Of all but the global one.
     std::size_t namespaceWord = noWord;
+    std::unordered_set<std::string_view> namesInOthers = {};  ///< In what is no name, as in `P(x`.
     bool hasInclude = false;
   };
 
@@ -140,6 +142,14 @@ std::optional<ClashingWords> Declarations::firstTwo(const Clash& clash,
                            {declarations[first].word, declarations[first].file},
                            {declaration.word, declaration.file}};
     }
+  }
+  if (record != nothing && item != nothing && declarations[record].role == Role::MessageName &&
+      declarations[record].file != declarations[item].file) {
+    const Declaration& type = declarations[record];
+    return ClashingWords{files[type.file].words->texts[type.word],
+                         {declarations[item].word, declarations[item].file},
+                         {type.word, type.file},
+                         false};
   }
   if (record == nothing || clash.space == nothing) return std::nullopt;
   const std::size_t file = fileOf(clash.space, isSeen);

@@ -157,23 +157,33 @@ std::unordered_set<std::size_t> FilesCheck::closure(std::size_t file) const {
 void FilesCheck::appendMisfits(std::size_t file, std::vector<Finding>& findings) {
   if (!areClashesKnown) clashes = declarations.clashes();
   areClashesKnown = true;
+  std::vector<std::unordered_set<std::size_t>> brought;  // By each include, made when needed.
   for (const Clash& clash : clashes) {
     const std::optional<ClashingWords> two = declarations.firstTwo(
         clash, [&](std::size_t other) { return other != file && sight.hasFile(other); });
     if (!two.has_value()) continue;
-    std::unordered_set<std::size_t> before;
-    for (const Inclusion& inclusion : includes[file]) {
-      const std::unordered_set<std::size_t> brought = closure(inclusion.file);
-      const auto has = [&](const WordInFile& word) { return brought.count(word.file) > 0; };
-      if (has(two->first) && has(two->second)) break;
-      if (before.count(two->first.file) + before.count(two->second.file) > 0 &&
-          (has(two->first) || has(two->second))) {
-        findings.push_back({&rules::misfit, inclusion.word, two->name, two->first, two->second});
+    for (std::size_t i = brought.size(); i < includes[file].size(); ++i) {
+      brought.push_back(closure(includes[file][i].file));
+    }
+    bool hasFirst = false;
+    bool hasSecond = false;
+    for (std::size_t i = 0; i < brought.size(); ++i) {
+      const bool bringsFirst = brought[i].count(two->first.file) > 0;
+      const bool bringsSecond = brought[i].count(two->second.file) > 0;
+      if (bringsFirst && bringsSecond) break;
+      if ((bringsSecond && hasFirst) || (bringsFirst && hasSecond && two->inAnyOrder)) {
+        const std::size_t word = includes[file][i].word;
+        findings.push_back({&rules::misfit, word, two->name, two->first, two->second});
         break;
       }
-      before.insert(brought.begin(), brought.end());
+      hasFirst = hasFirst || bringsFirst;
+      hasSecond = hasSecond || bringsSecond;
     }
   }
+}
+
+bool FilesCheck::doesInclude(std::size_t file, std::size_t other) const {
+  return closure(file).count(other) > 0;
 }
 
 std::vector<Finding> CheckAlone(const Words& words, const LeftOut& leftOut) {

@@ -55,7 +55,8 @@ Found Lookup::findType(std::string_view type, const Scope& user) const {
 }
 
 bool Lookup::mayBeElsewhere(std::string_view name) const {
-  return mayDeclareAnything || declarations.file(file).leftOut->names.count(name) > 0;
+  const Declarations::File& own = declarations.file(file);
+  return mayDeclareAnything || own.leftOut->names.count(name) + own.namesInOthers.count(name) > 0;
 }
 
 Found Lookup::findName(std::string_view name, const Scope& user) const {
@@ -100,15 +101,23 @@ Found Lookup::use(std::size_t declaration, const Scope& user) const {
 /// The first name is looked up from the inside out. Once it is found, there is no way back.
 Found Lookup::findPath(const Path& path, const Scope& user) const {
   const std::string_view first = path.front();
-  if (first.empty() || first == "std" || first == "zentho") return {Result::Elsewhere};
+  if (first == "std" || first == "zentho") return {Result::Elsewhere};
+  if (first.empty()) {
+    // The C library has many more names in the global namespace, but no namespaces.
+    const bool isOther = path.size() < 3 || path[1] == "std" || path[1] == "zentho";
+    return isOther ? Found{Result::Elsewhere} : findFrom(0, path, 1, user);
+  }
   if (IsNestedAbove(first, user.part)) return unknown;
   if (first == words.texts[user.record]) return findNested(ownRecord(user), path, 1, user);
   std::size_t below = nothing;
   for (std::size_t level = namespaces.size(); level-- > 0;) {
     const std::size_t record = recordIn(namespaces[level], first);
-    if (record != nothing && isAbove(record, user)) return findNested(record, path, 1, user);
-    if (record != nothing) below = record;
     const std::size_t space = seenNamespace(namespaces[level], first);
+    if (record != nothing && isAbove(record, user)) {
+      // A type and a namespace of one name have been reported where they are declared.
+      return space == nothing ? findNested(record, path, 1, user) : Found{Result::Elsewhere};
+    }
+    if (record != nothing) below = record;
     if (space != nothing) return findFrom(space, path, 1, user);
   }
   if (below == nothing) return unknown;
@@ -123,6 +132,9 @@ Found Lookup::findFrom(std::size_t space, const Path& path, std::size_t next,
                        const Scope& user) const {
   while (next + 1 < path.size()) {
     const std::size_t record = recordIn(space, path[next]);
+    if (record != nothing && seenNamespace(space, path[next]) != nothing) {
+      return {Result::Elsewhere};
+    }
     if (record != nothing) {
       const Found found = findNested(record, path, next + 1, user);
       const bool isBelow = !isOwn(record, user) && !isAbove(record, user);

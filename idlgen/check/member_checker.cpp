@@ -76,9 +76,14 @@ TypeWord Checker::checkTemplate(std::size_t i, std::string_view type) {
   if (!IsTemplate(type)) report(rules::notAType, i);
   for (const std::string_view name : TemplateNames(type)) {
     if (findings.size() > before) break;
-    if (FindBuiltinType(name) != nullptr && !lookup.mayBeElsewhere(name)) {
+    const Keyword keyword = FindKeyword(name);
+    if (keyword != Keyword::None && keyword != Keyword::Type && keyword != Keyword::Cpp20) {
+      reportPart(rules::keywordAsType, i, name);
+    } else if (FindBuiltinType(name) != nullptr && type.substr(0, name.size()) == name) {
+      report(rules::notAType, i);  // It has no arguments.
+    } else if (FindBuiltinType(name) != nullptr && !lookup.mayBeElsewhere(name)) {
       reportPart(rules::builtinInTemplate, i, name);
-    } else if (!isLibraryType(name) && FindKeyword(name) == Keyword::None &&
+    } else if (!isLibraryType(name) && keyword == Keyword::None &&
                declarations.item(file, name) == noWord &&
                lookup.findType(name, scope).result == Result::Unknown) {
       reportPart(rules::notDeclared, i, name);

@@ -62,6 +62,7 @@ inline constexpr Rule missingName{error, R"(a name is missing before the "%")"};
 inline constexpr Rule nameless{error, R"("%" has no name)"};
 inline constexpr Rule missingType{error, R"("%" has no type)"};
 inline constexpr Rule missingValue{error, R"("%" has no value: each item needs one, as in "A: 0")"};
+inline constexpr Rule extraWordOfName{error, R"("%" is a word too many before the name)"};
 inline constexpr Rule extraWordOfType{
     error, R"("%" is a word too many: a member is a name and one word for the type)"};
 inline constexpr Rule extraWordOfValue{
@@ -85,7 +86,7 @@ inline constexpr Rule nestedTypeAsService{
 inline constexpr Rule declaredTwice{error, R"("%" is already declared)", "declared here"};
 inline constexpr Rule isNamespace{error, R"("%" is already a namespace)", "declared here"};
 inline constexpr Rule hiddenNamespace{
-    error, R"("%" is also a namespace in zentho, where the functions of the header stand)",
+    error, R"("%" is also declared in zentho, where the functions of the header stand)",
     "declared here"};
 inline constexpr Rule itemTwice{error, R"("%" is already an item of @)", "declared here"};
 inline constexpr Rule memberTwice{error, R"("%" is already a member of @)", "declared here"};
@@ -146,7 +147,7 @@ inline constexpr Rule unquotedPath{warning,
 inline constexpr Rule unterminatedPath{
     warning, R"(% has no closing quote: a path ends before a space, ":", "#" and "//")"};
 inline constexpr Rule similarPath{warning, "there is no file %"};
-inline constexpr Rule cycle{warning, "% includes this file, too: one of them will not compile"};
+inline constexpr Rule cycle{warning, "% includes this file, too: one of them may not compile"};
 inline constexpr Rule includesItself{warning, "% is this file itself"};
 inline constexpr Rule misfit{error, R"("%" is declared in an included file already)",
                              "declared here"};

@@ -10,6 +10,7 @@
 #include "check/literals.h"
 #include "check/tables.h"
 #include "check/value_tokens.h"
+#include "check/value_types.h"
 
 namespace zentho {
 namespace {
@@ -28,22 +29,6 @@ constexpr auto logicalOperators =
 template <std::size_t Size>
 bool Contains(const std::array<std::string_view, Size>& table, std::string_view text) {
   return std::find(table.begin(), table.end(), text) != table.end();
-}
-
-/// What a name is where a type may stand.
-enum class TypeKind : std::uint8_t {
-  None,
-  Integer,
-  Floating,
-  Enum,
-  Later,      ///< A type since C++20.
-  Unusable,   ///< A type that is not complete here.
-  Unknown,    ///< Perhaps a type.
-  Elsewhere,  ///< Perhaps a type, and perhaps declared in another file.
-};
-
-bool IsUnknown(TypeKind type) {
-  return type == TypeKind::Unknown || type == TypeKind::Elsewhere;
 }
 
 /// Reads the tokens of one value, by this grammar:
@@ -80,7 +65,9 @@ class ValueReader {
   bool skipTypeInParentheses();
   bool skipParentheses();
 
-  [[nodiscard]] TypeKind typeOf(std::string_view name) const;
+  [[nodiscard]] TypeKind typeOf(std::string_view name) const {
+    return FindTypeKind(name, kindOf, hasIntegerMacros);
+  }
   [[nodiscard]] bool beginsOperand(std::size_t i) const;
 
   /// Notes that a type is used. Returns whether it can be.
@@ -282,22 +269,6 @@ bool ValueReader::skipTypeInParentheses() {
     if (textAt(i) == ".") return false;
   }
   return true;
-}
-
-TypeKind ValueReader::typeOf(std::string_view name) const {
-  const Keyword keyword = FindKeyword(name);
-  if (keyword == Keyword::Type) {
-    return name == "float" || name == "double" ? TypeKind::Floating : TypeKind::Integer;
-  }
-  if (keyword != Keyword::None && keyword != Keyword::Cpp20) return TypeKind::None;
-  const NameKind kind = kindOf(name);
-  if (kind == NameKind::Item) return TypeKind::None;
-  if (kind == NameKind::EnumType) return TypeKind::Enum;
-  if (kind == NameKind::OtherType) return TypeKind::Unusable;
-  if (keyword == Keyword::Cpp20) return TypeKind::Later;
-  if (IsCppType(name)) return TypeKind::Integer;
-  if (hasIntegerMacros && IsIntegerMacro(name)) return TypeKind::None;
-  return kind == NameKind::Unknown ? TypeKind::Unknown : TypeKind::Elsewhere;
 }
 
 /// Returns whether the token can only begin an operand, but not follow one.

@@ -51,6 +51,16 @@ bool IsIdentifier(std::string_view word) {
   return true;
 }
 
+std::string_view NameIn(std::string_view word) {
+  const auto isPart = [](char byte) {
+    return (byte & 0x80) != 0 || IsNameCharacter(static_cast<unsigned char>(byte));
+  };
+  const auto* const begin = std::find_if(word.begin(), word.end(), isPart);
+  const auto* const end = std::find_if_not(begin, word.end(), isPart);
+  return word.substr(static_cast<std::size_t>(begin - word.begin()),
+                     static_cast<std::size_t>(end - begin));
+}
+
 std::optional<std::string_view> ElementType(std::string_view type) {
   while (type.size() >= 2 && type.front() == '[' && type.back() == ']') {
     type = type.substr(1, type.size() - 2);

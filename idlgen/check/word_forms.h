@@ -14,6 +14,9 @@ bool IsNameCharacter(char32_t code);
 /// Returns whether the word is one identifier of C++. It may be a keyword.
 bool IsIdentifier(std::string_view word);
 
+/// Returns the first name in the word, or nothing.
+std::string_view NameIn(std::string_view word);
+
 /// Returns the type inside the brackets, or nothing if they are not balanced.
 std::optional<std::string_view> ElementType(std::string_view type);
 

@@ -69,11 +69,13 @@ bool Has(std::string_view word) {
 }
 
 bool StartsComment(std::string_view word) {
-  return StartsWith(word, "/*") || StartsWith(word, "*/") || EndsWith(word, "*/");
+  return StartsWith(word, "/*") || StartsWith(word, "*/") || EndsWith(word, "*/") ||
+         StartsWith(word, "(*");
 }
 
 bool IsGlued(std::string_view word, char brace) {
-  return BraceOf(word) == brace && word.size() > 1 && word.find_first_not_of("{}") != npos;
+  const bool isOnlyBraces = word.find_first_not_of("{}") == npos;
+  return BraceOf(word) == brace && word.size() > 1 && (!isOnlyBraces || brace == '}');
 }
 
 template <char separator>
@@ -104,9 +106,10 @@ std::ptrdiff_t OpenBrackets(std::string_view word) {
 }
 
 bool IsTemplateOf(std::string_view word, std::initializer_list<std::string_view> templates) {
-  const std::string_view name = word.substr(0, word.find('<'));
+  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
+  const std::string_view name = word.substr(begin, word.find('<') - begin);
   const std::string_view last = name.substr(name.rfind('.') + 1);
-  return name.size() < word.size() &&
+  return Contains(word, "<") &&
          std::find(templates.begin(), templates.end(), last) != templates.end();
 }
 
@@ -123,7 +126,10 @@ constexpr SignRow characterRows[] = {
      R"(here, only "#" starts a comment)"},
     {all, StartsComment, hashComments},
     {all & ~paths, [](std::string_view word) { return Contains(word, "/*"); }, hashComments},
-    {all & ~(items | values), [](std::string_view word) { return StartsWith(word, "--"); },
+    {all & ~(items | values),
+     [](std::string_view word) {
+       return StartsWith(word, "--") && word.find_first_not_of('-') != npos;
+     },
      hashComments},
     {all, Has<'\t'>, "use spaces instead of tabs"},
     {all, Has<'\r'>, "end lines with LF, not with CR LF"},
@@ -132,7 +138,10 @@ constexpr SignRow characterRows[] = {
     {all, [](std::string_view word) { return IsGlued(word, '{'); }, R"(put a space before "{")"},
     {all, IsGluedBeforeSeparator<';'>, R"(put spaces around "}" and delete the ";")"},
     {all, IsGluedBeforeSeparator<','>, R"(put spaces around "}" and delete the ",")"},
-    {all, [](std::string_view word) { return IsGlued(word, '}') && word.front() != '}'; },
+    {all,
+     [](std::string_view word) {
+       return IsGlued(word, '}') && (word.front() != '}' || word[1] == '}');
+     },
      R"(put spaces around "}")"},
 };
 
@@ -150,7 +159,7 @@ constexpr SignRow formRows[] = {
     {members, LooksLikeType, R"(put the name first, as in "x: int8")"},
     {types,
      [](std::string_view word) {
-       return IsTemplateOf(word, {"map", "unordered_map"});
+       return IsTemplateOf(word, {"map", "unordered_map", "Map", "HashMap"});
      },
      "there are no maps"},
     {types,
@@ -174,10 +183,13 @@ constexpr SignRow formRows[] = {
     {types, [](std::string_view word) { return StartsWith(word, "[") && OpenBrackets(word) > 0; },
      R"(a "]" is missing at its end)"},
     {types, [](std::string_view word) { return OpenBrackets(word) != 0; }, "count the brackets"},
-    {names | types, Has<'['>, bracketsAround},
+    {names, Has<'['>, bracketsAround},
+    {types, [](std::string_view word) { return Has<'['>(word) && !ElementType(word).has_value(); },
+     bracketsAround},
+    {names | types, Has<'"'>, "write it without quotes"},
     {types, [](std::string_view word) { return word.find_first_of("*&") != npos; },
      "there are no pointers and references"},
-    {types, Has<'/'>, "write a dot between names"},
+    {types | dottedNames, Has<'/'>, "write a dot between names"},
     {items, [](std::string_view word) { return word.find_first_not_of("+-*/%&|^<>!~?") == npos; },
      "write the value as one word, without spaces"},
     {names, Has<'-'>, R"(write "_" instead of "-")"},
@@ -251,7 +263,12 @@ std::string MissingPart(std::string_view type, const Words& words) {
   const std::size_t dot = type.find('.');
   const std::string_view first = type.substr(0, dot);
   if (dot == npos || !IsDeclaredType(words, first)) return {};
-  return Quoted(first) + " has no type " + Quoted(type.substr(dot + 1));
+  const std::string_view part = type.substr(dot + 1);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const bool isItem = words.roles[i] == Role::ItemName && words.texts[i] == part;
+    if (isItem) return Quoted(part) + " is an item, not a type";
+  }
+  return Quoted(first) + " has no type " + Quoted(part);
 }
 
 /// Returns where to put a type, or what the record lacks that it begins with, or nothing.
@@ -334,7 +351,8 @@ std::string AdviceFor(const Finding& finding, const LocatedWords& file) {
       return {};
     case Hint::Form: {
       const std::string advice = FormAdvice(finding.text, word.role);
-      return advice.empty() ? FormAdvice(word.text, word.role) : advice;
+      const bool isType = word.role == Role::MemberType;
+      return advice.empty() && isType ? FormAdvice(word.text, word.role) : advice;
     }
     case Hint::SimilarType:
       return Contains(word.text, "<") ? FormAdvice(word.text, word.role)
@@ -377,7 +395,8 @@ bool LooksLikeType(std::string_view word) {
 bool IsQualifier(std::string_view word) {
   constexpr std::string_view qualifiers[] = {
       "optional", "repeated", "required", "const", "constant", "static", "mutable", "readonly",
-      "public",   "private",  "in",       "out",   "inout",    "oneway", "var",     "let"};
+      "public",   "private",  "in",       "out",   "inout",    "oneway", "var",     "let",
+      "case",     "unsigned", "signed",   "long",  "struct",   "enum",   "class"};
   return std::find(std::begin(qualifiers), std::end(qualifiers), word) != std::end(qualifiers);
 }
 

@@ -1,6 +1,6 @@
 #include "diagnostics/known_types.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "check/word_forms.h"
 #include "diagnostics/similar.h"
@@ -61,19 +61,35 @@ std::vector<std::size_t> KnownTypes::filesThatDeclare(std::string_view type) con
 }
 
 std::string KnownTypes::mostSimilar(std::string_view type) const {
-  SimilarWord similar(type);
-  for (const BuiltinType& builtin : builtinTypes) similar.compare(builtin.keyword);
-  std::vector<std::string> names;
+  SimilarWord builtin(type);
+  for (const BuiltinType& row : builtinTypes) builtin.compare(row.keyword);
+  if (!builtin.found().empty()) return std::string(builtin.found());
+
+  // Of a path, the last part counts, and of several types with that name, the whole path.
+  SimilarWord last(LastPart(type));
+  std::vector<std::size_t> types;
   for (std::size_t i = 0; i < declarations.count(); ++i) {
     const Declaration& declaration = declarations[i];
     const bool isSeen = declaration.file != nothing && sight.hasFile(declaration.file);
-    if (isSeen && IsType(declaration)) names.push_back(nameOf(declaration));
+    if (!isSeen || !IsType(declaration)) continue;
+    types.push_back(i);
+    last.compare(textOf(declaration));
   }
-  for (const std::string& name : names) {
-    if (name != type && LastPart(name) == LastPart(type)) return name;
+  constexpr std::size_t limit = 20;
+  std::vector<std::string> names;
+  for (const std::size_t i : types) {
+    if (textOf(declarations[i]) != last.found() || names.size() == limit) continue;
+    std::string name = nameOf(declarations[i]);
+    if (name != type) names.push_back(std::move(name));
   }
-  for (const std::string& name : names) similar.compare(name);
-  return std::string(similar.found());
+  SimilarWord whole(type);
+  for (const std::string& name : names) whole.compare(name);
+  if (!whole.found().empty()) return std::string(whole.found());
+  return names.empty() ? std::string() : names.front();
+}
+
+std::string_view KnownTypes::textOf(const Declaration& declaration) const {
+  return declarations.file(declaration.file).words->texts[declaration.word];
 }
 
 /// Returns the shortest name by which the user finds the type.

@@ -22,6 +22,7 @@ class KnownTypes {
   [[nodiscard]] std::string mostSimilar(std::string_view type) const;
 
  private:
+  [[nodiscard]] std::string_view textOf(const Declaration& declaration) const;
   [[nodiscard]] std::string nameOf(const Declaration& declaration) const;
 
   const Declarations& declarations;

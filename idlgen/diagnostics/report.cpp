@@ -98,7 +98,7 @@ class Selection {
     const LocatedWords& file = recovery.file;
     const std::string advice = adviceFor(finding);
     Diagnostic diagnostic{finding.rule->severity, SpotOf(file, finding.word), {}};
-    if (isRepeated(finding, advice)) return;
+    if (isRepeated(finding, advice) || isConsequence(finding, advice)) return;
     std::string record;
     for (const WordInFile& other : {finding.other, finding.another}) {
       if (other.word == noWord) continue;
@@ -127,14 +127,34 @@ class Selection {
     return advice.empty() && isUnknown && !isPath ? others.typeAdvice(finding.text) : advice;
   }
 
+  /// Returns whether the form of a word is at fault, and not only what it refers to.
+  static bool IsAboutForm(const Finding& finding, const std::string& advice) {
+    return finding.rule->hint == Hint::Form || StartsWithPutFirst(advice);
+  }
+
+  static bool StartsWithPutFirst(const std::string& advice) {
+    return advice.rfind("put the name first", 0) == 0;
+  }
+
   /// Returns whether the same has been said about a form of the same line. An example in the advice
   /// makes no difference.
   bool isRepeated(const Finding& finding, const std::string& advice) {
     const std::string general = advice.substr(0, advice.find(", as in"));
-    const bool isForm = finding.rule->hint == Hint::Form || general == "put the name first";
-    if (!isForm || general.empty()) return false;
+    if (!IsAboutForm(finding, advice) || general.empty()) return false;
     const std::size_t line = recovery.file.places[finding.word].lineNumber;
     return !given.insert({line, general}).second;
+  }
+
+  /// Returns whether the finding may follow from one about a word just before it on the line, whose
+  /// form is at fault: in `int x = 1;`, all words after the first have another role than meant.
+  bool isConsequence(const Finding& finding, const std::string& advice) {
+    const bool isForm = IsAboutForm(finding, advice);
+    if (!isForm && finding.rule != &rules::notDeclared) return false;
+    const bool follows = lastForm != noWord && finding.word > lastForm &&
+                         finding.word <= lastForm + (isForm ? 2 : 1) &&
+                         AreOnOneLine(recovery.file, lastForm, finding.word);
+    if (isForm) lastForm = finding.word;
+    return follows;
   }
 
   std::string_view text;
@@ -142,6 +162,7 @@ class Selection {
   OtherFiles& others;
   std::vector<Diagnostic> diagnostics;
   std::set<std::pair<std::size_t, std::string>> given;  ///< Advice about lines.
+  std::size_t lastForm = noWord;  ///< The word of the last finding about a form.
   std::size_t notShown = 0;
   bool isIncludeNoted = false;
 };

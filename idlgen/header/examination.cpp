@@ -45,18 +45,21 @@ void Examination::addFiles() {
     const bool isFound =
         std::all_of(file.includes.begin(), file.includes.end(),
                     [](const Include& include) { return include.kind == Include::Kind::Found; });
+    const Words& read = recovery == nullptr ? file.words : recovery->file.words;
+    const std::vector<std::size_t> paths = pathsRead(i);
+    // After an error, there may be more includes than the parser has read.
+    const auto includes = std::count(read.roles.begin(), read.roles.end(), Role::IncludePath);
+    const bool isOpen = !isFound || paths.size() < static_cast<std::size_t>(includes);
     using Openness = FilesCheck::Openness;
-    const Openness openness = !isFound   ? Openness::Open
+    const Openness openness = isOpen     ? Openness::Open
                               : hasFault ? Openness::Faulty
                                          : Openness::Closed;
-    const std::vector<std::size_t> paths = pathsRead(i);
     std::vector<FilesCheck::Inclusion> inclusions;
     for (std::size_t k = 0; k < paths.size(); ++k) {
       if (file.includes[k].kind != Include::Kind::Found) continue;
       inclusions.push_back({paths[k], file.includes[k].file});
     }
-    check.add(recovery == nullptr ? file.words : recovery->file.words,
-              recovery == nullptr ? nothingLeftOut : recovery->leftOut, openness,
+    check.add(read, recovery == nullptr ? nothingLeftOut : recovery->leftOut, openness,
               std::move(inclusions));
   }
 }
@@ -136,7 +139,8 @@ const LocatedWords& Examination::words(std::size_t file) {
 std::string Examination::typeAdvice(std::string_view type) {
   const KnownTypes types(check, current);
   const std::vector<std::size_t> others = types.filesThatDeclare(type);
-  for (const std::size_t other : others) {  // Never if the file is alone.
+  for (const std::size_t other : others) {            // Never if the file is alone.
+    if (check.doesInclude(other, current)) continue;  // It would be a cycle.
     const std::string included = sources->includePath(current, other);
     if (!included.empty()) return "is \"" + included + "\" to be included?";
   }

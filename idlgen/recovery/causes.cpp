@@ -34,7 +34,8 @@ std::vector<Word> WithRoles(const LocatedWords& file, WordRange range) {
 
 /// Returns where a comment of another language begins in the word, or its size.
 std::size_t CommentBegin(std::string_view word) {
-  const std::size_t begin = std::min({word.find("/*"), word.find("//"), word.find("*/")});
+  const std::size_t begin =
+      std::min({word.find("/*"), word.find("//"), word.find("*/"), word.find("(*")});
   return std::min(word.substr(0, 2) == "--" ? 0 : begin, word.size());
 }
 
@@ -119,6 +120,11 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
   for (const char letter : name) {
     if (letter != ':') path += letter;
     if (letter == ':' && path.back() != '.') path += '.';
+  }
+  constexpr std::string_view vector = "std.vector<";
+  if (path.compare(0, vector.size(), vector) == 0 && path.back() == '>') {
+    return "write \"[" + Shortened(path.substr(vector.size(), path.size() - vector.size() - 1)) +
+           "]\"";
   }
   const std::size_t library = path.find("std.string");
   if (library == npos) return "write dots: \"" + Shortened(path) + '"';

@@ -22,6 +22,8 @@ struct Fix {
   WordRange replaced;                   ///< May be empty.
   std::vector<std::string> texts = {};  ///< What is read there.
   std::size_t other = noWord;           ///< The word that the note of the rule is about.
+  std::size_t closing = noWord;         ///< A brace further on that is left out, too.
+  bool mayFollow = false;  ///< Is not said if its statement has a line at fault before it.
 };
 
 /// Returns the fix for a word that stands in a list of members or items.
@@ -49,9 +51,10 @@ TypeNames DeclaredTypes(const LocatedWords& file);
 /// two lines.
 bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
 
-/// Returns whether a word on the line of this one, in its list, qualifies a declaration, as in
-/// `1: required int32 x`.
-bool IsInQualifiedLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
+/// Returns whether the line of the word, in its list, is wrong as a whole, although it may consist
+/// of pairs: another word qualifies a declaration, as in `1: required int32 x`, or it has a
+/// comment.
+bool IsInMixedLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
 
 /// Finds the cause in the characters of the words or in two colons between them, and what is read
 /// instead. Returns whether there is one.

@@ -1,10 +1,8 @@
 #include <algorithm>
 
-#include "check/cpp_words.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "recovery/fix.h"
-#include "schema/builtin_types.h"
 #include "schema/statements.h"
 
 namespace zentho {
@@ -31,8 +29,7 @@ class List {
       const bool hasBlock = std::any_of(texts + static_cast<std::ptrdiff_t>(i),
                                         texts + static_cast<std::ptrdiff_t>(end), opensBlock);
       const bool isOdd = (end - i) % 2 == 1;
-      const bool hasType = end - i > 1 && IsAfterColon(file, end - 1);
-      if (hasBlock || (isOdd && (hasType || !goesOn(end)))) return {i, end};
+      if (hasBlock || (isOdd && !goesOn({i, end}))) return {i, end};
       i = isOdd ? end + 1 : end;
     }
     return {last, last};
@@ -55,7 +52,9 @@ class List {
 
   [[nodiscard]] std::size_t qualifierIn(WordRange line) const {
     const auto isQualifier = [&](std::size_t i) {
-      return IsQualifier(file.text(i)) && !IsBeforeColon(file, i);
+      const bool isType =
+          IsAfterColon(file, i) && (i + 1 == line.end || IsBeforeColon(file, i + 1));
+      return IsQualifier(file.text(i)) && !IsBeforeColon(file, i) && !isType;
     };
     std::size_t i = line.end - line.first < 3 ? line.end : line.first;
     while (i < line.end && !isQualifier(i)) ++i;
@@ -73,7 +72,7 @@ class List {
     const Rule& missing = isEnum() ? rules::missingValue : rules::missingType;
     const Rule& extra = isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
     for (std::size_t i = line.first; i < last; i += 2) {
-      if (!IsBeforeColon(file, i + 1)) continue;
+      if (!IsBeforeColon(file, i + 1) || looksLikeSecondHalf(i + 1)) continue;
       return set(IsBeforeColon(file, i) ? missing : extra, i);
     }
     const bool isName = IsBeforeColon(file, last) || !looksLikeSecondHalf(last);
@@ -93,21 +92,30 @@ class List {
   }
 
   /// Returns whether the pair that the last word of a line begins ends with the next line's first.
-  [[nodiscard]] bool goesOn(std::size_t next) const {
+  [[nodiscard]] bool goesOn(WordRange line) const {
+    const std::size_t next = line.end;
+    const bool isSingle = line.end - line.first == 1;
     if (next >= file.size() || BraceOf(file.text(next)) != '\0' || IsBeforeColon(file, next)) {
       return false;
     }
-    const bool leavesPairs = (lineEnd(next) - next) % 2 == 1;
-    const bool isAfterColon = IsAfterColon(file, next) || IsBeforeColon(file, next - 1);
-    return looksLikeSecondHalf(next) || (isAfterColon && leavesPairs);
+    const bool beginsWithType = LooksLikeType(file.text(line.first)) &&
+                                !IsBeforeColon(file, line.first) && !IsAfterColon(file, line.first);
+    if (!isSingle && (beginsWithType || IsAfterColon(file, next - 1))) return false;
+    const std::size_t nextEnd = lineEnd(next);
+    const bool leavesPairs = (nextEnd - next) % 2 == 1;
+    if (IsAfterColon(file, next) || IsBeforeColon(file, next - 1)) {
+      return leavesPairs || looksLikeSecondHalf(next);
+    }
+    if (looksLikeSecondHalf(next)) return leavesPairs || IsBeforeColon(file, nextEnd - 1);
+    return !isEnum() && isSingle && nextEnd - next == 1 && IsIdentifier(file.text(next)) &&
+           IsIdentifier(file.text(line.first));
   }
 
   /// Returns whether the word is rather a type or a value than a name.
   [[nodiscard]] bool looksLikeSecondHalf(std::size_t i) const {
     std::string_view text = file.text(i);
     text = text.substr(0, text.find_last_not_of(";,") + 1);
-    const bool isName = IsIdentifier(text) && FindKeyword(text) == Keyword::None &&
-                        FindBuiltinType(text) == nullptr;
+    const bool isName = IsIdentifier(text) && !LooksLikeType(text);
     if (!isName) return text.find('=') == std::string_view::npos;
     return !isEnum() && types.count(text) > 0 && !IsBeforeColon(file, i);
   }
@@ -135,6 +143,9 @@ Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
   std::size_t brace = line.first;
   while (file.text(brace) != "{") ++brace;
   const std::size_t before = brace - line.first;
+  if (before > 0 && file.text(brace - 1).back() == '\'') {
+    return {&rules::notAValue, brace - 1, "'{'", "write the number of the character", line};
+  }
   const WordRange block = {line.first, ClosingBrace(file, brace) + 1};
   const auto at = [&](const Rule& rule, std::size_t word) {
     return Fix{&rule, word, file.text(word), {}, block};
@@ -191,9 +202,9 @@ TypeNames DeclaredTypes(const LocatedWords& file) {
   return types;
 }
 
-bool IsInQualifiedLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
+bool IsInMixedLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
   const List list(file, types, word);
-  return list.isQualified(list.lineOf(word));
+  return list.isQualified(list.lineOf(word)) || file.text(word).substr(0, 2) == "/*";
 }
 
 bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {

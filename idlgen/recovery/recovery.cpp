@@ -143,7 +143,7 @@ std::optional<Fix> Recovery::fixOfFindings() const {
     const std::size_t last = findings[next - 1].word;
     if (HasWrongLine(file, types, last)) return FixList(file, last);
     for (std::size_t i = begin; i < next; ++i) {
-      if (IsInQualifiedLine(file, types, findings[i].word)) return FixList(file, findings[i].word);
+      if (IsInMixedLine(file, types, findings[i].word)) return FixList(file, findings[i].word);
     }
   }
   return std::nullopt;
@@ -160,7 +160,7 @@ void Recovery::apply(const Fix& fix) {
   // A missing brace may only follow from what has been left out.
   const bool isConsequence = fix.rule == &rules::endOfFile && fix.text == R"(a "}")" &&
                              !diagnostics.empty() && !lacksBraces;
-  if (isNew && !isConsequence) {
+  if (isNew && !isConsequence && !(fix.mayFollow && hasFaultInStatement(fix.word))) {
     Diagnostic diagnostic{Severity::Error, spot, Sentence(*fix.rule, fix.text, fix.advice)};
     if (fix.other != noWord) {
       const Rule note = {Severity::Error, fix.rule->note};
@@ -172,10 +172,16 @@ void Recovery::apply(const Fix& fix) {
 
   if (fix.replaced.first < fix.replaced.end) linesAtFault.push_back(spot.place.lineNumber);
 
+  if (fix.closing != noWord) {
+    replace(file.words.texts, {fix.closing, fix.closing + 1}, {});
+    replace(file.places, {fix.closing, fix.closing + 1}, {});
+  }
   std::vector<std::string_view> read;
   for (const std::string& word : fix.texts) read.push_back(texts.emplace_back(word));
   for (std::size_t i = fix.replaced.first; i < fix.replaced.end; ++i) {
-    if (std::find(read.begin(), read.end(), file.text(i)) == read.end()) leaveOut(file.text(i));
+    const bool isRead = std::find(read.begin(), read.end(), file.text(i)) != read.end();
+    const bool mayDeclare = fix.rule != &rules::notAnOpening && fix.rule != &rules::secondNamespace;
+    if (!isRead && mayDeclare) leaveOut(file.text(i), read.empty());
   }
   const std::size_t at = std::min(fix.replaced.first, file.size() - 1);
   std::vector<Place> places;
@@ -192,20 +198,25 @@ void Recovery::apply(const Fix& fix) {
   parse();
 }
 
+/// Returns whether a line of the statement that contains the word has been at fault.
+bool Recovery::hasFaultInStatement(std::size_t word) const {
+  std::size_t keyword = word;
+  while (keyword > 0 && file.role(keyword) != Role::Statement) --keyword;
+  const std::size_t first = file.places[keyword].lineNumber;
+  return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
+    return diagnostic.spot.place.lineNumber >= first;
+  });
+}
+
 /// Keeps the names in a word that is not read, which may be declared there.
-void Recovery::leaveOut(std::string_view word) {
+void Recovery::leaveOut(std::string_view word, bool isStatement) {
   const Statement keyword = FindStatement(SimilarKeyword(word));
-  if (keyword == Statement::Include || keyword == Statement::Namespace) {
+  if (isStatement && (keyword == Statement::Include || keyword == Statement::Namespace)) {
     leftOut.mayDeclareAnything = true;
   }
-  const auto isPart = [](char byte) {
-    return (byte & 0x80) != 0 || IsNameCharacter(static_cast<unsigned char>(byte));
-  };
-  while (!word.empty()) {
-    const auto* const end = std::find_if_not(word.begin(), word.end(), isPart);
-    const auto size = static_cast<std::size_t>(end - word.begin());
-    leftOut.names.insert(word.substr(0, size));
-    word.remove_prefix(std::min(size + 1, word.size()));
+  for (std::string_view name = NameIn(word); !name.empty(); name = NameIn(word)) {
+    leftOut.names.insert(name);
+    word.remove_prefix(static_cast<std::size_t>(name.end() - word.begin()));
   }
 }
 

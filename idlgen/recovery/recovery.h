@@ -50,7 +50,8 @@ class Recovery {
   [[nodiscard]] Fix fixOfEnd() const;
   [[nodiscard]] std::optional<Fix> fixOfFindings() const;
   void apply(const Fix& fix);
-  void leaveOut(std::string_view word);
+  [[nodiscard]] bool hasFaultInStatement(std::size_t word) const;
+  void leaveOut(std::string_view word, bool isStatement);
   [[nodiscard]] Spot spotOf(std::size_t word) const;
 
   std::string_view text;

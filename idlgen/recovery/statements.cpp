@@ -8,7 +8,6 @@
 #include "diagnostics/printable.h"
 #include "diagnostics/similar.h"
 #include "recovery/fix.h"
-#include "schema/builtin_types.h"
 
 namespace zentho {
 namespace {
@@ -32,9 +31,15 @@ class Fault {
   }
 
  private:
+  /// Returns the rest of the line up to a brace that closes what is open before it.
   [[nodiscard]] WordRange rest() const {
     const std::size_t brace = OpeningBrace(file, word);
-    return {word, brace == noWord ? end : std::max(end, ClosingBrace(file, brace) + 1)};
+    if (brace != noWord && brace >= end) return {word, ClosingBrace(file, brace) + 1};
+    std::size_t i = word;
+    while (i < end && BraceOf(file.text(i)) != '}') {
+      i = file.text(i) == "{" ? ClosingBrace(file, i) + 1 : i + 1;
+    }
+    return {word, std::max(i, word + 1)};
   }
 
   [[nodiscard]] bool isInLineOf(std::size_t other) const { return AreOnOneLine(file, word, other); }
@@ -43,6 +48,8 @@ class Fault {
     return FindStatement(file.text(i)) != Statement::None;
   }
 
+  void leaveOutBraces(Fix& fix) const;
+  [[nodiscard]] bool isMissingName(std::size_t name) const;
   [[nodiscard]] Fix afterPath() const;
   [[nodiscard]] std::vector<std::string> laterDeclaration() const;
   [[nodiscard]] std::string_view meantKeyword() const;
@@ -57,18 +64,32 @@ class Fault {
   std::size_t end;
 };
 
+/// Leaves out a "{" and its "}", but not what stands between them.
+void Fault::leaveOutBraces(Fix& fix) const {
+  fix.replaced = {word, word + 1};
+  const std::size_t closing = ClosingBrace(file, word);
+  if (closing > word && BraceOf(file.text(closing)) == '}') fix.closing = closing;
+}
+
+/// Returns whether a word in place of a name is the keyword of the statement on the next line.
+bool Fault::isMissingName(std::size_t name) const {
+  return IsDeclaration(FindStatement(file.text(name))) && !AreOnOneLine(file, name - 1, name) &&
+         name + 2 < file.size() && file.text(name + 2) == "{";
+}
+
 /// More words on the line of a path: of an include, or of a namespace.
 Fix Fault::afterPath() const {
   const std::string_view text = file.text(word);
   Fix fix = leaveOut(rules::notAStatement, "a path is one word, without spaces");
   if (file.role(word - 1) == Role::IncludePath) return fix;
   fix.advice = "a namespace is one word";
+  if (isMissingName(word - 1)) {
+    const std::string_view keyword = file.text(word - 1);
+    return {&rules::missingName, word - 1, keyword, {}, {word - 2, word - 1}};
+  }
   if (text == "{") {
-    // Only the braces are left out, not what stands between them.
     fix.advice = "a namespace has no braces";
-    fix.replaced = {word, ClosingBrace(file, word) + 1};
-    for (std::size_t i = word + 1; i + 1 < fix.replaced.end; ++i)
-      fix.texts.emplace_back(file.text(i));
+    leaveOutBraces(fix);
   } else if (IsJoinedByColons(file, word - 1)) {
     std::string path(file.text(word - 1));
     std::size_t last = word;
@@ -101,7 +122,7 @@ std::string_view Fault::meantKeyword() const {
   const std::size_t brace = OpeningBrace(file, word);
   const bool fits = IsDeclaration(FindStatement(keyword))
                         ? brace != noWord && brace > word + 1 && declares(keyword, brace)
-                        : end == word + 2;
+                        : end == word + 2 || brace == word + 2;  // As in `module a {`.
   return fits ? keyword : std::string_view();
 }
 
@@ -136,6 +157,10 @@ Fix Fault::atStatement() const {
     fix.replaced = {word, word + 1};
     return fix;
   }
+  if (text == "{") {
+    leaveOutBraces(fix);
+    return fix;
+  }
   if (FindFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
   if (!laterDeclaration().empty()) {
     fix.replaced = {word, OpeningBrace(file, word)};
@@ -158,10 +183,10 @@ std::string_view Fault::openingAdvice() const {
   const Role name = file.role(word - 1);
   if (IsJoinedByColons(file, word - 1)) return "a name is one word, without colons";
   if (name == Role::Part) return "a request or response is members in braces";
-  if (name == Role::EnumName && (FindBuiltinType(text) != nullptr || IsCppType(text))) {
-    return "the underlying type of an enum cannot be chosen";
-  }
-  if (IsBeforeColon(file, word - 1) || text == "extends") return "messages have no base";
+  const bool isBase =
+      IsIdentifier(file.text(word - 1)) && (IsBeforeColon(file, word - 1) || text == "extends");
+  if (isBase && name == Role::EnumName) return "the underlying type of an enum cannot be chosen";
+  if (isBase) return name == Role::ServiceName ? "services have no base" : "messages have no base";
   return "only a name stands before it";
 }
 
@@ -177,6 +202,9 @@ Fix Fault::atOpening() const {
   const std::size_t name = word - 1;
   const bool isPart = file.role(name) == Role::Part;
   Fix fix{&rules::missingOpening, name, file.text(name), {}, {word, word}, {"{"}};
+  if (isMissingName(name)) {
+    return {&rules::missingName, name, file.text(name), {}, {name - 1, name}};
+  }
   if (!isInLineOf(name)) {
     const bool isService = file.role(name) == Role::ServiceName && file.text(word) == "request";
     if (isPart || isService || isClosed()) return fix;
@@ -189,9 +217,10 @@ Fix Fault::atOpening() const {
   const std::size_t brace = OpeningBrace(file, word);
   const bool isKeyword = FindKeyword(file.text(name)) != Keyword::None;
   if (brace != noWord && isKeyword && brace > word) {  // As in `enum class E {`.
-    fix = {&rules::keywordAsName, name, file.text(name), {}, {name, word}};
+    fix = {&rules::extraWordOfName, name, file.text(name), {}, {name, word}};
   } else if (brace != noWord) {
-    fix.replaced.end = brace;
+    fix.replaced = {name, brace};
+    fix.texts = {std::string(NameIn(file.text(name)))};
   } else if (isPart) {
     fix.replaced.end = word + 1;
     fix.texts = {"{", "}"};
@@ -215,6 +244,7 @@ Fix Fault::atBrace() const {
     fix.texts = {"}"};
   } else {
     fix.rule = &rules::notAnEnd;
+    fix.mayFollow = file.text(word) == "request";
     fix.advice = "a service has one request and one response, in this order";
   }
   return fix;
@@ -238,6 +268,7 @@ Fix Fault::atPart() const {
   } else if (text == "}" || text == "response") {
     fix.replaced = {word, word};
     fix.texts = {part, "{", "}"};
+    fix.mayFollow = text == "}";
     if (text == "}" && isRequest) fix.texts.insert(fix.texts.end(), {"response", "{", "}"});
     if (text == "response") fix.advice = "a service begins with its request";
   } else if (beginsStatement(word)) {
