@@ -111,7 +111,9 @@ constexpr NameRow nameRows[] = {
     {"SiblingNamespaceWithoutItsName", "Side", "user", "Unknown"},
     {"IncludedByAnIncludedFile", "far.Deep", "user", "Type in 3"},
     {"HiddenByAMessageAbove", "far.Deep", "Last", "Unknown"},
-    {"GlobalNamespace", ".far.Deep", "user", "Elsewhere"},
+    {"GlobalNamespace", ".far.Deep", "Last", "Type in 3"},
+    {"LibraryInTheGlobalNamespace", ".std.Deep", "user", "Elsewhere"},
+    {"NameInTheGlobalNamespace", ".Deep", "user", "Elsewhere"},
     {"NameOfTheUser", "user.Deep", "user", "Unknown"},
     {"FileThatIsNotIncluded", "Unseen", "user", "Unknown"},
     {"ItemOfTheOuterNamespace", "ITEM", "user", "Item in 1"},
@@ -220,8 +222,14 @@ const std::vector<TreeRow> trees = {
     {"ClashOfATypeAndANamespace",
      {R"(include "2.idl" include "1.idl")", "message P { }", "namespace P"},
      {misfit, "", ""}},
-    {"AnItemAndATypeAgree",
+    {"ItemBeforeAMessageOfItsName",
      {R"(include "1.idl" include "2.idl")", "enum A { P: 0 }", "message P { }"},
+     {misfit, "", ""}},
+    {"ItemAfterAMessageOfItsName",
+     {R"(include "2.idl" include "1.idl")", "enum A { P: 0 }", "message P { }"},
+     {"", "", ""}},
+    {"ItemAndAnEnumOfItsName",
+     {R"(include "1.idl" include "2.idl")", "enum A { P: 0 }", "enum P { }"},
      {"", "", ""}},
     {"NamespacesAgree",
      {R"(include "1.idl" include "2.idl")", "namespace P message A { }",
@@ -238,24 +246,24 @@ const std::vector<TreeRow> trees = {
     {"TwoCycles",
      {R"(include "1.idl" include "2.idl")", R"(include "0.idl")", R"(include "3.idl" namespace a)",
       R"(include "2.idl" namespace b)", R"(include "0.idl" include "2.idl")"},
-     {"\"1.idl\" includes this file, too: one of them will not compile\n",
-      "\"0.idl\" includes this file, too: one of them will not compile\n",
-      "\"3.idl\" includes this file, too: one of them will not compile\n",
-      "\"2.idl\" includes this file, too: one of them will not compile\n", ""}},
+     {"\"1.idl\" includes this file, too: one of them may not compile\n",
+      "\"0.idl\" includes this file, too: one of them may not compile\n",
+      "\"3.idl\" includes this file, too: one of them may not compile\n",
+      "\"2.idl\" includes this file, too: one of them may not compile\n", ""}},
     {"CycleWithinACycle",
      {R"(include "1.idl")", R"(include "2.idl" include "0.idl")",
       R"(include "0.idl" include "3.idl")", "namespace a"},
-     {"\"1.idl\" includes this file, too: one of them will not compile\n",
-      "\"2.idl\" includes this file, too: one of them will not compile\n"
-      "\"0.idl\" includes this file, too: one of them will not compile\n",
-      "\"0.idl\" includes this file, too: one of them will not compile\n", ""}},
+     {"\"1.idl\" includes this file, too: one of them may not compile\n",
+      "\"2.idl\" includes this file, too: one of them may not compile\n"
+      "\"0.idl\" includes this file, too: one of them may not compile\n",
+      "\"0.idl\" includes this file, too: one of them may not compile\n", ""}},
     {"FileThatIncludesItself",
      {R"(include "0.idl" message M { })"},
      {"\"0.idl\" is this file itself\n"}},
     {"NoOrderInACycle",
      {R"(include "1.idl" message A { b: B })", R"(include "0.idl" message B { a: A })"},
-     {"\"1.idl\" includes this file, too: one of them will not compile\n",
-      "\"0.idl\" includes this file, too: one of them will not compile\n"}},
+     {"\"1.idl\" includes this file, too: one of them may not compile\n",
+      "\"0.idl\" includes this file, too: one of them may not compile\n"}},
     {"FindingsInTheOrderOfTheWords",
      {R"(message M { x: None } include "1.idl" message P { })", "message P { }"},
      {"\"None\" is not declared\n\"P\" is already declared (P in 1)\n", ""}},
@@ -274,7 +282,7 @@ TEST(FilesCheck, FollowsALongChain) {
   }
   texts.push_back(R"(include "0.idl")");
   CheckedFiles files(texts);
-  EXPECT_EQ(files.findings(7), "\"8.idl\" includes this file, too: one of them will not compile\n");
+  EXPECT_EQ(files.findings(7), "\"8.idl\" includes this file, too: one of them may not compile\n");
   EXPECT_EQ(files.findings(count), "");
 }
 

@@ -95,8 +95,8 @@ const std::vector<RecoveryRow> lineRows = {
      "message M { x int8 }", R"(2:3: "/*" is not a name: comments start with "#")"},
     {"CommentInALine", "message M {\n  x: int8/* one\n  two */ y: int8\n}",
      "message M { x int8 y int8 }", R"(2:6: "int8/*" is not a type: comments start with "#")"},
-    {"CommentUpToTheEndOfTheLine", "message M {\n  x: int8 -- a b\n}", "message M { x int8 }",
-     R"(2:11: "--" is not a name: comments start with "#")"},
+    {"CommentUpToTheEndOfTheLine", "message M {\n  x: int8 --a b\n}", "message M { x int8 }",
+     R"(2:11: "--a" is not a name: comments start with "#")"},
     {"CommentWithoutAnEnd", "message M {\n  x: int8 /* a b\n  y: int8\n}",
      "message M { x int8 y int8 }", R"(2:11: "/*" is not a name: comments start with "#")"},
     {"ColonsInAType", "message M {\n  x: [a::b::C]\n  y: int8\n}", "message M { y int8 }",
@@ -154,7 +154,15 @@ const std::vector<RecoveryRow> statementRows = {
     {"ColonsInAName", "message a::M {\n}", "message a { }",
      R"(1:12: "M" is not "{": a name is one word, without colons)"},
     {"KeywordBeforeAName", "enum class E { A: 0 }", "enum E { A 0 }",
-     R"(1:6: "class" is a keyword of C++ and cannot be a name)"},
+     R"(1:6: "class" is a word too many before the name)"},
+    {"BaseOfAService", "service S : B { request { } response { } }",
+     "service S { request { } response { } }", R"(1:13: "B" is not "{": services have no base)"},
+    {"KeywordOfAnotherLanguageWithBraces", "module a {\nmessage M { }\n}",
+     "namespace a message M { }", R"(1:1: "module" is not a statement: did you mean "namespace"?)"},
+    {"BracesAroundStatements", "{\nmessage M { }\n} enum E { }", "message M { } enum E { }",
+     R"(1:1: "{")" + anyStatement},
+    {"KeywordWithoutAName", "message\nmessage N { }", "message N { }",
+     R"(2:1: a name is missing before the "message")"},
     {"MissingOpeningBrace", "message M\n  x: int8\n}\nmessage N { }",
      "message M { x int8 } message N { }", R"(1:9: a "{" is missing after "M")"},
     {"NameWithoutAList", "message M\nmessage N { }", "message N { }",
@@ -310,7 +318,7 @@ const std::vector<ShapeRow> shapes = {
     {"Messages", "", "message M% { x: int8 }\n", "}"},
     {"OpenMessages", "", "message M% {\n", ""},
     {"Braces", "", "{", ""},
-    {"Comment", "message M {\n/* x y\n", "z\n", "}"}};
+    {"Comment", "message M {\n/* x y\n", "z%: int8\n", "}"}};
 INSTANTIATE_TEST_SUITE_P(Recovery, TimesOfRecovery, testing::ValuesIn(shapes), RowName<ShapeRow>);
 
 }  // namespace
