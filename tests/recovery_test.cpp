@@ -95,7 +95,7 @@ const std::vector<RecoveryRow> lineRows = {
      "message M { x int8 }", R"(2:3: "/*" is not a name: comments start with "#")"},
     {"CommentInALine", "message M {\n  x: int8/* one\n  two */ y: int8\n}",
      "message M { x int8 y int8 }", R"(2:6: "int8/*" is not a type: comments start with "#")"},
-    {"CommentUpToTheEndOfTheLine", "message M {\n  x: int8 --a b\n}", "message M { x int8 }",
+    {"CommentUpToTheEndOfTheLine", "message M {\n  x: int8 --a b c\n}", "message M { x int8 }",
      R"(2:11: "--a" is not a name: comments start with "#")"},
     {"CommentWithoutAnEnd", "message M {\n  x: int8 /* a b\n  y: int8\n}",
      "message M { x int8 y int8 }", R"(2:11: "/*" is not a name: comments start with "#")"},
