@@ -1,0 +1,206 @@
+#include "header/examination.h"
+
+#include "sources/memory_tree.h"
+#include "support.h"
+
+// Whole messages about files that are checked together.
+
+namespace zentho {
+namespace {
+
+using Files = std::map<std::string, std::string>;
+
+/// Checks the files at these paths. Returns their messages, and a last line if one of them fails.
+std::string Told(const Files& files, const std::vector<std::string>& paths,
+                 Warnings warnings = Warnings::Tell) {
+  MemoryTree tree({files.begin(), files.end()});
+  Sources sources(tree, {"base"});
+  sources.load(paths);
+  Examination examination(sources);
+  std::string messages;
+  bool succeeded = true;
+  for (const Sources::Named& named : sources.named()) {
+    const Outcome outcome = examination.examine(named.file, warnings);
+    messages += outcome.messages;
+    succeeded = succeeded && outcome.succeeded;
+  }
+  return messages + (succeeded ? "" : "failed\n");
+}
+
+TEST(Examination, ShowsOtherFilesInNotes) {
+  const Files files = {{"nav/a.idl", "include \"geo/b.idl\"\nnamespace geo\nmessage P { x: Kind }"},
+                       {"base/geo/b.idl",
+                        "# Shapes\n\nnamespace geo enum Kind { A: 0 P: 1 }\n"
+                        "  message P { }  # a point\n"}};
+  EXPECT_EQ(Told(files, {"nav/a.idl"}),
+            R"(nav/a.idl:3:9: error: "P" is already an item of Kind
+    3 | message P { x: Kind }
+      |         ^
+base/geo/b.idl:3:32: note: declared here
+    3 | namespace geo enum Kind { A: 0 P: 1 }
+      |                                ^
+failed
+)");
+}
+
+TEST(Examination, ShowsBothFilesThatDoNotFitTogether) {
+  const Files files = {{"a.idl", "include \"b.idl\"\n  include <c.idl>  # both\n"},
+                       {"base/b.idl", "message Pose { }"},
+                       {"c.idl", "\n message M { }  enum Pose { }"}};
+  EXPECT_EQ(Told(files, {"a.idl"}),
+            R"(a.idl:2:11: error: "Pose" is declared in an included file already
+    2 |   include <c.idl>  # both
+      |           ^~~~~~~
+base/b.idl:1:9: note: declared here
+    1 | message Pose { }
+      |         ^~~~
+c.idl:2:22: note: declared here
+    2 |  message M { }  enum Pose { }
+      |                      ^~~~
+failed
+)");
+}
+
+TEST(Examination, ShowsWhereTheWordsOfAFileAtFaultStand) {
+  const Files files = {{"a.idl", "include \"b.idl\"\nmessage Q { }\nmessage R { s: Q }"},
+                       {"b.idl", "message P {\n  x: int8 3\n}\n\tstruct R { } struct\tQ {\n}\n"}};
+  EXPECT_EQ(Told(files, {"a.idl"}),
+            R"(a.idl:2:9: error: "Q" is already declared
+    2 | message Q { }
+      |         ^
+b.idl:4:22: note: declared here
+    4 | \tstruct R { } struct\tQ {
+      |                        ^
+a.idl:3:9: error: "R" is already declared
+    3 | message R { s: Q }
+      |         ^
+b.idl:4:9: note: declared here
+    4 | \tstruct R { } struct\tQ {
+      |          ^
+failed
+)");
+}
+
+TEST(Examination, TellsEachFileItsOwnMistakesInTheGivenOrder) {
+  const Files files = {{"a.idl", "include \"b.idl\"\nmessage M { x: Q }"},
+                       {"b.idl", "message P { x: Q }"},
+                       {"c.idl", "message Q { y: R }"}};
+  const std::string ofA = R"(a.idl:2:16: error: "Q" is not declared: is "c.idl" to be included?
+    2 | message M { x: Q }
+      |                ^
+)";
+  const std::string ofB = R"(b.idl:1:16: error: "Q" is not declared: is "c.idl" to be included?
+    1 | message P { x: Q }
+      |                ^
+)";
+  const std::string ofC = R"(c.idl:1:16: error: "R" is not declared
+    1 | message Q { y: R }
+      |                ^
+)";
+  EXPECT_EQ(Told(files, {"c.idl", "b.idl", "a.idl"}), ofC + ofB + ofA + "failed\n");
+  EXPECT_EQ(Told(files, {"a.idl", "c.idl"}), ofA + ofC + "failed\n");
+  EXPECT_EQ(Told(files, {"c.idl"}), ofC + "failed\n");
+}
+
+TEST(Examination, GivesTheSameAdviceOnceALine) {
+  const Files files = {{"a.idl", "message M {\n x: int8; y: int8; z: int8]\n w: int8; }"}};
+  EXPECT_EQ(Told(files, {"a.idl"}), R"(a.idl:2:5: error: "int8;" is not a type: delete the ";"
+    2 |  x: int8; y: int8; z: int8]
+      |     ^~~~~
+a.idl:2:23: error: "int8]" is not a type: count the brackets
+    2 |  x: int8; y: int8; z: int8]
+      |                       ^~~~~
+a.idl:3:5: error: "int8;" is not a type: delete the ";"
+    3 |  w: int8; }
+      |     ^~~~~
+failed
+)");
+}
+
+TEST(Examination, NotesOneIncludeThatIsAComment) {
+  const Files files = {{"a.idl",
+                        "# include\n  #include \"b.idl\"\n#include <c.idl>\n"
+                        "message M { b: Bbbb c: Cccc }\n"}};
+  EXPECT_EQ(Told(files, {"a.idl"}), R"(a.idl:4:16: error: "Bbbb" is not declared
+    4 | message M { b: Bbbb c: Cccc }
+      |                ^~~~
+a.idl:2:3: note: this is a comment: write include "...", without "#"
+    2 |   #include "b.idl"
+      |   ^~~~~~~~~~~~~~~~
+a.idl:4:24: error: "Cccc" is not declared
+    4 | message M { b: Bbbb c: Cccc }
+      |                        ^~~~
+failed
+)");
+}
+
+TEST(Examination, EscapesPathsAndNames) {
+  const Files files = {{"a\n.idl", "include \"b.idl\"\nmessage \xc2\xad { }"},
+                       {"b.idl", "message \xc2\xad { }"}};
+  EXPECT_EQ(Told(files, {"a\n.idl"}),
+            R"(a\n.idl:2:9: error: "\u00ad" is not a name: it contains "\u00ad"
+    2 | message \u00ad { }
+      |         ^~~~~~
+failed
+)");
+}
+
+struct WarningsRow {
+  const char* name;
+  std::string idl;
+  Warnings warnings;
+  std::string messages;
+};
+using WarningsOfARun = testing::TestWithParam<WarningsRow>;
+
+TEST_P(WarningsOfARun, AreToldIgnoredOrFail) {
+  const Files files = {{"a.idl", GetParam().idl}};
+  EXPECT_EQ(Told(files, {"a.idl"}, GetParam().warnings), GetParam().messages);
+}
+
+const std::string warned = "enum _E { }";
+const std::string warning =
+    R"(a.idl:1:6: warning: "_E" is reserved for the compiler: names should not begin like this
+    1 | enum _E { }
+      |      ^~
+)";
+const std::string wrong = "\nmessage M { x: N }";
+const std::string error = R"(a.idl:2:16: error: "N" is not declared
+    2 | message M { x: N }
+      |                ^
+)";
+const std::string unread = "\nmessage }";
+const std::string fault = R"(a.idl:2:9: error: "}" is not a name
+    2 | message }
+      |         ^
+)";
+
+const std::vector<WarningsRow> warningsRows = {
+    {"NothingToTell", "enum E { }", Warnings::Tell, ""},
+    {"NothingToFail", "enum E { }", Warnings::Fail, ""},
+    {"Told", warned, Warnings::Tell, warning},
+    {"Ignored", warned, Warnings::Ignore, ""},
+    {"Fail", warned, Warnings::Fail, warning + "failed\n"},
+    {"ToldBesideAnError", warned + wrong, Warnings::Tell, warning + error + "failed\n"},
+    {"IgnoredBesideAnError", warned + wrong, Warnings::Ignore, error + "failed\n"},
+    {"FailBesideAnError", warned + wrong, Warnings::Fail, warning + error + "failed\n"},
+    {"ToldBesideAFault", warned + unread, Warnings::Tell, warning + fault + "failed\n"},
+    {"IgnoredBesideAFault", warned + unread, Warnings::Ignore, fault + "failed\n"},
+};
+INSTANTIATE_TEST_SUITE_P(Examination, WarningsOfARun, testing::ValuesIn(warningsRows),
+                         RowName<WarningsRow>);
+
+TEST(Examination, ShowsNoErrorLessForWarningsThatAreIgnored) {
+  std::string idl = "message M {\n";
+  for (int i = 0; i < 21; ++i) idl += "_A" + std::to_string(i) + ": string\n";
+  idl += "x: Missing }";
+  EXPECT_EQ(Told({{"a.idl", idl}}, {"a.idl"}, Warnings::Ignore),
+            R"(a.idl:23:4: error: "Missing" is not declared
+   23 | x: Missing }
+      |    ^~~~~~~
+failed
+)");
+}
+
+}  // namespace
+}  // namespace zentho
