@@ -1,5 +1,7 @@
 #include "diagnostics/advice.h"
 
+#include "check/word_forms.h"
+#include "diagnostics/foreign_words.h"
 #include "diagnostics/similar.h"
 #include "support.h"
 

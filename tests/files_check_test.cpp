@@ -16,6 +16,16 @@ using Openness = FilesCheck::Openness;
 
 const LeftOut nothingLeftOut;
 
+/// Returns the include statements, whose paths are indexes such as "2.idl".
+std::vector<Inclusion> Inclusions(const Words& words) {
+  std::vector<Inclusion> inclusions;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words.roles[i] != Role::IncludePath) continue;
+    inclusions.push_back({i, std::stoul(std::string(IncludedPath(words.texts[i])))});
+  }
+  return inclusions;
+}
+
 /// Files that are named after their indexes: "2.idl" is the one with the index 2.
 class CheckedFiles {
  public:
@@ -24,26 +34,20 @@ class CheckedFiles {
   }
 
   void add(const std::string& text, Openness openness) {
-    const Words& words = parsed(text);
-    std::vector<FilesCheck::Inclusion> inclusions;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-      if (words.roles[i] != Role::IncludePath) continue;
-      inclusions.push_back({i, std::stoul(std::string(IncludedPath(words.texts[i])))});
-    }
-    current.push_back(&words);
-    check.add(words, nothingLeftOut, openness, inclusions);
+    current.push_back(&parsed(text));
+    check.add(*current.back(), nothingLeftOut, openness, Inclusions(*current.back()));
   }
 
   void replace(std::size_t file, const std::string& text) {
     current[file] = &parsed(text);
-    check.replace(file, *current[file], nothingLeftOut);
+    check.replace(file, *current[file], nothingLeftOut, Inclusions(*current[file]));
   }
 
   /// Returns a line for each finding about a file, such as `"P" is already declared (P in 1)`.
   std::string findings(std::size_t file) {
     std::string lines;
     for (const Finding& finding : check.findings(file)) {
-      lines += Sentence(*finding.rule, finding.text, finding.advice);
+      lines += Sentence(finding.rule->sentence, finding.text, finding.advice);
       for (const WordInFile& other : {finding.other, finding.another}) {
         if (other.word == noWord) continue;
         const std::size_t where = other.file == WordInFile().file ? file : other.file;

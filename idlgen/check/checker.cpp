@@ -122,13 +122,14 @@ void Checker::checkIsNoRecord(std::size_t i, std::string_view name, std::size_t 
 /// Reports a name and the first namespace statement that declares a namespace.
 void Checker::reportNamespace(const Rule& rule, std::size_t i, std::string_view name,
                               std::size_t space) {
+  std::size_t first = nothing;
   for (const std::size_t other : sight.others()) {
-    const Declarations::File& found = declarations.file(other);
-    const auto& spaces = found.namespaces;
-    if (std::find(spaces.begin(), spaces.end(), space) == spaces.end()) continue;
-    findings.push_back({&rule, i, name, {found.namespaceWord, other}});
-    return;
+    const std::vector<std::size_t>& spaces = declarations.file(other).namespaces;
+    const bool isIn = std::find(spaces.begin(), spaces.end(), space) != spaces.end();
+    if (isIn) first = std::min(first, other);
   }
+  if (first == nothing) return;
+  findings.push_back({&rule, i, name, {declarations.file(first).namespaceWord, first}});
 }
 
 bool Checker::checkNewName(std::size_t i, std::string_view text) {

@@ -25,7 +25,6 @@ void Sight::lookFrom(std::size_t file, const std::vector<std::vector<Inclusion>>
       }
     }
   }
-  std::sort(seen.begin(), seen.end());
 }
 
 bool Sight::hasNamespace(std::size_t space) const {
