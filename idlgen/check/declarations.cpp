@@ -19,28 +19,27 @@ void Declarations::replace(std::size_t file, const Words& words, const LeftOut& 
   declareAll(file);
 }
 
-void Declarations::declareAll(std::size_t index) {
-  File& file = files[index];
-  file.namespaces = {0};
-  const Words& words = *file.words;
+void Declarations::declareAll(std::size_t file) {
+  File& own = files[file];
+  own.namespaces = {0};
+  const Words& words = *own.words;
   for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.roles[i] == Role::IncludePath) file.hasInclude = true;
+    if (words.roles[i] == Role::IncludePath) own.hasInclude = true;
     if (words.roles[i] != Role::NamespacePath) continue;
-    file.namespaceWord = i;
+    own.namespaceWord = i;
     for (const std::string_view part : Components(words.texts[i])) {
       if (part.empty()) continue;
-      const auto [found, isNew] =
-          spaces[file.namespaces.back()].nested.emplace(part, spaces.size());
-      file.namespaces.push_back(found->second);
-      file.namespaceNames.push_back(part);
+      const auto [found, isNew] = spaces[own.namespaces.back()].nested.emplace(part, spaces.size());
+      own.namespaces.push_back(found->second);
+      own.namespaceNames.push_back(part);
       if (isNew) spaces.emplace_back();
     }
   }
   for (std::size_t i = 0; i < words.size(); ++i) {
     const Role role = words.roles[i];
-    if (IsRecordName(role) || role == Role::ItemName) declare(index, i, role);
+    if (IsRecordName(role) || role == Role::ItemName) declare(file, i, role);
     if (IsRecordName(role) && !IsIdentifier(words.texts[i])) {
-      file.namesInOthers.insert(NameIn(words.texts[i]));
+      own.namesInOthers.insert(NameIn(words.texts[i]));
     }
   }
 }

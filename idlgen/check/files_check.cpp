@@ -113,7 +113,7 @@ std::vector<Finding> FilesCheck::findings(std::size_t file) {
 
 Lookup FilesCheck::lookupFrom(std::size_t file) {
   sight.lookFrom(file, includes);
-  return Lookup(declarations, sight, file, seesOpenFile(file));
+  return {declarations, sight, file, seesOpenFile(file)};
 }
 
 /// Returns whether names may come from what has not been read.

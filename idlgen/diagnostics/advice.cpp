@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "check/characters.h"
+#include "check/tables.h"
 #include "check/value.h"
 #include "check/word_forms.h"
 #include "diagnostics/foreign_words.h"
@@ -110,7 +111,7 @@ constexpr std::string_view noDefault = "there are no default values or field num
 constexpr std::string_view hashComments = R"(comments start with "#")";
 
 /// Of characters that no word contains.
-constexpr SignRow characterRows[] = {
+constexpr auto characterRows = Table<SignRow>({
     {all, [](std::string_view word) { return StartsWith(word, "//"); },
      R"(here, only "#" starts a comment)"},
     {all, StartsComment, hashComments},
@@ -132,19 +133,19 @@ constexpr SignRow characterRows[] = {
        return IsGlued(word, '}') && (word.front() != '}' || word[1] == '}');
      },
      R"(put spaces around "}")"},
-};
+});
 
 /// Of equals signs, and of parentheses around them.
-constexpr SignRow assignmentRows[] = {
+constexpr auto assignmentRows = Table<SignRow>({
     {types, Has<'('>, R"(it contains "(")"},
     {items, Has<'='>, valueColon},
     {values, [](std::string_view word) { return word == "=" || IsAssignment(word); }, valueColon},
     {members, IsAssignment, memberColon},
     {types, [](std::string_view word) { return word == "="; }, memberColon},
     {names | types, Has<'='>, noDefault},
-};
+});
 
-constexpr SignRow formRows[] = {
+constexpr auto formRows = Table<SignRow>({
     {members, LooksLikeType, R"(put the name first, as in "x: int8")"},
     {types,
      [](std::string_view word) {
@@ -187,7 +188,7 @@ constexpr SignRow formRows[] = {
     {names, [](std::string_view word) { return word.front() >= '0' && word.front() <= '9'; },
      "names begin with a letter"},
     {paths, [](std::string_view word) { return Contains(word, "//"); }, R"(write one "/")"},
-};
+});
 
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.
 std::string_view OddCharacter(std::string_view text) {

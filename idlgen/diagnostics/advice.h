@@ -24,6 +24,6 @@ enum class Signs { Characters, Assignments, Forms };
 std::optional<Sign> FindSign(Signs signs, const std::vector<Word>& words);
 
 /// Returns what to do about a word that cannot play its role, or nothing.
-std::string FormAdvice(std::string_view word, Role role);
+std::string FormAdvice(std::string_view part, Role role);
 
 }  // namespace zentho

@@ -1,21 +1,38 @@
 #include "diagnostics/foreign_words.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 
+#include "check/tables.h"
 #include "diagnostics/similar.h"
 #include "schema/statements.h"
 
 namespace zentho {
+namespace {
+
+struct ForeignKeyword {
+  std::string_view word;
+  std::string_view keyword;  ///< That stands for it here.
+};
+
+constexpr auto foreignKeywords = Table<ForeignKeyword>({{"import", "include"},
+                                                        {"package", "namespace"},
+                                                        {"module", "namespace"},
+                                                        {"struct", "message"},
+                                                        {"class", "message"},
+                                                        {"record", "message"},
+                                                        {"table", "message"},
+                                                        {"interface", "service"}});
+
+constexpr auto qualifiers = Table<std::string_view>(
+    {"optional", "repeated", "required", "const", "constant", "static", "mutable", "readonly",
+     "public",   "private",  "in",       "out",   "inout",    "oneway", "var",     "let",
+     "case",     "unsigned", "signed",   "long",  "struct",   "enum",   "class"});
+
+}  // namespace
 
 std::string_view KeywordFor(std::string_view word) {
-  constexpr std::array<std::string_view, 2> foreign[] = {
-      {"import", "include"}, {"package", "namespace"}, {"module", "namespace"},
-      {"struct", "message"}, {"class", "message"},     {"record", "message"},
-      {"table", "message"},  {"interface", "service"}};
-  for (const auto& [other, keyword] : foreign) {
-    if (word == other) return keyword;
+  for (const ForeignKeyword& row : foreignKeywords) {
+    if (word == row.word) return row.keyword;
   }
   return FindStatement(word) == Statement::None ? std::string_view() : word;
 }
@@ -28,11 +45,7 @@ std::string_view SimilarKeyword(std::string_view word) {
 }
 
 bool IsQualifier(std::string_view word) {
-  constexpr std::string_view qualifiers[] = {
-      "optional", "repeated", "required", "const", "constant", "static", "mutable", "readonly",
-      "public",   "private",  "in",       "out",   "inout",    "oneway", "var",     "let",
-      "case",     "unsigned", "signed",   "long",  "struct",   "enum",   "class"};
-  return std::find(std::begin(qualifiers), std::end(qualifiers), word) != std::end(qualifiers);
+  return std::find(qualifiers.begin(), qualifiers.end(), word) != qualifiers.end();
 }
 
 }  // namespace zentho
