@@ -99,7 +99,7 @@ TEST_P(NamesInFiles, AreLookedUpAsInTheHeader) {
          service Use { request { } response { } } message Later { } message b2 { })",
       R"(namespace a.c message Side { } message First { } message OUTER { } message ITEM { })",
       R"(namespace far message Deep { } message user { })",
-      R"(message Unseen { } message Outer { })"});
+      R"(message Unseen { } message Outer { })", R"(namespace a.b.c message Side { })"});
   EXPECT_EQ(files.find(0, GetParam().type, GetParam().message), GetParam().found);
 }
 
@@ -268,6 +268,16 @@ const std::vector<TreeRow> trees = {
      {R"(include "1.idl" message A { b: B })", R"(include "0.idl" message B { a: A })"},
      {"\"1.idl\" includes this file, too: one of them may not compile\n",
       "\"0.idl\" includes this file, too: one of them may not compile\n"}},
+    {"TypeOfTheFrameworkThatHidesANamespace",
+     {R"(include "1.idl" namespace nav.x message M { })", "namespace zentho message nav { }",
+      R"(include "1.idl" namespace nav.x)"},
+     {"\"nav\" is also declared in zentho, where the functions of the header stand (nav in 1)\n",
+      "", ""}},
+    {"NamespaceThatHidesTheLibrary",
+     {R"(include "1.idl" namespace robot message M { a: float32 b: string c: int8 })",
+      "namespace robot.std", R"(include "0.idl" namespace robot message N { a: float32 })"},
+     {"\"string\" needs the namespace of the C++ library, which is hidden here (robot.std in 1)\n",
+      "\"std\" hides the namespace of the C++ library\n", ""}},
     {"FindingsInTheOrderOfTheWords",
      {R"(message M { x: None } include "1.idl" message P { })", "message P { }"},
      {"\"None\" is not declared\n\"P\" is already declared (P in 1)\n", ""}},

@@ -65,7 +65,7 @@ std::vector<std::string> Values() {
       "0 00 077 0'7 0x1F 0XaBcDeF 0b1'01 0B1 1'000 1u 1U 1l 1L 1ul 1LLu 1z 18446744073709551615 "
       "true false 'a' '\\n' '\\x41' '\\xff' '\\377' '\\'' '\\\\' '\\u0041' ';' ',' '}' '\"' '/*' "
       "'?' '?\?' '++' 'ab' 'abcd' '\\0\\1\\2\\3' L'a' u'a' U'a' u8'a' L'é' u'é' U'é' u8'\\u0041' "
-      "L'\\u00e9' u'\\uffff' U'\\U0001f600' u'\\x1ff' L'\\x1ffff' "
+      "L'\\u00e9' u'\\uffff' U'\\U0001f600' U'\\U0010ffff' u'\\x1ff' L'\\x1ffff' "
       "A IDLE -1 +1 -A ~0 !A !!A -+~1 not(A) compl(1) not'a' A+1 A-1 A-'a' 1<<2 1>>2 1|A 1&A 1^A "
       "1&&A 1||A 1==A 1!=A 1<=A 1>=A A<B 1>2 A<1>2 A<1>(2) 2*3 7/2 7%2 1-+-1 (1)and(A) (1)or(A) "
       "(1)xor(A) (1)bitand(A) (1)bitor(A) (1)not_eq(A) (A)and'a' (1)-not(2) (1) ((1)) (A|B)&~A "
@@ -181,6 +181,12 @@ TEST(Value, IsAWarningIfSomeCompilersRejectIt) {
              "u'\\x10000' U'\\x1ffffffff' U'\\U00110000'")) {
     EXPECT_EQ(Told("1+" + word + "*" + word),
               word + ": some compilers reject this character: write its number");
+  }
+}
+
+TEST(Value, HasAnUnknownNameInParenthesesBeforeAnOperator) {
+  for (const char* rest : {"-1", "+A", "*1", "&A", "and(A)", "or'a'", "bitand(A)", "not_eq(1)"}) {
+    EXPECT_EQ(Told(std::string("(X)") + rest), "\"X\" is not an item above") << rest;
   }
 }
 
