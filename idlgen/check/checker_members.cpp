@@ -65,7 +65,7 @@ void Checker::checkLibrary(std::size_t i, const BuiltinType& type) {
       return reportOther(rules::hiddenLibrary, i, type.keyword, other);
     }
     const std::size_t nested = lookup.seenNamespace(spaces[level], "std");
-    if (nested != nothing && level + 1 == spaces.size()) {
+    if (nested != nothing) {
       return reportNamespace(rules::hiddenLibrary, i, type.keyword, nested);
     }
   }

@@ -69,7 +69,8 @@ Found Lookup::findName(std::string_view name, const Scope& user) const {
     if (found.result == Result::Below) {
       below = found;
     } else if (found.result != Result::Unknown) {
-      return below.result == Result::Below ? Found{Result::NotBelow, below.declaration} : found;
+      const bool isOther = below.result == Result::Below && found.result != Result::Namespace;
+      return isOther ? Found{Result::NotBelow, below.declaration} : found;
     }
   }
   return below;

@@ -118,7 +118,7 @@ constexpr auto characterRows = Table<SignRow>({
     {all & ~paths, [](std::string_view word) { return Contains(word, "/*"); }, hashComments},
     {all & ~(items | values),
      [](std::string_view word) {
-       return StartsWith(word, "--") && word.find_first_not_of('-') != npos;
+       return StartsWith(word, "--") && (word.size() == 2 || word.find_first_not_of('-') != npos);
      },
      hashComments},
     {all, Has<'\t'>, "use spaces instead of tabs"},

@@ -48,10 +48,11 @@ TypeNames DeclaredTypes(const LocatedWords& file);
 /// two lines.
 bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
 
-/// Returns whether the line of the word, in its list, is wrong as a whole, although it may consist
-/// of pairs: another word qualifies a declaration, as in `1: required int32 x`, or it has a
-/// comment.
-bool IsInMixedLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
+/// Returns the first of some words of one list whose line is wrong as a whole, although it may
+/// consist of pairs: another word qualifies a declaration, as in `1: required int32 x`, or the line
+/// has a comment. `noWord` if there is none.
+std::size_t FirstInMixedLine(const LocatedWords& file, const TypeNames& types,
+                             const std::vector<std::size_t>& words);
 
 /// Finds the cause in the characters of the words or in two colons between them, and what is read
 /// instead. Returns whether there is one.

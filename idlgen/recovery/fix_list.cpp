@@ -184,9 +184,21 @@ TypeNames DeclaredTypes(const LocatedWords& file) {
   return types;
 }
 
-bool IsInMixedLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
-  const List list(file, types, word);
-  return list.isQualified(list.lineOf(word)) || file.text(word).substr(0, 2) == "/*";
+std::size_t FirstInMixedLine(const LocatedWords& file, const TypeNames& types,
+                             const std::vector<std::size_t>& words) {
+  const List list(file, types, words.front());
+  std::size_t end = 0;
+  for (const std::size_t word : words) {
+    if (word < end) continue;  // Its line has been looked at.
+    const WordRange line = list.lineOf(word);
+    end = line.end;
+    bool isMixed = list.isQualified(line);
+    for (std::size_t i = line.first; i < line.end; ++i) {
+      isMixed = isMixed || file.text(i).substr(0, 2) == "/*";
+    }
+    if (isMixed) return word;
+  }
+  return noWord;
 }
 
 bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {

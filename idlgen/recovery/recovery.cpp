@@ -30,6 +30,13 @@ void replace(std::vector<T>& list, WordRange range, const std::vector<T>& values
   list.insert(rest, values.begin(), values.end());
 }
 
+/// Returns whether the word of a finding may be meant as something else than what the parser has
+/// taken it for. A warning about a valid file must not make it an invalid one.
+bool ShowsWrongRole(const Finding& finding) {
+  return finding.rule->severity == Severity::Error || finding.rule == &rules::builtinTypeAsName ||
+         finding.rule == &rules::notAnItem;
+}
+
 }  // namespace
 
 Recovery::Recovery(std::string_view fileText, Words fileWords,
@@ -130,22 +137,22 @@ Fix Recovery::fixOfEnd() const {
 /// pairs: all words after that line have a wrong role.
 std::optional<Fix> Recovery::fixOfFindings() const {
   const TypeNames types = DeclaredTypes(file);
-  std::size_t next = 0;
-  while (next < findings.size()) {
-    const std::size_t first = findings[next].word;
-    if (!IsInList(file.role(first))) {
-      ++next;
-      continue;
+  std::vector<std::size_t> doubtful;  // The words of lists whose role may be wrong.
+  for (const Finding& finding : findings) {
+    if (ShowsWrongRole(finding) && IsInList(file.role(finding.word))) {
+      doubtful.push_back(finding.word);
     }
-    std::size_t listEnd = first;
+  }
+  auto next = doubtful.begin();
+  while (next != doubtful.end()) {
+    std::size_t listEnd = *next;
     while (IsInList(file.role(listEnd))) ++listEnd;
-    const std::size_t begin = next;
-    while (next < findings.size() && findings[next].word < listEnd) ++next;
-    const std::size_t last = findings[next - 1].word;
-    if (HasWrongLine(file, types, last)) return FixList(file, last);
-    for (std::size_t i = begin; i < next; ++i) {
-      if (IsInMixedLine(file, types, findings[i].word)) return FixList(file, findings[i].word);
-    }
+    const auto end = std::lower_bound(next, doubtful.end(), listEnd);
+    const std::vector<std::size_t> ofList(next, end);
+    if (HasWrongLine(file, types, ofList.back())) return FixList(file, ofList.back());
+    const std::size_t mixed = FirstInMixedLine(file, types, ofList);
+    if (mixed != noWord) return FixList(file, mixed);
+    next = end;
   }
   return std::nullopt;
 }
