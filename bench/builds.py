@@ -1,4 +1,4 @@
-"""Ninja builds of many small headers: with idlgen_generate, and with commands that run flatc."""
+"""Builds of many small headers: with idlgen_generate, and with commands that run flatc."""
 import shutil
 import statistics
 import subprocess
@@ -90,8 +90,9 @@ def compare_versions(folder, prefixes, count=600):
 def compare_configurations(folder, prefix, count=4000):
     """Returns the median seconds in which a target that links others and one that links none
     configure, and the median ratio."""
-    write(folder / "linked", LINKED, [idlgen(1)] * count)
-    commands = [configure(folder / "linked", folder / "linked" / build, prefix, f"-DLINKED={linked}")
+    source = folder / "linked"
+    write(source, LINKED, [idlgen(1)] * count)
+    commands = [configure(source, source / build, prefix, f"-DLINKED={linked}")
                 for build, linked in (("many", "ON"), ("none", "OFF"))]
     for command in commands:
         quietly(*command)

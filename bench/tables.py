@@ -94,7 +94,7 @@ def compare_tools(build, folder):
 
 
 def check_command(build, folder, includes):
-    """Writes files that include each other. Returns their paths and the command that checks them."""
+    """Writes files that include each other. Returns their paths and the command to check them."""
     paths = trees.write(folder, includes)
     arguments = folder / "arguments"
     arguments.write_text("\n".join(paths))

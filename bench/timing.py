@@ -39,7 +39,7 @@ def medians(commands, runs, expected=0):
 
 
 def median_ratio(pairs):
-    """Returns the medians of both figures of the pairs, and the median of the ratios of the pairs."""
+    """Returns the medians of both figures of the pairs, and the median of their ratios."""
     return [*map(statistics.median, zip(*pairs)), statistics.median(a / b for a, b in pairs)]
 
 
