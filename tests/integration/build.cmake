@@ -25,7 +25,7 @@ check_contains(${made} "MORE = 2")
 # An error stops the build and names the line, until it is fixed.
 file(READ ${geometry_idl} valid)
 file(WRITE ${geometry_idl} "# comment\nmessage Fault (\n")
-run(FAILS COMMAND ${build_all} PRINTS "${geometry_idl}:2:15: error: WRONG format in ("
+run(FAILS COMMAND ${build_all} PRINTS "${geometry_idl}:2:15: error: \"(\" is not \"{\""
                                 HIDES "Generating" "Building")
 file(WRITE ${geometry_idl} "${valid}")
 run(SUCCEEDS COMMAND ${build_all})

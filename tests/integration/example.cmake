@@ -45,8 +45,8 @@ run(SUCCEEDS COMMAND ${build_all} PRINTS common/geometry.h main.cpp HIDES ${othe
 # An error, twice. Then its correction and a new program, at the same time.
 file(READ ${geometry_idl} valid)
 file(WRITE ${geometry_idl} "\nmessag Point {\n")
-run(FAILS COMMAND ${build_all} PRINTS "common/geometry.idl:2:1: error: WRONG format in messag")
-run(FAILS COMMAND ${build_all} PRINTS "common/geometry.idl:2:1: error: WRONG format in messag")
+run(FAILS COMMAND ${build_all} PRINTS "common/geometry.idl:2:1: error: \"messag\" is not a statement")
+run(FAILS COMMAND ${build_all} PRINTS "common/geometry.idl:2:1: error: \"messag\" is not a statement")
 file(WRITE ${geometry_idl} "${valid}")
 file(TOUCH ${scratch}/bin/idlgen-header)
 run(SUCCEEDS COMMAND ${build_all} PRINTS ${headers})

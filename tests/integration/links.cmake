@@ -6,7 +6,7 @@ foreach(document IN LISTS documents installed)
   cmake_path(GET document PARENT_PATH directory)
   file(READ ${document} text)
   string(REPLACE "](" "link:" text "${text}")  # CMake does not split lists at ; between brackets.
-  string(REGEX MATCHALL "link:[^)#:]+" links "${text}")
+  string(REGEX MATCHALL "link:[^)#: ]+" links "${text}")
   foreach(link IN LISTS links)
     string(REPLACE "link:" "" link "${link}")
     if(NOT EXISTS "${directory}/${link}")
