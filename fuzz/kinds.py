@@ -108,9 +108,9 @@ KINDS = [
         "Strng in8 int9 String Int8 flaot64 [Strng] [[Int]] vec3 boolean")),
     Kind("unknown type, with includes", UNSEEN, TYPE, INCLUDES, words("Strng [Missing] a.Missing")),
     Kind("unknown type with dots", ERROR, TYPE, ALONE, words(
-        "other.Missing [nav.Missing] Missing.Request")),
+        "other.Missing [nav.Missing] Missing.Request .other.Missing")),
     Kind("unknown type after a dot", UNSEEN, TYPE, ANY, words(
-        ".Missing std.Missing [zentho.Missing] .a.Missing")),
+        ".Missing std.Missing [zentho.Missing]")),
     Kind("unknown type twice", ERROR, MEMBER, ALONE, ["a: @Missing Missing: int8"]),
     Kind("fundamental type", VALID, TYPE, ANY, words(
         """bool char short int long float double wchar_t char16_t char32_t signed unsigned size_t
