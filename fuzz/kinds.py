@@ -266,7 +266,7 @@ KINDS = [
     Kind("rare C++ as a value", COPIED, VALUE, ANY, words(
         "'??' '?' '++' sizeof+1 static_cast<int>(1) alignof(int) noexcept(1) (1,2) L'é' u'é'")),
     Kind("rare C++ as a value, perhaps not accepted", WARNING, VALUE, ALONE, words(
-        "f(1) max<int>(1,2)")),
+        "f(1) g(1,2)")),
     Kind("character of some compilers", WARNING, VALUE, ANY, words(r"'\400' '\xffff' L'ab' 'é'")),
     Kind("macro of a limit", VALID, STATEMENT, ANY, [
         ("message P { x: int8 }", "enum E { A: UINT32_MAX B: INT8_MIN C: INT_LEAST16_MAX }"),
