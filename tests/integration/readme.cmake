@@ -42,7 +42,7 @@ file(WRITE ${app}/meson.build "project('app', 'cpp', default_options: 'cpp_std=c
 function(try directory)
   run(SUCCEEDS COMMAND ${ARGN})
   run(SUCCEEDS COMMAND ${directory}/app)
-  run(SUCCEEDS COMMAND ${ARGN} HIDES "main")
+  run(SUCCEEDS COMMAND ${ARGN} HIDES "main.cpp")
   string(REPLACE "mode: Mode" "mode: Mode;" wrong "${idl}")
   file(WRITE ${app}/robot.idl "${wrong}\n")
   run(FAILS COMMAND ${ARGN} PRINTS "${message}")
