@@ -8,8 +8,6 @@
 namespace zentho {
 namespace {
 
-constexpr char32_t maxCode = 0x10ffff;
-
 struct Range {
   char32_t first;
   char32_t last;
@@ -44,7 +42,7 @@ Character FirstForeignCharacter(std::string_view text) {
   }
   constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
   const bool isSurrogate = code >= 0xd800 && code <= 0xdfff;
-  if (code < smallest[size] || code > maxCode || isSurrogate) return broken;
+  if (code < smallest[size] || code > maxCharacter || isSurrogate) return broken;
   return {code, size, true};
 }
 

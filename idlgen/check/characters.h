@@ -12,6 +12,9 @@ struct Character {
   bool valid;
 };
 
+/// The last character of Unicode.
+inline constexpr char32_t maxCharacter = 0x10ffff;
+
 /// Returns the first character of a text, which begins with a byte that is not ASCII.
 Character FirstForeignCharacter(std::string_view text);
 

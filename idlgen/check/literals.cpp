@@ -12,8 +12,6 @@
 namespace zentho {
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
-
 /// With -trigraphs, a backslash, which would hide the closing quote of a literal.
 constexpr std::string_view trigraph = "?\?/";
 
@@ -26,9 +24,9 @@ unsigned DigitValue(char digit) {
 
 bool IsIntegerSuffix(std::string_view suffix) {
   constexpr std::string_view letters = "uU";
-  if (!suffix.empty() && letters.find(suffix.front()) != npos) {
+  if (!suffix.empty() && letters.find(suffix.front()) != std::string_view::npos) {
     suffix.remove_prefix(1);
-  } else if (!suffix.empty() && letters.find(suffix.back()) != npos) {
+  } else if (!suffix.empty() && letters.find(suffix.back()) != std::string_view::npos) {
     suffix.remove_suffix(1);
   }
   constexpr auto sizes = Table<std::string_view>({"", "l", "L", "ll", "LL", "z", "Z"});
@@ -47,23 +45,21 @@ unsigned TakeBase(std::string_view& literal) {
 /// Returns whether the literal contains an exponent or a dot. 0x1e has no exponent.
 bool LooksFloating(std::string_view literal) {
   const bool isHexadecimal = literal.substr(0, 2) == "0x" || literal.substr(0, 2) == "0X";
-  return literal.find_first_of(isHexadecimal ? ".pP" : ".eE") != npos;
+  return literal.find_first_of(isHexadecimal ? ".pP" : ".eE") != std::string_view::npos;
 }
 
 /// Returns whether all compilers read the literal to its end: to some, a quote before anything but
 /// a digit begins a character.
 bool IsOneNumber(std::string_view literal) {
-  for (std::size_t quote = literal.find('\''); quote != npos;
+  for (std::size_t quote = literal.find('\''); quote != std::string_view::npos;
        quote = literal.find('\'', quote + 1)) {
     if (quote + 1 == literal.size() || DigitValue(literal[quote + 1]) > 15) return false;
   }
-  return literal.find_first_not_of("0123456789abcdefABCDEFxXpPlL.+-'") == npos;
+  return literal.find_first_not_of("0123456789abcdefABCDEFxXpPlL.+-'") == std::string_view::npos;
 }
 
-constexpr std::uint64_t maxCode = 0x10ffff;
-
 /// What an element of a character literal is.
-enum class Kind : std::uint8_t {
+enum class ElementKind : std::uint8_t {
   Ascii,    ///< A character of ASCII or an escape such as `\n`.
   Foreign,  ///< Another character.
   Broken,   ///< A byte that is not valid UTF-8.
@@ -77,12 +73,12 @@ enum class Kind : std::uint8_t {
 struct Element {
   std::size_t size;
   std::uint64_t value;  ///< The number or the character.
-  Kind kind;
+  ElementKind kind;
 };
 
 /// Reads the digits from an offset on, at most so many.
 Element ReadDigits(std::string_view text, std::size_t begin, unsigned base, std::size_t count,
-                   Kind kind) {
+                   ElementKind kind) {
   constexpr std::uint64_t tooLarge = std::uint64_t{1} << 32U;
   Element element{begin, 0, kind};
   while (element.size < text.size() && element.size - begin < count) {
@@ -95,49 +91,50 @@ Element ReadDigits(std::string_view text, std::size_t begin, unsigned base, std:
 }
 
 Element ReadEscape(std::string_view text) {
-  constexpr Element invalid = {1, 0, Kind::Invalid};
+  constexpr Element invalid = {1, 0, ElementKind::Invalid};
   if (text.size() < 2) return invalid;
   const char letter = text[1];
-  if (DigitValue(letter) < 8) return ReadDigits(text, 1, 8, 3, Kind::Number);
+  if (DigitValue(letter) < 8) return ReadDigits(text, 1, 8, 3, ElementKind::Number);
   if (letter == 'x') {
-    const Element number = ReadDigits(text, 2, 16, npos, Kind::Number);
+    const Element number = ReadDigits(text, 2, 16, std::string_view::npos, ElementKind::Number);
     return number.size > 2 ? number : invalid;
   }
   if (letter == 'u' || letter == 'U') {
     const std::size_t digits = letter == 'u' ? 4 : 8;
-    Element code = ReadDigits(text, 2, 16, digits, Kind::Code);
+    Element code = ReadDigits(text, 2, 16, digits, ElementKind::Code);
     const bool isSurrogate = code.value >= 0xd800 && code.value <= 0xdfff;
-    if (code.value > maxCode) code.kind = Kind::Odd;
+    if (code.value > maxCharacter) code.kind = ElementKind::Odd;
     return code.size == digits + 2 && !isSurrogate ? code : invalid;
   }
   const Character character = FirstCharacter(text.substr(1));
   // In C++23, 'o' and 'N' begin longer escapes.
   const bool isOdd = character.code >= 0x80 || letter == 'o' || letter == 'N';
-  return {1 + character.size, character.code, isOdd ? Kind::Odd : Kind::Ascii};
+  return {1 + character.size, character.code, isOdd ? ElementKind::Odd : ElementKind::Ascii};
 }
 
 Element ReadElement(std::string_view text) {
   if (text.front() == '\\') return ReadEscape(text);
   const Character character = FirstCharacter(text);
-  const Kind kind = !character.valid        ? Kind::Broken
-                    : character.code < 0x80 ? Kind::Ascii
-                                            : Kind::Foreign;
+  const ElementKind kind = !character.valid        ? ElementKind::Broken
+                           : character.code < 0x80 ? ElementKind::Ascii
+                                                   : ElementKind::Foreign;
   return {character.size, character.code, kind};
 }
 
 /// What a literal with a prefix can hold.
 struct Prefix {
   std::string_view text;
-  std::uint64_t maxNumber;  ///< The greatest number in an escape.
-  std::uint64_t maxCode;    ///< The greatest character.
-  CharacterForm otherwise;  ///< Of a greater character, or of too many.
+  std::uint64_t maxNumber;     ///< The greatest number in an escape.
+  std::uint64_t maxCharacter;  ///< The greatest character.
+  CharacterForm otherwise;     ///< Of a greater character, or of too many.
 };
 
-constexpr auto prefixes = Table<Prefix>({{"", 0xff, 0x7f, CharacterForm::Unportable},
-                                         {"u8", 0xff, 0x7f, CharacterForm::Invalid},
-                                         {"u", 0xffff, 0xffff, CharacterForm::Invalid},
-                                         {"U", 0xffffffff, maxCode, CharacterForm::Invalid},
-                                         {"L", 0xffffffff, maxCode, CharacterForm::Unportable}});
+constexpr auto prefixes =
+    Table<Prefix>({{"", 0xff, 0x7f, CharacterForm::Unportable},
+                   {"u8", 0xff, 0x7f, CharacterForm::Invalid},
+                   {"u", 0xffff, 0xffff, CharacterForm::Invalid},
+                   {"U", 0xffffffff, maxCharacter, CharacterForm::Invalid},
+                   {"L", 0xffffffff, maxCharacter, CharacterForm::Unportable}});
 
 const Prefix* FindPrefix(std::string_view letters) {
   const auto* const found = std::find_if(prefixes.begin(), prefixes.end(),
@@ -147,17 +144,17 @@ const Prefix* FindPrefix(std::string_view letters) {
 
 CharacterForm FormOf(const Element& element, const Prefix& prefix) {
   switch (element.kind) {
-    case Kind::Ascii:
+    case ElementKind::Ascii:
       return CharacterForm::Portable;
-    case Kind::Number:
+    case ElementKind::Number:
       return element.value > prefix.maxNumber ? CharacterForm::Unportable : CharacterForm::Portable;
-    case Kind::Code:
-    case Kind::Foreign:
-      return element.value > prefix.maxCode ? prefix.otherwise : CharacterForm::Portable;
-    case Kind::Broken:
-    case Kind::Odd:
+    case ElementKind::Code:
+    case ElementKind::Foreign:
+      return element.value > prefix.maxCharacter ? prefix.otherwise : CharacterForm::Portable;
+    case ElementKind::Broken:
+    case ElementKind::Odd:
       return CharacterForm::Unportable;
-    case Kind::Invalid:
+    case ElementKind::Invalid:
       return CharacterForm::Invalid;
   }
   return CharacterForm::Invalid;
@@ -200,7 +197,7 @@ CharacterForm FormOfCharacter(std::string_view literal) {
   const std::size_t quote = literal.find('\'');
   const Prefix& prefix = *FindPrefix(literal.substr(0, quote));
   std::string_view rest = literal.substr(quote + 1, literal.size() - quote - 2);
-  const bool hasTrigraph = rest.find(trigraph) != npos;
+  const bool hasTrigraph = rest.find(trigraph) != std::string_view::npos;
   if (rest.empty() || hasTrigraph || HasControlCharacter(rest)) return CharacterForm::Invalid;
   CharacterForm form = CharacterForm::Portable;
   std::size_t count = 0;

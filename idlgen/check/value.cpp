@@ -15,7 +15,6 @@ namespace {
 
 using Kind = ValueToken::Kind;
 
-constexpr std::size_t npos = std::string_view::npos;
 constexpr std::string_view writeNumber = "write the number of the character";
 
 /// Returns the advice to write a text, if it is short and all of it can be seen.
@@ -27,7 +26,7 @@ std::string WriteAdvice(const std::string& text) {
 
 /// Returns what to do about an invalid number.
 std::string NumberAdvice(std::string_view number) {
-  if (number[0] == '0' && number.find_first_not_of("0123456789'") == npos) {
+  if (number[0] == '0' && number.find_first_not_of("0123456789'") == std::string_view::npos) {
     return R"(numbers that begin with "0" are octal)";
   }
   std::string separated(number);
@@ -35,7 +34,7 @@ std::string NumberAdvice(std::string_view number) {
   if (FormOfNumber(separated) == NumberForm::Integer) return WriteAdvice(separated);
   const std::size_t sign = number.find_first_of("+-");
   const std::string first(number.substr(0, sign));
-  if (sign == npos || FormOfNumber(first) != NumberForm::Integer) return {};
+  if (sign == std::string_view::npos || FormOfNumber(first) != NumberForm::Integer) return {};
   return WriteAdvice("(" + first + ")" + std::string(number.substr(sign)));
 }
 
@@ -43,7 +42,7 @@ std::string NumberAdvice(std::string_view number) {
 std::optional<ValueFault> WrongToken(std::string_view word, const std::vector<ValueToken>& tokens) {
   for (const auto& [kind, text] : tokens) {
     if (kind == Kind::Forbidden) {
-      const bool isCharacter = text.find('\'') != npos;
+      const bool isCharacter = text.find('\'') != std::string_view::npos;
       return ValueFault{&rules::notAValue, word, std::string(isCharacter ? writeNumber : "")};
     }
     if (kind == Kind::Character && FormOfCharacter(text) == CharacterForm::Invalid) {

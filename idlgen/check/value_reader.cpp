@@ -17,8 +17,6 @@ namespace {
 
 using Kind = ValueToken::Kind;
 
-constexpr std::size_t npos = std::string_view::npos;
-
 constexpr auto unaryOperators = Table<std::string_view>({"+", "-", "~", "!", "not", "compl"});
 constexpr auto arithmeticOperators = Table<std::string_view>(
     {"+", "-", "*", "/", "%", "&", "|", "^", "<<", ">>", "bitand", "bitor", "xor"});
@@ -200,7 +198,7 @@ bool ValueReader::readName() {
       return true;
     case Keyword::Cast:
       position = AngleBracketsEnd(tokens, position);
-      return position != npos && skipCalls();
+      return position != noToken && skipCalls();
     case Keyword::Call:
       return (name != "decltype" || skipParentheses()) && skipCalls();
     case Keyword::Operator:
@@ -239,7 +237,7 @@ bool ValueReader::readConversion(std::string_view name, TypeKind type) {
 bool ValueReader::readLiteralMacro() {
   const std::string_view number = textAt(position + 1);
   const bool isPlain = isAt(position + 1, Kind::Number) && textAt(position + 2) == ")" &&
-                       number.find_first_of("uUlLzZ") == npos;
+                       number.find_first_of("uUlLzZ") == std::string_view::npos;
   if (!isPlain) return skipCalls();
   ++position;
   return readOperand() && take(")");
@@ -258,7 +256,7 @@ bool ValueReader::skipCalls() {
 bool ValueReader::skipParentheses() {
   hasSkipped = makesInteger = true;
   position = ParenthesesEnd(tokens, position);
-  return position != npos;
+  return position != noToken;
 }
 
 /// No type contains a dot, so that `(Mode.IDLE)` is none.

@@ -13,8 +13,6 @@ namespace {
 
 using Kind = ValueToken::Kind;
 
-constexpr std::size_t npos = std::string_view::npos;
-
 bool BeginsWithDigit(std::string_view text) {
   return !text.empty() && text.front() >= '0' && text.front() <= '9';
 }
@@ -37,7 +35,7 @@ std::size_t NumberSize(std::string_view text) {
     const std::size_t name = NameSize(text.substr(size));
     const std::string_view next = text.substr(size, 1);
     const bool isSign = size > 0 && (next == "+" || next == "-") &&
-                        std::string_view("eEpP").find(text[size - 1]) != npos;
+                        std::string_view("eEpP").find(text[size - 1]) != std::string_view::npos;
     if (name == 0 && !isSign && next != "." && next != "'") break;
     size += std::max<std::size_t>(name, 1);
   }
@@ -60,7 +58,7 @@ constexpr auto longSigns = Table<std::string_view>(
      "++",  "--",  "+=",  "-=",  "*=",  "/=", "%=", "^=", "&=", "|=", "//", "/*", "<%", "%>"});
 
 std::string_view SignAt(std::string_view text) {
-  if (text.size() < 2 || std::string_view("=<>&|+-*/%.").find(text[1]) == npos) {
+  if (text.size() < 2 || std::string_view("=<>&|+-*/%.").find(text[1]) == std::string_view::npos) {
     return text.substr(0, 1);
   }
   const auto* const sign =
@@ -70,7 +68,8 @@ std::string_view SignAt(std::string_view text) {
 }
 
 bool IsAllowed(std::string_view sign) {
-  if (sign.size() == 1) return std::string_view("+-*/%&|^<>~!.,()[]").find(sign) != npos;
+  if (sign.size() == 1)
+    return std::string_view("+-*/%&|^<>~!.,()[]").find(sign) != std::string_view::npos;
   constexpr auto forbidden = Table<std::string_view>({"++", "--", "//", "/*", "<%", "%>"});
   constexpr auto comparisons = Table<std::string_view>({"==", "!=", "<=", ">=", "<=>"});
   const auto isIn = [&](const auto& signs) {
@@ -117,9 +116,9 @@ std::size_t ParenthesesEnd(const std::vector<ValueToken>& tokens, std::size_t be
   for (std::size_t i = begin; i < tokens.size(); ++i) {
     if (tokens[i].text == "(") ++open;
     if (tokens[i].text == ")" && open > 0) --open;
-    if (open == 0) return i == begin ? npos : i + 1;
+    if (open == 0) return i == begin ? noToken : i + 1;
   }
-  return npos;
+  return noToken;
 }
 
 std::size_t AngleBracketsEnd(const std::vector<ValueToken>& tokens, std::size_t begin) {
@@ -134,11 +133,11 @@ std::size_t AngleBracketsEnd(const std::vector<ValueToken>& tokens, std::size_t 
     ++i;
     if (text == "<") ++open;
     const std::size_t closed = text == ">" ? 1 : text == ">>" ? 2 : 0;
-    if (open == 0 || closed > open || text == ")") return npos;
+    if (open == 0 || closed > open || text == ")") return noToken;
     open -= closed;
     if (open == 0) return i;
   }
-  return npos;
+  return noToken;
 }
 
 }  // namespace zentho

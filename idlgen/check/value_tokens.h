@@ -24,8 +24,11 @@ struct ValueToken {
 /// Splits a word as C++ does, up to the first forbidden token.
 std::vector<ValueToken> ValueTokens(std::string_view word);
 
-/// Returns the index after the closing parenthesis of the opening one at an index, or npos if there
-/// is none.
+/// No index of a token.
+inline constexpr std::size_t noToken = std::string_view::npos;
+
+/// Returns the index after the closing parenthesis of the opening one at an index, or `noToken` if
+/// there is none.
 std::size_t ParenthesesEnd(const std::vector<ValueToken>& tokens, std::size_t begin);
 
 /// The same for angle brackets, inside which parentheses are balanced.

@@ -14,12 +14,6 @@ bool IsDigit(char32_t code) {
   return code >= '0' && code <= '9';
 }
 
-bool IsNumber(std::string_view word) {
-  return !word.empty() && std::all_of(word.begin(), word.end(), [](char byte) {
-    return IsDigit(static_cast<unsigned char>(byte));
-  });
-}
-
 /// Returns whether the word is a number or a name with dots.
 bool IsTemplateArgument(std::string_view word) {
   if (IsNumber(word)) return true;
@@ -30,6 +24,12 @@ bool IsTemplateArgument(std::string_view word) {
 }
 
 }  // namespace
+
+bool IsNumber(std::string_view word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char byte) {
+    return IsDigit(static_cast<unsigned char>(byte));
+  });
+}
 
 bool IsNameCharacter(char32_t code) {
   if (code < 0x80) {

@@ -14,6 +14,9 @@ bool IsNameCharacter(char32_t code);
 /// Returns whether no character of the word can be part of a name, as in `=`, `<<` or `//`.
 bool IsPunctuation(std::string_view word);
 
+/// Returns whether the word has digits only.
+bool IsNumber(std::string_view word);
+
 /// Returns whether the word is one identifier of C++. It may be a keyword.
 bool IsIdentifier(std::string_view word);
 

@@ -13,11 +13,10 @@
 namespace zentho {
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
 constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
 bool Contains(std::string_view text, std::string_view part) {
-  return text.find(part) != npos;
+  return text.find(part) != std::string_view::npos;
 }
 
 bool StartsWith(std::string_view text, std::string_view start) {
@@ -55,7 +54,7 @@ struct SignRow {
 
 template <char letter>
 bool Has(std::string_view word) {
-  return word.find(letter) != npos;
+  return word.find(letter) != std::string_view::npos;
 }
 
 bool StartsComment(std::string_view word) {
@@ -64,7 +63,7 @@ bool StartsComment(std::string_view word) {
 }
 
 bool IsGlued(std::string_view word, char brace) {
-  const bool isOnlyBraces = word.find_first_not_of("{}") == npos;
+  const bool isOnlyBraces = word.find_first_not_of("{}") == std::string_view::npos;
   return BraceOf(word) == brace && word.size() > 1 && (!isOnlyBraces || brace == '}');
 }
 
@@ -76,19 +75,17 @@ bool IsGluedBeforeSeparator(std::string_view word) {
 /// Returns whether a name and "=" stand at the beginning, as in `x=1`.
 bool IsAssignment(std::string_view word) {
   const std::size_t sign = word.find('=');
-  return sign != npos && word.substr(sign, 2) != "==" && IsIdentifier(word.substr(0, sign));
-}
-
-bool IsNumber(std::string_view word) {
-  return !word.empty() && word.find_first_not_of("0123456789") == npos;
+  return sign != std::string_view::npos && word.substr(sign, 2) != "==" &&
+         IsIdentifier(word.substr(0, sign));
 }
 
 /// Returns whether a number in brackets follows a name, or stands alone.
 bool HasFixedSize(std::string_view word) {
   const std::size_t closing = word.rfind(']');
-  if (closing == npos || closing == 0) return false;
+  if (closing == std::string_view::npos || closing == 0) return false;
   const std::size_t opening = word.find_last_of("[,", closing - 1);
-  return opening != npos && IsNumber(word.substr(opening + 1, closing - opening - 1));
+  return opening != std::string_view::npos &&
+         IsNumber(word.substr(opening + 1, closing - opening - 1));
 }
 
 std::ptrdiff_t OpenBrackets(std::string_view word) {
@@ -118,7 +115,8 @@ constexpr auto characterRows = Table<SignRow>({
     {all & ~paths, [](std::string_view word) { return Contains(word, "/*"); }, hashComments},
     {all & ~(items | values),
      [](std::string_view word) {
-       return StartsWith(word, "--") && (word.size() == 2 || word.find_first_not_of('-') != npos);
+       return StartsWith(word, "--") &&
+              (word.size() == 2 || word.find_first_not_of('-') != std::string_view::npos);
      },
      hashComments},
     {all, Has<'\t'>, "use spaces instead of tabs"},
@@ -168,7 +166,8 @@ constexpr auto formRows = Table<SignRow>({
     {statements | names, [](std::string_view word) { return StartsWith(word, "@"); },
      "there are no annotations"},
     {names | types, [](std::string_view word) { return word == "[" || word == "]"; }, oneWordType},
-    {types, [](std::string_view word) { return word.find_first_not_of("[]") == npos; },
+    {types,
+     [](std::string_view word) { return word.find_first_not_of("[]") == std::string_view::npos; },
      R"(the type of the elements is missing, as in "[int8]")"},
     {types, [](std::string_view word) { return StartsWith(word, "[") && OpenBrackets(word) > 0; },
      R"(a "]" is missing at its end)"},
@@ -177,10 +176,14 @@ constexpr auto formRows = Table<SignRow>({
     {types, [](std::string_view word) { return Has<'['>(word) && !ElementType(word).has_value(); },
      bracketsAround},
     {names | types, Has<'"'>, "write it without quotes"},
-    {types, [](std::string_view word) { return word.find_first_of("*&") != npos; },
+    {types,
+     [](std::string_view word) { return word.find_first_of("*&") != std::string_view::npos; },
      "there are no pointers and references"},
     {types | dottedNames, Has<'/'>, "write a dot between names"},
-    {items, [](std::string_view word) { return word.find_first_not_of("+-*/%&|^<>!~?") == npos; },
+    {items,
+     [](std::string_view word) {
+       return word.find_first_not_of("+-*/%&|^<>!~?") == std::string_view::npos;
+     },
      "write the value as one word, without spaces"},
     {names, Has<'-'>, R"(write "_" instead of "-")"},
     {names & ~dottedNames, Has<'.'>, "names contain no dots"},

@@ -16,8 +16,6 @@
 namespace zentho {
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
-
 /// Returns whether one of the words declares an enum or message of this name.
 bool IsDeclaredType(const Words& words, std::string_view name) {
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -33,7 +31,7 @@ bool IsDeclaredType(const Words& words, std::string_view name) {
 std::string MissingPart(std::string_view type, const Words& words) {
   const std::size_t dot = type.find('.');
   const std::string_view first = type.substr(0, dot);
-  if (dot == npos || !IsDeclaredType(words, first)) return {};
+  if (dot == std::string_view::npos || !IsDeclaredType(words, first)) return {};
   const std::string_view part = type.substr(dot + 1);
   for (std::size_t i = 0; i < words.size(); ++i) {
     const bool isItem = words.roles[i] == Role::ItemName && words.texts[i] == part;
@@ -101,8 +99,9 @@ std::string AdviceFor(const Finding& finding, const LocatedWords& file) {
       return advice.empty() && isType ? FormAdvice(word.text, word.role) : advice;
     }
     case Hint::SimilarType:
-      return word.text.find('<') != npos ? FormAdvice(word.text, word.role)
-                                         : TypeAdvice(finding.text, finding.word, file.words);
+      return word.text.find('<') != std::string_view::npos
+                 ? FormAdvice(word.text, word.role)
+                 : TypeAdvice(finding.text, finding.word, file.words);
     case Hint::ItemValue:
       // A colon before the word shows that it is meant as a value.
       return finding.text == word.text && !IsAfterColon(file, finding.word)

@@ -67,25 +67,25 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
 
   // Of a path, the last part counts, and of several types with that name, the whole path.
   SimilarWord last(LastPart(type));
-  std::vector<std::size_t> types;
+  std::vector<std::size_t> seenTypes;
   for (std::size_t i = 0; i < declarations.count(); ++i) {
     const Declaration& declaration = declarations[i];
     const bool isSeen = declaration.file != nothing && sight.hasFile(declaration.file);
     if (!isSeen || !IsType(declaration)) continue;
-    types.push_back(i);
+    seenTypes.push_back(i);
     last.compare(textOf(declaration));
   }
   constexpr std::size_t limit = 20;
-  std::vector<std::string> names;
-  for (const std::size_t i : types) {
-    if (textOf(declarations[i]) != last.found() || names.size() == limit) continue;
+  std::vector<std::string> sameNames;
+  for (const std::size_t i : seenTypes) {
+    if (textOf(declarations[i]) != last.found() || sameNames.size() == limit) continue;
     std::string name = nameOf(declarations[i]);
-    if (name != type) names.push_back(std::move(name));
+    if (name != type) sameNames.push_back(std::move(name));
   }
   SimilarWord whole(type);
-  for (const std::string& name : names) whole.compare(name);
+  for (const std::string& name : sameNames) whole.compare(name);
   if (!whole.found().empty()) return std::string(whole.found());
-  return names.empty() ? std::string() : names.front();
+  return sameNames.empty() ? std::string() : sameNames.front();
 }
 
 std::string_view KnownTypes::textOf(const Declaration& declaration) const {

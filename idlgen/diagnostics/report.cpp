@@ -13,7 +13,7 @@ namespace zentho {
 namespace {
 
 /// The number of errors and warnings that are shown.
-constexpr std::size_t limit = 20;
+constexpr std::size_t mostMessages = 20;
 
 /// Returns the name of the enum, message or service that contains the word, or of its part, such
 /// as "Drive.Request".
@@ -72,7 +72,7 @@ class Selection {
   void addFindings(Severity severity) {
     for (const Finding& finding : recovery.findings) {
       if (finding.rule->severity != severity || isInLineAtFault(finding)) continue;
-      if (diagnostics.size() < limit) {
+      if (diagnostics.size() < mostMessages) {
         add(finding);
       } else {
         ++notShown;

@@ -9,8 +9,6 @@
 namespace zentho {
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
-
 /// Returns the words of a range with the roles that they would have in a line without mistakes. One
 /// too many at its end is no name.
 std::vector<Word> WithRoles(const LocatedWords& file, WordRange range) {
@@ -43,11 +41,11 @@ std::size_t CommentEnd(const LocatedWords& file, std::size_t i) {
   const std::string_view comment = file.text(i).substr(CommentBegin(file.text(i)));
   if (comment.substr(0, 2) == "*/") return i + 1;
   const std::size_t lineEnd = LineEnd(file, i);
-  if (comment.substr(0, 2) != "/*" || comment.find("*/", 2) != npos) {
+  if (comment.substr(0, 2) != "/*" || comment.find("*/", 2) != std::string_view::npos) {
     return comment.substr(0, 2) == "/*" ? i + 1 : lineEnd;
   }
   for (std::size_t end = i + 1; end < file.size(); ++end) {
-    if (file.text(end).find("*/") != npos) return end + 1;
+    if (file.text(end).find("*/") != std::string_view::npos) return end + 1;
   }
   return lineEnd;
 }
@@ -57,7 +55,7 @@ void appendParts(std::string_view word, std::string_view separators,
                  std::vector<std::string>& parts) {
   while (true) {
     const std::size_t begin = word.find_first_not_of(separators);
-    if (begin == npos) return;
+    if (begin == std::string_view::npos) return;
     word.remove_prefix(begin);
     const std::size_t size = std::min(word.find_first_of(separators), word.size());
     parts.emplace_back(word.substr(0, size));
@@ -71,7 +69,7 @@ std::vector<std::string> SplitAtBraces(std::string_view word) {
   while (!word.empty()) {
     const std::size_t brace = word.find_first_of("{}");
     appendParts(word.substr(0, brace), ";,", parts);
-    if (brace == npos) break;
+    if (brace == std::string_view::npos) break;
     parts.emplace_back(word.substr(brace, 1));
     word.remove_prefix(brace + 1);
   }
@@ -98,7 +96,7 @@ void readWithout(const LocatedWords& file, WordRange range, Fix& fix) {
   if (CommentBegin(word) < word.size()) {
     fix.replaced = {i, CommentEnd(file, i)};
     if (CommentBegin(word) > 0) fix.texts.emplace_back(word.substr(0, CommentBegin(word)));
-  } else if (BraceOf(word) != '\0' && word.find_first_of("\t\r") == npos) {
+  } else if (BraceOf(word) != '\0' && word.find_first_of("\t\r") == std::string_view::npos) {
     fix.replaced = {i, i + 1};
     fix.texts = SplitAtBraces(word);
   } else {
@@ -126,7 +124,7 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
            "]\"";
   }
   const std::size_t library = path.find("std.string");
-  if (library == npos) return "write dots: " + Quoted(path);
+  if (library == std::string_view::npos) return "write dots: " + Quoted(path);
   return "write " + Quoted(path.erase(library, 4));
 }
 

@@ -14,7 +14,7 @@ namespace zentho {
 namespace {
 
 /// The number of faults after which the rest of a file is not read any more.
-constexpr std::size_t limit = 20;
+constexpr std::size_t mostFaults = 20;
 
 /// Returns the index of the first type or value of which "::" makes two words, or `count`.
 std::size_t FirstCppName(const LocatedWords& file, std::size_t count) {
@@ -52,7 +52,7 @@ void Recovery::run(const CheckWords& check) {
   for (;; ++faults) {
     const std::optional<Fix> fix = nextFix(check);
     if (!fix.has_value()) return;
-    if (faults == limit) break;
+    if (faults == mostFaults) break;
     tell(*fix);
     readInstead(*fix);
   }

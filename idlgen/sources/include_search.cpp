@@ -10,7 +10,7 @@
 namespace zentho {
 namespace {
 
-using Kind = IncludeSearch::Result::Kind;
+using ResultKind = IncludeSearch::Result::Kind;
 
 constexpr std::size_t maxPathSize = 4096;  ///< The system opens no longer paths.
 
@@ -75,18 +75,18 @@ IncludeSearch::IncludeSearch(SourceTree& sourceTree, std::vector<std::string> ba
 
 const IncludeSearch::Result& IncludeSearch::find(const std::string& directory,
                                                  std::string_view path) {
-  static const Result tooLong = {Kind::Uncertain};
+  static const Result tooLong = {ResultKind::Uncertain};
   if (path.size() > maxPathSize) return tooLong;
   const std::string included(path);
   std::string key = directory + '\0' + included;
   const auto known = results.find(key);
   if (known != results.end()) return known->second;
   Result result = look(directory, included);
-  if (result.kind == Kind::Missing && included.front() != '/') {
-    for (std::size_t i = 0; i < bases.size() && result.kind == Kind::Missing; ++i) {
+  if (result.kind == ResultKind::Missing && included.front() != '/') {
+    for (std::size_t i = 0; i < bases.size() && result.kind == ResultKind::Missing; ++i) {
       result = look(bases[i], included);
     }
-    if (mayComeBefore(result, directory, included)) result = {Kind::Uncertain};
+    if (mayComeBefore(result, directory, included)) result = {ResultKind::Uncertain};
   }
   return results.emplace(std::move(key), std::move(result)).first->second;
 }
@@ -104,7 +104,7 @@ bool IncludeSearch::mayComeBefore(const Result& result, const std::string& direc
       const Entry& beside = lookAtDirectory(bases[i] + (isBelow ? position.path : ""));
       if (beside.kind == Entry::Kind::Missing) continue;
       const Result other = look(bases[i], place);
-      if (other.kind == Kind::Missing) continue;
+      if (other.kind == ResultKind::Missing) continue;
       if (other.kind != result.kind || other.id != result.id) return true;
     }
   }
@@ -114,10 +114,11 @@ bool IncludeSearch::mayComeBefore(const Result& result, const std::string& direc
 IncludeSearch::Result IncludeSearch::look(const std::string& directory, const std::string& path) {
   std::string joined = Joined(directory, path);
   // Most files that are looked for in vain would be in a directory that does not exist either.
-  if (lookAtDirectory(DirectoryOf(joined)).kind == Entry::Kind::Missing) return {Kind::Missing};
+  if (lookAtDirectory(DirectoryOf(joined)).kind == Entry::Kind::Missing)
+    return {ResultKind::Missing};
   const Entry entry = tree.look(joined);
-  if (entry.kind == Entry::Kind::File) return {Kind::Found, std::move(joined), entry.id};
-  return {entry.kind == Entry::Kind::Unreadable ? Kind::Uncertain : Kind::Missing};
+  if (entry.kind == Entry::Kind::File) return {ResultKind::Found, std::move(joined), entry.id};
+  return {entry.kind == Entry::Kind::Unreadable ? ResultKind::Uncertain : ResultKind::Missing};
 }
 
 const Entry& IncludeSearch::lookAtDirectory(const std::string& directory) {
@@ -168,7 +169,7 @@ std::string IncludeSearch::correctionBelow(const std::string& base, const std::s
     for (const std::string& other : list(base + above)) {
       if (!IsSlip(name, other)) continue;
       std::string corrected = above + other + path.substr(end);
-      if (CanBeIncluded(corrected) && find(directory, corrected).kind == Kind::Found) {
+      if (CanBeIncluded(corrected) && find(directory, corrected).kind == ResultKind::Found) {
         return corrected;
       }
     }
@@ -195,7 +196,7 @@ std::string IncludeSearch::shortestPath(const std::string& directory, const std:
   for (const std::string& candidate : paths) {
     if (candidate.empty() || !CanBeIncluded(candidate)) continue;
     const Result& result = find(directory, candidate);
-    if (result.kind == Kind::Found && result.id == id) return candidate;
+    if (result.kind == ResultKind::Found && result.id == id) return candidate;
   }
   return {};
 }

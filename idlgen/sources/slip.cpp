@@ -6,8 +6,8 @@
 namespace zentho {
 namespace {
 
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
+bool HasDigit(std::string_view text) {
+  return text.find_first_of("0123456789") != std::string_view::npos;
 }
 
 bool IsLetter(char byte) {
@@ -36,9 +36,7 @@ bool IsSlip(std::string_view written, std::string_view meant) {
     a.remove_suffix(1);
     b.remove_suffix(1);
   }
-  if (std::any_of(a.begin(), a.end(), IsDigit) || std::any_of(b.begin(), b.end(), IsDigit)) {
-    return false;
-  }
+  if (HasDigit(a) || HasDigit(b)) return false;
   const bool isSwapped = a.size() == 2 && b.size() == 2 && a[0] == b[1] && a[1] == b[0];
   return isSwapped || (a.size() <= 1 && b.size() <= 1 && a.size() + b.size() > 0);
 }
