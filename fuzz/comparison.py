@@ -5,6 +5,7 @@ import concurrent.futures
 import pathlib
 import random
 import shutil
+import sys
 import tempfile
 
 from tools import Tools
@@ -32,6 +33,8 @@ def compare(options, kinds, try_one):
     """
     # A quarter is of the first kind, which is the valid one.
     rows = [kind for kind in kinds if options.kind in kind.name]
+    if not rows:
+        sys.exit(f"There is no kind with {options.kind!r} in its name.")
     rows = [rows[0 if i % 4 == 0 else (i - i // 4) % len(rows)] for i in range(options.count)]
     count = collections.defaultdict(lambda: [0, 0, 0])
 

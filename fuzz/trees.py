@@ -103,6 +103,7 @@ class TreeMaker:
         """Returns an include statement of the file at the path, and the included path."""
         if what[0] == '"':
             return f"include {what}", None
+        mark, what = ("@", what[1:]) if what[0] == "@" else ("", what)
         rng, name = self.rng, what.split(" ")[-1]
         other = self.paths[name]
         form = os.path.relpath(other, other.split("/")[0])
@@ -110,18 +111,17 @@ class TreeMaker:
         if rng.random() < (0.1 if beside.startswith("..") else 0.5):
             form = beside
         if what != name:
-            return f'include "{with_slip(rng, form)}"', None
-        return f'include "{form}"' if rng.random() < 0.8 else f"include <{form}>", other
+            return f'include {mark}"{with_slip(rng, form)}"', None
+        path = f'"{form}"' if rng.random() < 0.8 else f"<{form}>"
+        return f"include {mark}{path}", other
 
     def make(self):
         texts, includes, marks = {}, {}, {}
         for name, path in self.paths.items():
             statements, includes[path] = [], []
             for text in self.statements[name]:
-                mark, is_include, what = text.rpartition("include ")
-                if is_include:
-                    text, other = self.include(path, what)
-                    text = mark + text
+                if text.startswith("include "):
+                    text, other = self.include(path, text[len("include "):])
                     includes[path] += [other] if other else []
                 statements.append(text)
             text = render(self.rng, words_of([statements]))

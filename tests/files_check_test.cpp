@@ -87,11 +87,12 @@ struct NameRow {
   const char* type;
   const char* message;
   const char* found;
+  const char* foundIfOpen;  ///< If there are files that have not been read.
 };
 using NamesInFiles = testing::TestWithParam<NameRow>;
 
 TEST_P(NamesInFiles, AreLookedUpAsInTheHeader) {
-  CheckedFiles files({
+  const std::vector<std::string> texts = {
       R"(include "1.idl" include "2.idl" namespace a.b
          message First { } message Here { } message user { } message Later { } message far { }
          message Last { } service Late { request { } response { } } enum Kind { })",
@@ -99,34 +100,39 @@ TEST_P(NamesInFiles, AreLookedUpAsInTheHeader) {
          service Use { request { } response { } } message Later { } message b2 { })",
       R"(namespace a.c message Side { } message First { } message OUTER { } message ITEM { })",
       R"(namespace far message Deep { } message user { })",
-      R"(message Unseen { } message Outer { })", R"(namespace a.b.c message Side { })"});
-  EXPECT_EQ(files.find(0, GetParam().type, GetParam().message), GetParam().found);
+      R"(message Unseen { } message Outer { })",
+      R"(namespace a.b.c message Side { })"};
+  CheckedFiles closed(texts);
+  EXPECT_EQ(closed.find(0, GetParam().type, GetParam().message), GetParam().found);
+  CheckedFiles open({});
+  for (const std::string& text : texts) open.add(text, Openness::Open);
+  EXPECT_EQ(open.find(0, GetParam().type, GetParam().message), GetParam().foundIfOpen);
 }
 
 constexpr NameRow nameRows[] = {
-    {"OwnBeforeOuter", "First", "user", "Type in 0"},
-    {"OuterOne", "Outer", "user", "Type in 1"},
-    {"OuterWhileTheOwnIsBelow", "Later", "user", "NotBelow in 0"},
-    {"OwnEnum", "Kind", "user", "Type in 0"},
-    {"OuterByItsPath", "a.Kind", "user", "Type in 1"},
-    {"ItselfByItsPath", "a.b.user", "user", "Itself in 0"},
-    {"BelowByItsPath", "b.Later", "user", "Below in 0"},
-    {"SiblingNamespace", "c.Side", "user", "Type in 2"},
-    {"SiblingNamespaceWithoutItsName", "Side", "user", "Unknown"},
-    {"IncludedByAnIncludedFile", "far.Deep", "user", "Type in 3"},
-    {"HiddenByAMessageAbove", "far.Deep", "Last", "Unknown"},
-    {"GlobalNamespace", ".far.Deep", "Last", "Type in 3"},
-    {"LibraryInTheGlobalNamespace", ".std.Deep", "user", "Elsewhere"},
-    {"NameInTheGlobalNamespace", ".Deep", "user", "Elsewhere"},
-    {"NameOfTheUser", "user.Deep", "user", "Unknown"},
-    {"FileThatIsNotIncluded", "Unseen", "user", "Unknown"},
-    {"ItemOfTheOuterNamespace", "ITEM", "user", "Item in 1"},
-    {"MessageBesideAnItemOfAnotherNamespace", "c.ITEM", "user", "Type in 2"},
-    {"ServiceOfAnotherFile", "Use", "user", "Service in 1"},
-    {"PartOfAServiceOfAnotherFile", "a.Use.Request", "user", "Type in 1"},
-    {"OwnServiceIsBelow", "Late.Response", "user", "Below in 0"},
-    {"Namespace", "c", "user", "Namespace"},
-    {"NothingInANamespace", "c.None", "user", "Unknown"},
+    {"OwnBeforeOuter", "First", "user", "Type in 0", "Type in 0"},
+    {"OuterOne", "Outer", "user", "Type in 1", "Type in 1"},
+    {"OuterWhileTheOwnIsBelow", "Later", "user", "NotBelow in 0", "NotBelow in 0"},
+    {"OwnEnum", "Kind", "user", "Type in 0", "Type in 0"},
+    {"OuterByItsPath", "a.Kind", "user", "Type in 1", "Type in 1"},
+    {"ItselfByItsPath", "a.b.user", "user", "Itself in 0", "Itself in 0"},
+    {"BelowByItsPath", "b.Later", "user", "Below in 0", "Below in 0"},
+    {"SiblingNamespace", "c.Side", "user", "Type in 2", "Type in 2"},
+    {"SiblingNamespaceWithoutItsName", "Side", "user", "Unknown", "Elsewhere"},
+    {"IncludedByAnIncludedFile", "far.Deep", "user", "Type in 3", "Type in 3"},
+    {"HiddenByAMessageAbove", "far.Deep", "Last", "Unknown", "Unknown"},
+    {"GlobalNamespace", ".far.Deep", "Last", "Type in 3", "Type in 3"},
+    {"LibraryInTheGlobalNamespace", ".std.Deep", "user", "Elsewhere", "Elsewhere"},
+    {"NameInTheGlobalNamespace", ".Deep", "user", "Elsewhere", "Elsewhere"},
+    {"NameOfTheUser", "user.Deep", "user", "Unknown", "Unknown"},
+    {"FileThatIsNotIncluded", "Unseen", "user", "Unknown", "Elsewhere"},
+    {"ItemOfTheOuterNamespace", "ITEM", "user", "Item in 1", "Elsewhere"},
+    {"MessageBesideAnItemOfAnotherNamespace", "c.ITEM", "user", "Type in 2", "Type in 2"},
+    {"ServiceOfAnotherFile", "Use", "user", "Service in 1", "Elsewhere"},
+    {"PartOfAServiceOfAnotherFile", "a.Use.Request", "user", "Type in 1", "Type in 1"},
+    {"OwnServiceIsBelow", "Late.Response", "user", "Below in 0", "Elsewhere"},
+    {"Namespace", "c", "user", "Namespace", "Elsewhere"},
+    {"NothingInANamespace", "c.None", "user", "Unknown", "Elsewhere"},
 };
 INSTANTIATE_TEST_SUITE_P(FilesCheck, NamesInFiles, testing::ValuesIn(nameRows), RowName<NameRow>);
 

@@ -9,6 +9,11 @@ namespace {
 
 constexpr Found unknown = {Result::Unknown};
 
+Found Near(Found found) {
+  found.isNear = true;
+  return found;
+}
+
 std::string_view PartName(Scope::Part part) {
   if (part == Scope::Part::None) return {};
   return part == Scope::Part::Request ? "Request" : "Response";
@@ -38,25 +43,31 @@ Lookup::Lookup(const Declarations& fileDeclarations, const Sight& fileSight, std
       file(userFile),
       words(*fileDeclarations.file(userFile).words),
       namespaces(fileDeclarations.file(userFile).namespaces),
-      mayDeclareAnything(isOpen || BeginsInZentho(fileDeclarations, userFile) ||
-                         fileDeclarations.file(userFile).leftOut->mayDeclareAnything) {}
+      mayBeUnread(isOpen || BeginsInZentho(fileDeclarations, userFile)) {}
 
 Found Lookup::findType(std::string_view type, const Scope& user) const {
   const bool isPath = type.find('.') != std::string_view::npos;
   const Path path = isPath ? Components(type) : Path{type};
   const Found found = isPath ? findPath(path, user) : findName(type, user);
-  const bool mayBe = std::any_of(path.begin(), path.end(),
-                                 [&](std::string_view name) { return mayBeElsewhere(name); });
   const bool isMissing = found.result == Result::Unknown || found.result == Result::Namespace;
-  if (isMissing && mayBe) return {Result::Elsewhere};
+  const bool isNoType = found.result == Result::Item || found.result == Result::Service;
+  const bool isLeftOut = std::any_of(path.begin(), path.end(),
+                                     [&](std::string_view name) { return mayBeLeftOut(name); });
+  if (isMissing && isLeftOut) return {Result::Elsewhere};
+  if ((isMissing || isNoType) && mayBeUnread && !found.isNear) return {Result::Elsewhere};
   const bool isLater =
       found.result == Result::Unknown && user.part == Scope::Part::Request && type == "Response";
   return isLater ? Found{Result::LaterPart} : found;
 }
 
 bool Lookup::mayBeElsewhere(std::string_view name) const {
+  return mayBeUnread || mayBeLeftOut(name);
+}
+
+bool Lookup::mayBeLeftOut(std::string_view name) const {
   const Declarations::File& own = declarations.file(file);
-  return mayDeclareAnything || own.leftOut->names.count(name) + own.namesInOthers.count(name) > 0;
+  return own.leftOut->mayDeclareAnything || own.leftOut->names.count(name) > 0 ||
+         own.namesInOthers.count(name) > 0;
 }
 
 Found Lookup::findName(std::string_view name, const Scope& user) const {
@@ -70,7 +81,8 @@ Found Lookup::findName(std::string_view name, const Scope& user) const {
       below = found;
     } else if (found.result != Result::Unknown) {
       const bool isOther = below.result == Result::Below && found.result != Result::Namespace;
-      return isOther ? Found{Result::NotBelow, below.declaration} : found;
+      if (isOther) return {Result::NotBelow, below.declaration};
+      return level + 1 == namespaces.size() ? Near(found) : found;
     }
   }
   return below;
@@ -108,15 +120,19 @@ Found Lookup::findPath(const Path& path, const Scope& user) const {
     const bool isOther = path.size() < 3 || path[1] == "std" || path[1] == "zentho";
     return isOther ? Found{Result::Elsewhere} : findFrom(0, path, 1, user);
   }
-  if (IsNestedAbove(first, user.part)) return unknown;
-  if (first == words.texts[user.record]) return findNested(ownRecord(user), path, 1, user);
+  if (IsNestedAbove(first, user.part)) return Near(unknown);
+  if (first == words.texts[user.record]) {
+    return Near(findNested(ownRecord(user), path, 1, user));
+  }
   std::size_t below = nothing;
   for (std::size_t level = namespaces.size(); level-- > 0;) {
     const std::size_t record = recordIn(namespaces[level], first);
     const std::size_t space = seenNamespace(namespaces[level], first);
     if (record != nothing && isAbove(record, user)) {
       // A type and a namespace of one name have been reported where they are declared.
-      return space == nothing ? findNested(record, path, 1, user) : Found{Result::Elsewhere};
+      if (space != nothing) return {Result::Elsewhere};
+      const Found found = findNested(record, path, 1, user);
+      return level + 1 == namespaces.size() ? Near(found) : found;
     }
     if (record != nothing) below = record;
     if (space != nothing) return findFrom(space, path, 1, user);

@@ -36,6 +36,7 @@ enum class Result : std::uint8_t {
 struct Found {
   Result result;
   std::size_t declaration = nothing;  ///< What has been found, or what is below.
+  bool isNear = false;  ///< Whether the search ended where no other file can end it earlier.
 };
 
 /// Looks up names as C++ does in the header of one file. There, the included files come first, then
@@ -70,6 +71,8 @@ class Lookup {
  private:
   using Path = std::vector<std::string_view>;
 
+  /// Returns whether a line that has been left out may declare the name.
+  [[nodiscard]] bool mayBeLeftOut(std::string_view name) const;
   [[nodiscard]] Found findName(std::string_view name, const Scope& user) const;
   [[nodiscard]] Found findPath(const Path& path, const Scope& user) const;
   [[nodiscard]] Found use(std::size_t declaration, const Scope& user) const;
@@ -89,7 +92,7 @@ class Lookup {
   std::size_t file;
   const Words& words;
   const std::vector<std::size_t>& namespaces;  ///< From the global one to that of the file.
-  bool mayDeclareAnything;
+  bool mayBeUnread;  ///< Whether any name may come from what has not been read.
 };
 
 }  // namespace zentho
