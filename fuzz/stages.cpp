@@ -17,6 +17,7 @@
 #include "generator/generator.h"
 #include "header/examination.h"
 #include "header/examine.h"
+#include "header/report.h"
 #include "header_lines.h"
 #include "io/line_writer.h"
 #include "reader/idl.h"
@@ -135,7 +136,7 @@ void checkTogether(const Files& files) {
   Examination examination(sources);
   for (const Sources::Named& named : sources.named()) {
     const SourceFile& file = sources.files()[named.file];
-    const Outcome result = examination.examine(named.file, Warnings::Tell);
+    const Outcome result = reportOn(examination, named.file, Warnings::Tell);
     const bool valid = !file.error.has_value();
     check(valid || !result.succeeded, "a file with a grammar error is never accepted");
     if (result.succeeded) checkHeader(Header(file.schema));

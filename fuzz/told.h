@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "header/examine.h"
+#include "header/outcome.h"
 
 namespace zentho {
 

@@ -4,6 +4,7 @@
 #include "generator/generator.h"
 #include "header/examination.h"
 #include "header/examine.h"
+#include "header/report.h"
 #include "schema/parser.h"
 #include "sources/memory_tree.h"
 #include "sources/sources.h"
@@ -66,7 +67,7 @@ Outcome Examine(const CheckCase& test) {
   Examination examination(sources);
   Outcome result{true, {}};
   for (const Sources::Named& named : sources.named()) {
-    const Outcome told = examination.examine(named.file, Warnings::Tell);
+    const Outcome told = reportOn(examination, named.file, Warnings::Tell);
     EXPECT_EQ(told.succeeded, !SaysError(test, named.path)) << named.path;
     result.succeeded = result.succeeded && told.succeeded;
     result.messages += told.messages;

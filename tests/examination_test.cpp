@@ -1,5 +1,6 @@
 #include "header/examination.h"
 
+#include "header/report.h"
 #include "sources/memory_tree.h"
 #include "support.h"
 
@@ -20,7 +21,7 @@ std::string Told(const Files& files, const std::vector<std::string>& paths,
   std::string messages;
   bool succeeded = true;
   for (const Sources::Named& named : sources.named()) {
-    const Outcome outcome = examination.examine(named.file, warnings);
+    const Outcome outcome = reportOn(examination, named.file, warnings);
     messages += outcome.messages;
     succeeded = succeeded && outcome.succeeded;
   }

@@ -29,11 +29,12 @@ Reading Read(const std::string& idl) {
   const SourceFile file = ParseSource("a.idl", idl);
   Recovery recovery(file.text, file.words, file.error);
   recovery.run(CheckAlone);
-  Reading reading = {"", "", recovery.isComplete};
-  for (std::size_t i = 0; i < recovery.file.size(); ++i) {
-    reading.words += (i > 0 ? " " : "") + std::string(recovery.file.text(i));
+  const Recovered& recovered = recovery.result();
+  Reading reading = {"", "", recovered.isComplete};
+  for (std::size_t i = 0; i < recovered.file.size(); ++i) {
+    reading.words += (i > 0 ? " " : "") + std::string(recovered.file.text(i));
   }
-  for (const Diagnostic& diagnostic : recovery.diagnostics) {
+  for (const Diagnostic& diagnostic : recovered.diagnostics) {
     append(diagnostic.spot, diagnostic.sentence, reading.said);
     for (const Note& note : diagnostic.notes) append(note.spot, note.sentence, reading.said);
   }
@@ -297,9 +298,10 @@ TEST(Recovery, KeepsTheNamesThatItLeavesOut) {
   const SourceFile file = ParseSource("a.idl", idl);
   Recovery recovery(file.text, file.words, file.error);
   recovery.run(CheckAlone);
-  for (const char* name : {"größe", "a", "B2"}) EXPECT_EQ(recovery.leftOut.names.count(name), 1U);
-  EXPECT_FALSE(recovery.leftOut.mayDeclareAnything);
-  EXPECT_EQ(recovery.linesAtFault, std::vector<std::size_t>{2});
+  const Recovered& recovered = recovery.result();
+  for (const char* name : {"größe", "a", "B2"}) EXPECT_EQ(recovered.leftOut.names.count(name), 1U);
+  EXPECT_FALSE(recovered.leftOut.mayDeclareAnything);
+  EXPECT_EQ(recovered.linesAtFault, std::vector<std::size_t>{2});
 }
 
 struct ShapeRow {

@@ -1,4 +1,4 @@
-#include "diagnostics/report.h"
+#include "header/report.h"
 
 #include <sstream>
 

@@ -11,6 +11,7 @@
 #include "header/depfile.h"
 #include "header/examination.h"
 #include "header/output_file.h"
+#include "header/report.h"
 #include "io/replace_file.h"
 #include "sources/source_tree.h"
 #include "sources/sources.h"
@@ -71,7 +72,7 @@ class Run {
 
   Outcome examineNamed(Examination& examination, const Sources::Named& named) const {
     if (named.file == noFile) return {false, ErrorLine(named.path, named.reason)};
-    return examination.examine(named.file, request.warnings);
+    return reportOn(examination, named.file, request.warnings);
   }
 
   OutputFile output(const std::string& path, std::string beginning) const {

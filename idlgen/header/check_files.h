@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "header/examine.h"
-#include "header/warnings.h"
+#include "header/outcome.h"
 
 namespace zentho {
 

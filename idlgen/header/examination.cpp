@@ -19,10 +19,6 @@ bool NeedsRecovery(const SourceFile& file) {
          HasColonsInWord(file.text);
 }
 
-bool IsWarning(const Finding& finding) {
-  return finding.rule->severity == Severity::Warning;
-}
-
 }  // namespace
 
 Examination::Examination(Sources& readSources) : sources(&readSources) {
@@ -40,7 +36,7 @@ void Examination::addFiles() {
     const SourceFile& file = *files[i];
     if (NeedsRecovery(file)) recoveryOf(i).run(CheckAlone);
     const Recovery* const recovery = recoveries[i].get();
-    const bool hasFault = recovery != nullptr && recovery->hasFault();
+    const bool hasFault = recovery != nullptr && !recovery->result().diagnostics.empty();
     const bool isFound =
         std::all_of(file.includes.begin(), file.includes.end(),
                     [](const Include& include) { return include.kind == Include::Kind::Found; });
@@ -52,7 +48,7 @@ void Examination::addFiles() {
     const Openness openness = isOpen     ? Openness::Open
                               : hasFault ? Openness::Faulty
                                          : Openness::Closed;
-    check.add(read, recovery == nullptr ? nothingLeftOut : recovery->leftOut, openness,
+    check.add(read, recovery == nullptr ? nothingLeftOut : recovery->result().leftOut, openness,
               inclusionsOf(i));
   }
 }
@@ -81,7 +77,7 @@ Recovery& Examination::recoveryOf(std::size_t file) {
 /// Returns the words of a file that are read in the end.
 const Words& Examination::wordsRead(std::size_t file) const {
   const Recovery* const recovery = recoveries[file].get();
-  return recovery == nullptr ? files[file]->words : recovery->file.words;
+  return recovery == nullptr ? files[file]->words : recovery->result().file.words;
 }
 
 /// Returns the indexes of the paths of the first includes among the words that are read in the end.
@@ -101,23 +97,14 @@ std::vector<std::size_t> Examination::pathsRead(std::size_t file) const {
   return paths;
 }
 
-Outcome Examination::examine(std::size_t file, Warnings warnings) {
-  current = file;
-  if (recoveries[file] == nullptr && findings(file).empty()) return {true, {}};
+const Recovered* Examination::examine(std::size_t file) {
+  if (recoveries[file] == nullptr && findings(file).empty()) return nullptr;
   Recovery& recovery = recoveryOf(file);
   recovery.run([&](const Words& words, const LeftOut& leftOut) {
     check.replace(file, words, leftOut, inclusionsOf(file));
     return findings(file);
   });
-  std::vector<Finding>& found = recovery.findings;
-  if (warnings == Warnings::Ignore) {
-    found.erase(std::remove_if(found.begin(), found.end(), IsWarning), found.end());
-  }
-  const bool mayPass = warnings == Warnings::Fail
-                           ? found.empty()
-                           : std::all_of(found.begin(), found.end(), IsWarning);
-  const bool succeeded = !files[file]->error.has_value() && !recovery.hasFault() && mayPass;
-  return {succeeded, Report(files[file]->path, files[file]->text, recovery, *this)};
+  return &recovery.result();
 }
 
 /// Returns the findings about a file, those about paths that lead nowhere included.
@@ -134,20 +121,16 @@ std::vector<Finding> Examination::findings(std::size_t file) {
   return found;
 }
 
-const std::string& Examination::path(std::size_t file) const {
-  return files[file]->path;
+const LocatedWords& Examination::locatedWords(std::size_t file) {
+  return recoveryOf(file).result().file;
 }
 
-const LocatedWords& Examination::words(std::size_t file) {
-  return recoveryOf(file).file;
-}
-
-std::string Examination::typeAdvice(std::string_view type) {
-  const KnownTypes types(check, current);
+std::string Examination::typeAdvice(std::size_t file, std::string_view type) {
+  const KnownTypes types(check, file);
   const std::vector<std::size_t> others = types.filesThatDeclare(type);
-  for (const std::size_t other : others) {            // Never if the file is alone.
-    if (check.doesInclude(other, current)) continue;  // It would be a cycle.
-    const std::string included = sources->includePath(current, other);
+  for (const std::size_t other : others) {         // Never if the file is alone.
+    if (check.doesInclude(other, file)) continue;  // It would be a cycle.
+    const std::string included = sources->includePath(file, other);
     if (!included.empty()) return "is \"" + included + "\" to be included?";
   }
   return others.empty() ? DidYouMean(types.mostSimilar(type)) : std::string();

@@ -8,9 +8,6 @@
 
 #include "check/files_check.h"
 #include "check/located_words.h"
-#include "diagnostics/report.h"
-#include "header/examine.h"
-#include "header/warnings.h"
 #include "recovery/recovery.h"
 #include "sources/source_file.h"
 #include "sources/sources.h"
@@ -18,16 +15,24 @@
 namespace zentho {
 
 /// Examines IDL files together: all that have been read in a run, which may include each other.
-class Examination final : private OtherFiles {
+class Examination {
  public:
-  /// Examines all files that have been read. Refers to them.
+  /// Reads the words of all files. Refers to the files.
   explicit Examination(Sources& readSources);
 
-  /// Examines one file alone. Refers to it.
+  /// Reads the words of one file that is alone. Refers to it.
   explicit Examination(const SourceFile& file);
 
-  /// Returns the messages about one of the files.
-  [[nodiscard]] Outcome examine(std::size_t file, Warnings warnings);
+  /// Checks one of the files. Returns what is found in it, or nullptr if that is nothing.
+  [[nodiscard]] const Recovered* examine(std::size_t file);
+
+  [[nodiscard]] const SourceFile& file(std::size_t file) const { return *files[file]; }
+
+  /// Returns the words of a file that are read in the end, and where they stand.
+  [[nodiscard]] const LocatedWords& locatedWords(std::size_t file);
+
+  /// Returns what to do about a type that the file uses and that is not declared, or nothing.
+  [[nodiscard]] std::string typeAdvice(std::size_t file, std::string_view type);
 
  private:
   void addFiles();
@@ -37,15 +42,10 @@ class Examination final : private OtherFiles {
   [[nodiscard]] std::vector<std::size_t> pathsRead(std::size_t file) const;
   [[nodiscard]] std::vector<Finding> findings(std::size_t file);
 
-  [[nodiscard]] const std::string& path(std::size_t file) const override;
-  [[nodiscard]] const LocatedWords& words(std::size_t file) override;
-  [[nodiscard]] std::string typeAdvice(std::string_view type) override;
-
   std::vector<const SourceFile*> files;
   Sources* sources = nullptr;  ///< Unless the file is alone.
   FilesCheck check;
   std::vector<std::unique_ptr<Recovery>> recoveries;  ///< Of files that have been recovered.
-  std::size_t current = 0;                            ///< The file that is examined.
 };
 
 }  // namespace zentho

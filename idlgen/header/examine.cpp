@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "header/examination.h"
+#include "header/report.h"
 #include "sources/source_file.h"
 
 namespace zentho {
@@ -10,7 +11,8 @@ namespace zentho {
 Outcome examine(const std::string& path, const std::string& text, Schema& schema,
                 Warnings warnings) {
   SourceFile file = ParseSource(path, text);
-  Outcome result = Examination(file).examine(0, warnings);
+  Examination examination(file);
+  Outcome result = reportOn(examination, 0, warnings);
   schema = std::move(file.schema);
   return result;
 }

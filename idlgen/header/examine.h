@@ -2,16 +2,10 @@
 
 #include <string>
 
-#include "header/warnings.h"
+#include "header/outcome.h"
 #include "schema/schema.h"
 
 namespace zentho {
-
-/// Whether a run succeeds, and what it has to say.
-struct Outcome {
-  bool succeeded;
-  std::string messages;  ///< Lines for standard error. There may be warnings after success.
-};
 
 /// Parses and checks the text of the IDL file at `path`, without looking at any other. Fills the
 /// empty `schema` if it succeeds.

@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "header/examine.h"
-#include "header/warnings.h"
+#include "header/outcome.h"
 
 namespace zentho {
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
@@ -89,8 +90,14 @@ std::vector<std::string> SplitAtBlanks(const LocatedWords& file, WordRange range
   return parts;
 }
 
+/// Returns the fix for the sign at one of the words of a range.
+Fix FixSign(WordRange range, const std::vector<Word>& words, Sign sign) {
+  const Word& word = words[sign.word];
+  return {&FormRule(word.role), range.first + sign.word, word.text, std::move(sign.advice), range};
+}
+
 /// Reads the range without what the sign at one of its words shows.
-void readWithout(const LocatedWords& file, WordRange range, Fix& fix) {
+void readWithout(const LocatedWords& file, Fix& fix) {
   const std::size_t i = fix.word;
   const std::string_view word = file.text(i);
   if (CommentBegin(word) < word.size()) {
@@ -100,8 +107,7 @@ void readWithout(const LocatedWords& file, WordRange range, Fix& fix) {
     fix.replaced = {i, i + 1};
     fix.texts = SplitAtBraces(word);
   } else {
-    fix.replaced = range;
-    fix.texts = SplitAtBlanks(file, range);
+    fix.texts = SplitAtBlanks(file, fix.replaced);
   }
 }
 
@@ -130,43 +136,34 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
 
 }  // namespace
 
-bool findCharacterCause(const LocatedWords& file, WordRange range, Fix& fix) {
+std::optional<Fix> FixCharacters(const LocatedWords& file, WordRange range) {
   const std::vector<Word> words = WithRoles(file, range);
-  if (const std::optional<Sign> sign = FindSign(Signs::Characters, words)) {
-    fix.word = range.first + sign->word;
-    fix.rule = &FormRule(words[sign->word].role);
-    fix.text = file.text(fix.word);
-    fix.advice = sign->advice;
-    readWithout(file, range, fix);
-    return true;
+  if (std::optional<Sign> sign = FindSign(Signs::Characters, words)) {
+    Fix fix = FixSign(range, words, *std::move(sign));
+    readWithout(file, fix);
+    return fix;
   }
-  if (!IsInList(words.front().role)) return false;
+  if (!IsInList(words.front().role)) return std::nullopt;
   for (std::size_t i = range.first; i < range.end; ++i) {
     if (!IsJoinedByColons(file, i)) continue;
     const Role role = words[i - range.first].role;
-    fix.word = i;
-    fix.rule = role == Role::ItemValue ? &rules::colonsInValue : &rules::colonsInType;
-    fix.text = file.text(i);
-    fix.advice = ColonsAdvice(file, i, role);
-    fix.replaced = range;
-    return true;
+    const Rule& rule = role == Role::ItemValue ? rules::colonsInValue : rules::colonsInType;
+    return Fix{&rule, i, file.text(i), ColonsAdvice(file, i, role), range};
   }
-  return false;
+  return std::nullopt;
 }
 
-bool findFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix) {
+std::optional<Fix> FixForm(const LocatedWords& file, Signs signs, WordRange range, WordRange line) {
   const std::vector<Word> words = WithRoles(file, range);
-  const std::optional<Sign> sign = FindSign(signs, words);
-  if (!sign.has_value()) return false;
-  fix.word = range.first + sign->word;
-  fix.rule = &FormRule(words[sign->word].role);
-  fix.text = file.text(fix.word);
-  fix.advice = sign->advice;
+  std::optional<Sign> sign = FindSign(signs, words);
+  if (!sign.has_value()) return std::nullopt;
+  Fix fix = FixSign(range, words, *std::move(sign));
+  fix.replaced = line;
   if (BraceOf(fix.text) != '\0') {  // Such as `};`.
     fix.replaced = {fix.word, fix.word + 1};
     fix.texts = SplitAtBraces(fix.text);
   }
-  return true;
+  return fix;
 }
 
 const Rule& FormRule(Role role) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -11,6 +13,13 @@
 #include "diagnostics/advice.h"
 
 namespace zentho {
+
+/// What has been said before a fault that may only follow from it, so that nothing more is said.
+enum class MayFollow : std::uint8_t {
+  Nothing,
+  FaultInStatement,  ///< A line of the same statement is at fault.
+  AnyFault           ///< Any line is, and the file closes all braces that it opens.
+};
 
 /// What is wrong with some words, and what to read in place of them.
 struct Fix {
@@ -23,7 +32,8 @@ struct Fix {
   std::vector<std::string> texts = {};  ///< What is read there.
   std::size_t other = noWord;           ///< The word that the note of the rule is about.
   std::size_t closing = noWord;         ///< A brace further on that is left out, too.
-  bool mayFollow = false;  ///< Is not said if its statement has a line at fault before it.
+  MayFollow mayFollow = MayFollow::Nothing;
+  bool mayDeclare = true;  ///< Whether names among the words that are not read may be declared.
 };
 
 /// Returns the fix for a word that stands in a list of members or items.
@@ -54,12 +64,11 @@ bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t 
 std::size_t FirstInMixedLine(const LocatedWords& file, const TypeNames& types,
                              const std::vector<std::size_t>& words);
 
-/// Finds the cause in the characters of the words or in two colons between them, and what is read
-/// instead. Returns whether there is one.
-bool findCharacterCause(const LocatedWords& file, WordRange range, Fix& fix);
+/// Returns the fix if the cause is in the characters of the words or in two colons between them.
+std::optional<Fix> FixCharacters(const LocatedWords& file, WordRange range);
 
-/// Finds the cause in the form of one of the words. Returns whether there is one.
-bool findFormCause(const LocatedWords& file, Signs signs, WordRange range, Fix& fix);
+/// Returns the fix if the cause is in the form of one of the words. It leaves out `line`.
+std::optional<Fix> FixForm(const LocatedWords& file, Signs signs, WordRange range, WordRange line);
 
 /// Returns the rule that a word breaks because of its form.
 const Rule& FormRule(Role role);

@@ -26,7 +26,8 @@ Fix FixEnd(const LocatedWords& file) {
   const std::size_t last = file.size() - 1;
   std::size_t keyword = last;
   while (file.role(keyword) != Role::Statement) --keyword;
-  Fix fix{&rules::endOfFile, last, R"(a "}")", "", {file.size(), file.size()}, {}, keyword};
+  Fix fix{&rules::endOfFile, last, R"(a "}")", "", {file.size(), file.size()}};
+  fix.other = keyword;
   switch (file.role(last)) {
     case Role::Statement:
       fix.text = FindStatement(file.text(last)) == Statement::Include ? "a path" : "a name";
@@ -41,6 +42,7 @@ Fix FixEnd(const LocatedWords& file) {
       break;
     default:
       fix.texts = MissingBraces(file, file.size());
+      fix.mayFollow = MayFollow::AnyFault;
   }
   return fix;
 }

@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "diagnostics/foreign_words.h"
@@ -24,18 +26,17 @@ class List {
 
   [[nodiscard]] bool isEnum() const { return file.role(begin) == Role::ItemName; }
 
-  /// Returns the first line up to this word that opens a block or does not consist of pairs, or an
-  /// empty range.
-  [[nodiscard]] WordRange firstWrongLine(std::size_t last) const {
+  /// Returns the first line up to this word that opens a block or does not consist of pairs.
+  [[nodiscard]] std::optional<WordRange> firstWrongLine(std::size_t last) const {
     std::size_t i = begin;
     while (i <= last && i < file.size() && file.text(i).front() != '}') {
       const std::size_t end = lineEnd(i);
       const bool hasBlock = BlockBegin(file, {i, end}) < end;
       const bool isOdd = (end - i) % 2 == 1;
-      if (hasBlock || (isOdd && !goesOn({i, end}))) return {i, end};
+      if (hasBlock || (isOdd && !goesOn({i, end}))) return WordRange{i, end};
       i = isOdd ? end + 1 : end;
     }
-    return {last, last};
+    return std::nullopt;
   }
 
   /// Returns the words of the list that stand on the line of this one.
@@ -64,23 +65,21 @@ class List {
     return i;
   }
 
-  /// Finds the cause in the number of the words of a line.
-  void explainCount(WordRange line, Fix& fix) const {
-    const auto set = [&](const Rule& rule, std::size_t word) {
-      fix.rule = &rule;
-      fix.word = word;
-      fix.text = file.text(word);
+  /// Returns the fix of a line in which words are missing or too many.
+  [[nodiscard]] Fix fixCount(WordRange line) const {
+    const auto at = [&](const Rule& rule, std::size_t word) {
+      return Fix{&rule, word, file.text(word), {}, line};
     };
     const std::size_t last = line.end - 1;
     const Rule& missing = isEnum() ? rules::missingValue : rules::missingType;
     const Rule& extra = isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
     for (std::size_t i = line.first; i < last; i += 2) {
       if (!IsBeforeColon(file, i + 1) || looksLikeSecondHalf(i + 1)) continue;
-      return set(IsBeforeColon(file, i) ? missing : extra, i);
+      return at(IsBeforeColon(file, i) ? missing : extra, i);
     }
     const bool isName = IsBeforeColon(file, last) || !looksLikeSecondHalf(last);
-    if (isName) return set(missing, last);
-    set(line.first == last ? rules::nameless : extra, last);
+    if (isName) return at(missing, last);
+    return at(line.first == last ? rules::nameless : extra, last);
   }
 
  private:
@@ -128,17 +127,10 @@ class List {
   std::size_t begin;
 };
 
-/// Finds the cause in a type in place of the name. Returns whether there is one.
-bool findTypeAsName(const LocatedWords& file, WordRange line, Fix& fix) {
-  const std::string_view first = file.text(line.first);
-  if (line.end - line.first < 2 || !LooksLikeType(first) || IsBeforeColon(file, line.first)) {
-    return false;
-  }
-  fix.rule = &rules::notAName;
-  fix.word = line.first;
-  fix.text = first;
-  fix.advice = FormAdvice(first, Role::MemberName);
-  return true;
+/// Returns whether a line of members begins with a type.
+bool BeginsWithType(const LocatedWords& file, WordRange line) {
+  return line.end - line.first > 1 && LooksLikeType(file.text(line.first)) &&
+         !IsBeforeColon(file, line.first);
 }
 
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
@@ -202,34 +194,35 @@ std::size_t FirstInMixedLine(const LocatedWords& file, const TypeNames& types,
 }
 
 bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
-  const WordRange line = List(file, types, word).firstWrongLine(word);
-  return line.first < line.end;
+  return List(file, types, word).firstWrongLine(word).has_value();
 }
 
 Fix FixList(const LocatedWords& file, std::size_t word) {
   const TypeNames types = DeclaredTypes(file);
   const List list(file, types, word);
-  const WordRange line = list.firstWrongLine(word);
-  const bool isLine = line.first < line.end;
+  const std::optional<WordRange> line = list.firstWrongLine(word);
   const WordRange pair = {IsSecondHalf(file.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
   const bool isWhole = IsJoinedByColons(file, word) || list.isQualified(list.lineOf(word));
-  const WordRange range = isLine ? line : isWhole ? list.lineOf(word) : pair;
+  const WordRange range = line.value_or(isWhole ? list.lineOf(word) : pair);
 
-  Fix fix{&FormRule(file.role(word)), word, file.text(word), {}, range};
-  if (findCharacterCause(file, range, fix)) return fix;
-  if (BlockBegin(file, line) < line.end) return FixBlock(file, line, list);
+  const auto at = [&](const Rule& rule, std::size_t i) {
+    return Fix{&rule, i, file.text(i), {}, range};
+  };
+  if (const std::optional<Fix> fix = FixCharacters(file, range)) return *fix;
+  if (line.has_value() && BlockBegin(file, *line) < line->end) return FixBlock(file, *line, list);
   if (list.isQualified(range)) {
-    fix.rule = list.isEnum() ? &rules::extraWordOfValue : &rules::extraWordOfType;
-    fix.word = list.qualifierIn(range);
-    fix.text = file.text(fix.word);
+    return at(list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType,
+              list.qualifierIn(range));
+  }
+  if (const std::optional<Fix> fix = FixForm(file, Signs::Assignments, range, range)) return *fix;
+  if (line.has_value() && !list.isEnum() && BeginsWithType(file, *line)) {
+    Fix fix = at(rules::notAName, line->first);
+    fix.advice = FormAdvice(fix.text, Role::MemberName);
     return fix;
   }
-  if (findFormCause(file, Signs::Assignments, range, fix)) return fix;
-  if (isLine && !list.isEnum() && findTypeAsName(file, line, fix)) return fix;
-  if (findFormCause(file, Signs::Forms, range, fix)) return fix;
-  if (isLine) list.explainCount(line, fix);
-  return fix;
+  if (const std::optional<Fix> fix = FixForm(file, Signs::Forms, range, range)) return *fix;
+  return line.has_value() ? list.fixCount(*line) : at(FormRule(file.role(word)), word);
 }
 
 }  // namespace zentho

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "check/cpp_words.h"
@@ -163,7 +164,9 @@ Fix Fault::atStatement() const {
     leaveOutBraces(fix);
     return fix;
   }
-  if (findFormCause(file, Signs::Forms, {word, word + 1}, fix)) return fix;
+  if (std::optional<Fix> form = FixForm(file, Signs::Forms, {word, word + 1}, fix.replaced)) {
+    return *std::move(form);
+  }
   if (std::vector<std::string> declaration = laterDeclaration(); !declaration.empty()) {
     fix.replaced = {word, OpeningBrace(file, word)};
     fix.texts = std::move(declaration);
@@ -215,8 +218,8 @@ Fix Fault::atOpening() const {
     fix.texts = {};
     return fix;
   }
-  fix = {&rules::notAnOpening,         word,        file.text(word),
-         std::string(openingAdvice()), {word, end}, {}};
+  fix = {&rules::notAnOpening, word, file.text(word), std::string(openingAdvice()), {word, end}};
+  fix.mayDeclare = false;
   const std::size_t brace = OpeningBrace(file, word);
   const bool isKeyword = FindKeyword(file.text(name)) != Keyword::None;
   if (brace != noWord && isKeyword && brace > word) {  // As in `enum class E {`.
@@ -247,7 +250,7 @@ Fix Fault::atBrace() const {
     fix.texts = {"}"};
   } else {
     fix.rule = &rules::notAnEnd;
-    fix.mayFollow = file.text(word) == "request";
+    if (file.text(word) == "request") fix.mayFollow = MayFollow::FaultInStatement;
     fix.advice = "a service has one request and one response, in this order";
   }
   return fix;
@@ -271,7 +274,7 @@ Fix Fault::atPart() const {
   } else if (text == "}" || text == "response") {
     fix.replaced = {word, word};
     fix.texts = {part, "{", "}"};
-    fix.mayFollow = text == "}";
+    if (text == "}") fix.mayFollow = MayFollow::FaultInStatement;
     if (text == "}" && isRequest) fix.texts.insert(fix.texts.end(), {"response", "{", "}"});
     if (text == "response") fix.advice = "a service begins with its request";
   } else if (beginsStatement(word)) {
@@ -301,11 +304,11 @@ Fix FixName(const LocatedWords& file, std::size_t word) {
 }  // namespace
 
 Fix FixStatement(const LocatedWords& file, std::size_t word) {
-  Fix fix{};
-  const Role role = file.role(word);
-  if (findCharacterCause(file, {word, LineEnd(file, word)}, fix)) return fix;
+  if (std::optional<Fix> fix = FixCharacters(file, {word, LineEnd(file, word)})) {
+    return *std::move(fix);
+  }
   const Fault fault(file, word);
-  switch (role) {
+  switch (file.role(word)) {
     case Role::Statement:
       return fault.atStatement();
     case Role::Brace:

@@ -56,8 +56,8 @@ void Recovery::run(const CheckWords& check) {
     tell(*fix);
     readInstead(*fix);
   }
-  isComplete = false;
-  findings.clear();
+  recovered.isComplete = false;
+  recovered.findings.clear();
 }
 
 /// If most lines end with CR LF, says so once, and reads their last words without the CR.
@@ -75,7 +75,8 @@ void Recovery::dropCarriageReturns() {
   if (ends.size() * 2 <= lines) return;
   const Place& place = file.places[ends.front()];
   const Spot spot = {{place.lineNumber, place.line, place.code, place.line.size() - 1}, 1};
-  diagnostics.push_back({Severity::Error, spot, Sentence(rules::carriageReturns.sentence, "", "")});
+  recovered.diagnostics.push_back(
+      {Severity::Error, spot, Sentence(rules::carriageReturns.sentence, "", "")});
   for (const std::size_t i : ends) file.words.texts[i].remove_suffix(1);
   std::vector<Place> places;
   for (std::size_t i = 0; i < file.size(); ++i) {
@@ -106,7 +107,7 @@ std::optional<Fix> Recovery::nextFix(const CheckWords& check) {
   if (fault < count) return fixOfWord(fault);
   if (isAtEnd) return fixOfEnd();
   if (error.has_value()) return fixOfWord(fault);
-  findings = check(file.words, leftOut);
+  recovered.findings = check(file.words, recovered.leftOut);
   return fixOfFindings();
 }
 
@@ -115,11 +116,12 @@ Fix Recovery::fixOfWord(std::size_t word) const {
                                  error->kind == ParseError::Kind::SecondNamespace &&
                                  error->tokensRead - 1 == word;
   if (isSecondNamespace) {
-    const auto first =
-        std::find(file.words.roles.begin(), file.words.roles.end(), Role::NamespacePath);
-    const auto other = static_cast<std::size_t>(first - file.words.roles.begin());
-    return {
-        &rules::secondNamespace, word, "", "", {word, std::min(word + 2, file.size())}, {}, other};
+    const std::vector<Role>& roles = file.words.roles;
+    const auto first = std::find(roles.begin(), roles.end(), Role::NamespacePath);
+    Fix fix{&rules::secondNamespace, word, "", "", {word, std::min(word + 2, file.size())}};
+    fix.other = static_cast<std::size_t>(first - roles.begin());
+    fix.mayDeclare = false;
+    return fix;
   }
   return IsInList(file.role(word)) ? FixList(file, word) : FixStatement(file, word);
 }
@@ -138,7 +140,7 @@ Fix Recovery::fixOfEnd() const {
 std::optional<Fix> Recovery::fixOfFindings() const {
   const TypeNames types = DeclaredTypes(file);
   std::vector<std::size_t> doubtful;  // The words of lists whose role may be wrong.
-  for (const Finding& finding : findings) {
+  for (const Finding& finding : recovered.findings) {
     if (ShowsWrongRole(finding) && IsInList(file.role(finding.word))) {
       doubtful.push_back(finding.word);
     }
@@ -157,32 +159,45 @@ std::optional<Fix> Recovery::fixOfFindings() const {
   return std::nullopt;
 }
 
-/// Says what is wrong, unless something has been said about that line.
+/// Says what is wrong, unless something has been said about that line, or about its cause.
 void Recovery::tell(const Fix& fix) {
   const Spot spot = SpotOf(file, fix.word);
-  const bool isNew =
-      std::none_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
-        return diagnostic.spot.place.lineNumber == spot.place.lineNumber;
-      });
-  // A missing brace may only follow from what has been left out.
-  const bool isMissingBrace = fix.rule == &rules::endOfFile && fix.text == R"(a "}")";
-  const bool isConsequence = (isMissingBrace && !diagnostics.empty() && !lacksBraces) ||
-                             (fix.mayFollow && hasFaultInStatement(fix.word));
-  if (isNew && !isConsequence) {
-    Diagnostic diagnostic{Severity::Error, spot,
-                          Sentence(fix.rule->sentence, fix.text, fix.advice)};
-    if (fix.other != noWord) {
-      diagnostic.notes.push_back(
-          {{}, SpotOf(file, fix.other), Sentence(fix.rule->note, "", "", file.text(fix.other))});
-    }
-    diagnostics.push_back(std::move(diagnostic));
+  const auto isOfLine = [&](const Diagnostic& diagnostic) {
+    return diagnostic.spot.place.lineNumber == spot.place.lineNumber;
+  };
+  std::vector<Diagnostic>& diagnostics = recovered.diagnostics;
+  if (isConsequence(fix) || std::any_of(diagnostics.begin(), diagnostics.end(), isOfLine)) return;
+  Diagnostic diagnostic{Severity::Error, spot, Sentence(fix.rule->sentence, fix.text, fix.advice)};
+  if (fix.other != noWord) {
+    diagnostic.notes.push_back(
+        {{}, SpotOf(file, fix.other), Sentence(fix.rule->note, "", "", file.text(fix.other))});
   }
+  diagnostics.push_back(std::move(diagnostic));
+}
+
+/// Returns whether what is wrong may only follow from what has been said before.
+bool Recovery::isConsequence(const Fix& fix) const {
+  const std::vector<Diagnostic>& diagnostics = recovered.diagnostics;
+  switch (fix.mayFollow) {
+    case MayFollow::Nothing:
+      return false;
+    case MayFollow::AnyFault:
+      return !diagnostics.empty() && !lacksBraces;
+    case MayFollow::FaultInStatement:
+      break;
+  }
+  std::size_t keyword = fix.word;
+  while (keyword > 0 && file.role(keyword) != Role::Statement) --keyword;
+  const std::size_t first = file.places[keyword].lineNumber;
+  return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
+    return diagnostic.spot.place.lineNumber >= first;
+  });
 }
 
 /// Parses the words once more, with those that the fix reads in place of its range.
 void Recovery::readInstead(const Fix& fix) {
   if (fix.replaced.first < fix.replaced.end) {
-    linesAtFault.push_back(file.places[fix.word].lineNumber);
+    recovered.linesAtFault.push_back(file.places[fix.word].lineNumber);
   }
 
   if (fix.closing != noWord) {
@@ -193,8 +208,7 @@ void Recovery::readInstead(const Fix& fix) {
   for (const std::string& word : fix.texts) read.push_back(texts.emplace_back(word));
   for (std::size_t i = fix.replaced.first; i < fix.replaced.end; ++i) {
     const bool isRead = std::find(read.begin(), read.end(), file.text(i)) != read.end();
-    const bool mayDeclare = fix.rule != &rules::notAnOpening && fix.rule != &rules::secondNamespace;
-    if (!isRead && mayDeclare) leaveOut(file.text(i), read.empty());
+    if (!isRead && fix.mayDeclare) leaveOut(file.text(i), read.empty());
   }
   const std::size_t at = std::min(fix.replaced.first, file.size() - 1);
   std::vector<Place> places;
@@ -211,24 +225,14 @@ void Recovery::readInstead(const Fix& fix) {
   parse();
 }
 
-/// Returns whether a line of the statement that contains the word has been at fault.
-bool Recovery::hasFaultInStatement(std::size_t word) const {
-  std::size_t keyword = word;
-  while (keyword > 0 && file.role(keyword) != Role::Statement) --keyword;
-  const std::size_t first = file.places[keyword].lineNumber;
-  return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
-    return diagnostic.spot.place.lineNumber >= first;
-  });
-}
-
 /// Keeps the names in a word that is not read, which may be declared there.
 void Recovery::leaveOut(std::string_view word, bool isStatement) {
   const Statement keyword = FindStatement(SimilarKeyword(word));
   if (isStatement && (keyword == Statement::Include || keyword == Statement::Namespace)) {
-    leftOut.mayDeclareAnything = true;
+    recovered.leftOut.mayDeclareAnything = true;
   }
   for (std::string_view name = NameIn(word); !name.empty(); name = NameIn(word)) {
-    leftOut.names.insert(name);
+    recovered.leftOut.names.insert(name);
     word.remove_prefix(static_cast<std::size_t>(name.end() - word.begin()));
   }
 }

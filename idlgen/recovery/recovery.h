@@ -17,6 +17,16 @@
 
 namespace zentho {
 
+/// What is read of a file, and what is wrong with it.
+struct Recovered {
+  LocatedWords file;                      ///< What is read in the end.
+  std::vector<Finding> findings;          ///< Of the check, about the words that are read.
+  std::vector<Diagnostic> diagnostics;    ///< One for each line at fault.
+  std::vector<std::size_t> linesAtFault;  ///< Whose words are not all read.
+  LeftOut leftOut;                        ///< The words that are not read.
+  bool isComplete = true;                 ///< Otherwise there are too many faults to read the rest.
+};
+
 /// Reads a file that the parser refuses, or that has words which are not what they mean: takes the
 /// first fault, replaces its line by what was probably meant, and parses the words once more, until
 /// no fault is left. Refers to the text.
@@ -32,15 +42,7 @@ class Recovery {
   /// which finds more.
   void run(const CheckWords& check);
 
-  /// Returns whether there was a line at fault.
-  [[nodiscard]] bool hasFault() const { return !diagnostics.empty(); }
-
-  LocatedWords file;                      ///< What is read in the end.
-  std::vector<Finding> findings;          ///< Of the check, about the words that are read.
-  std::vector<Diagnostic> diagnostics;    ///< One for each line at fault.
-  std::vector<std::size_t> linesAtFault;  ///< Whose words are not all read.
-  LeftOut leftOut;                        ///< The words that are not read.
-  bool isComplete = true;                 ///< Otherwise there are too many faults to read the rest.
+  [[nodiscard]] const Recovered& result() const { return recovered; }
 
  private:
   void dropCarriageReturns();
@@ -51,9 +53,11 @@ class Recovery {
   [[nodiscard]] std::optional<Fix> fixOfFindings() const;
   void tell(const Fix& fix);
   void readInstead(const Fix& fix);
-  [[nodiscard]] bool hasFaultInStatement(std::size_t word) const;
+  [[nodiscard]] bool isConsequence(const Fix& fix) const;
   void leaveOut(std::string_view word, bool isStatement);
 
+  Recovered recovered;
+  LocatedWords& file = recovered.file;
   std::string_view text;
   std::optional<ParseError> error;
   std::size_t faults = 0;

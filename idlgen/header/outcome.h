@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace zentho {
 
@@ -9,6 +10,12 @@ enum class Warnings : std::uint8_t {
   Tell,    ///< Shows them.
   Ignore,  ///< Says nothing, and does not count them among the messages that are shown.
   Fail     ///< Shows them, and fails as after an error.
+};
+
+/// Whether a run succeeds, and what it has to say.
+struct Outcome {
+  bool succeeded;
+  std::string messages;  ///< Lines for standard error. There may be warnings after success.
 };
 
 }  // namespace zentho

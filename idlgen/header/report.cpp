@@ -1,4 +1,4 @@
-#include "diagnostics/report.h"
+#include "header/report.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -55,13 +55,14 @@ bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
 /// Chooses the diagnostics that are shown.
 class Selection {
  public:
-  Selection(std::string_view fileText, const Recovery& fileRecovery, OtherFiles& otherFiles)
-      : text(fileText),
-        recovery(fileRecovery),
-        others(otherFiles),
-        diagnostics(fileRecovery.diagnostics) {
+  Selection(Examination& fileExamination, std::size_t fileIndex, const Recovered& fileRecovered,
+            Warnings warnings)
+      : examination(fileExamination),
+        index(fileIndex),
+        recovered(fileRecovered),
+        diagnostics(fileRecovered.diagnostics) {
     addFindings(Severity::Error);
-    addFindings(Severity::Warning);
+    if (warnings != Warnings::Ignore) addFindings(Severity::Warning);
     std::stable_sort(diagnostics.begin(), diagnostics.end(), IsBefore);
   }
 
@@ -70,7 +71,7 @@ class Selection {
 
  private:
   void addFindings(Severity severity) {
-    for (const Finding& finding : recovery.findings) {
+    for (const Finding& finding : recovered.findings) {
       if (finding.rule->severity != severity || isInLineAtFault(finding)) continue;
       if (diagnostics.size() < mostMessages) {
         add(finding);
@@ -82,14 +83,14 @@ class Selection {
 
   /// Returns whether the line of the finding has been reported as a whole.
   [[nodiscard]] bool isInLineAtFault(const Finding& finding) const {
-    const std::size_t line = recovery.file.places[finding.word].lineNumber;
-    const std::vector<std::size_t>& lines = recovery.linesAtFault;
+    const std::size_t line = recovered.file.places[finding.word].lineNumber;
+    const std::vector<std::size_t>& lines = recovered.linesAtFault;
     return std::find(lines.begin(), lines.end(), line) != lines.end();
   }
 
   /// Adds the diagnostic of a finding, unless it repeats another one.
   void add(const Finding& finding) {
-    const LocatedWords& file = recovery.file;
+    const LocatedWords& file = recovered.file;
     const std::string advice = adviceFor(finding);
     Diagnostic diagnostic{finding.rule->severity, SpotOf(file, finding.word), {}};
     if (isRepeated(finding, advice) || isConsequence(finding, advice)) return;
@@ -97,13 +98,13 @@ class Selection {
     for (const WordInFile& other : {finding.other, finding.another}) {
       if (other.word == noWord) continue;
       const bool isHere = other.file == nothing;
-      const LocatedWords& otherWords = isHere ? file : others.words(other.file);
+      const LocatedWords& otherWords = isHere ? file : examination.locatedWords(other.file);
       record = RecordName(otherWords.words, other.word);
-      diagnostic.notes.push_back({isHere ? std::string() : others.path(other.file),
+      diagnostic.notes.push_back({isHere ? std::string() : examination.file(other.file).path,
                                   SpotOf(otherWords, other.word), std::string(finding.rule->note)});
     }
     if (finding.rule == &rules::notDeclared && !std::exchange(isIncludeNoted, true)) {
-      for (const Spot& spot : CommentedInclude(text)) {
+      for (const Spot& spot : CommentedInclude(examination.file(index).text)) {
         diagnostic.notes.push_back(
             {{}, spot, R"(this is a comment: write include "...", without "#")"});
       }
@@ -116,9 +117,10 @@ class Selection {
     std::string advice;
     const bool isUnknown = finding.rule->hint == Hint::SimilarType;
     const bool isPath = finding.text.find('.') != std::string_view::npos;
-    if (isUnknown && isPath) advice = others.typeAdvice(finding.text);
-    if (advice.empty()) advice = AdviceFor(finding, recovery.file);
-    return advice.empty() && isUnknown && !isPath ? others.typeAdvice(finding.text) : advice;
+    if (isUnknown && isPath) advice = examination.typeAdvice(index, finding.text);
+    if (advice.empty()) advice = AdviceFor(finding, recovered.file);
+    return advice.empty() && isUnknown && !isPath ? examination.typeAdvice(index, finding.text)
+                                                  : advice;
   }
 
   /// Returns whether the form of a word is at fault, and not only what it refers to.
@@ -135,7 +137,7 @@ class Selection {
   bool isRepeated(const Finding& finding, const std::string& advice) {
     const std::string general = advice.substr(0, advice.find(", as in"));
     if (!IsAboutForm(finding, advice) || general.empty()) return false;
-    const std::size_t line = recovery.file.places[finding.word].lineNumber;
+    const std::size_t line = recovered.file.places[finding.word].lineNumber;
     return !given.insert({line, general}).second;
   }
 
@@ -146,14 +148,14 @@ class Selection {
     if (!isForm && finding.rule != &rules::notDeclared) return false;
     const bool follows = lastForm != noWord && finding.word > lastForm &&
                          finding.word <= lastForm + (isForm ? 2 : 1) &&
-                         AreOnOneLine(recovery.file, lastForm, finding.word);
+                         AreOnOneLine(recovered.file, lastForm, finding.word);
     if (isForm) lastForm = finding.word;
     return follows;
   }
 
-  std::string_view text;
-  const Recovery& recovery;
-  OtherFiles& others;
+  Examination& examination;
+  std::size_t index;  ///< Of the file.
+  const Recovered& recovered;
   std::vector<Diagnostic> diagnostics;
   std::set<std::pair<std::size_t, std::string>> given;  ///< Advice about lines.
   std::size_t lastForm = noWord;  ///< The word of the last finding about a form.
@@ -166,18 +168,34 @@ std::string MoreMessages(std::size_t count) {
   return std::to_string(count) + " more message" + (count == 1 ? "" : "s");
 }
 
+/// Returns whether a run fails because of what is wrong.
+bool HasError(const Recovered& recovered, Warnings warnings) {
+  return !recovered.diagnostics.empty() ||
+         std::any_of(
+             recovered.findings.begin(), recovered.findings.end(), [&](const Finding& finding) {
+               return warnings == Warnings::Fail || finding.rule->severity == Severity::Error;
+             });
+}
+
 }  // namespace
 
-std::string Report(const std::string& path, std::string_view text, const Recovery& recovery,
-                   OtherFiles& others) {
-  const Selection selection(text, recovery, others);
-  std::string lines;
-  for (const Diagnostic& diagnostic : selection.shown()) lines += Lines(path, diagnostic);
-  if (selection.leftOut() > 0) {
-    lines += Printable(path) + ": " + MoreMessages(selection.leftOut()) + " not shown\n";
+Outcome reportOn(Examination& examination, std::size_t file, Warnings warnings) {
+  const Recovered* const recovered = examination.examine(file);
+  if (recovered == nullptr) return {true, {}};
+  const Selection selection(examination, file, *recovered, warnings);
+  const SourceFile& source = examination.file(file);
+  Outcome outcome{!source.error.has_value() && !HasError(*recovered, warnings), {}};
+  for (const Diagnostic& diagnostic : selection.shown()) {
+    outcome.messages += Lines(source.path, diagnostic);
   }
-  if (!recovery.isComplete) lines += Printable(path) + ": the rest is not checked\n";
-  return lines;
+  if (selection.leftOut() > 0) {
+    outcome.messages +=
+        Printable(source.path) + ": " + MoreMessages(selection.leftOut()) + " not shown\n";
+  }
+  if (!recovered->isComplete) {
+    outcome.messages += Printable(source.path) + ": the rest is not checked\n";
+  }
+  return outcome;
 }
 
 }  // namespace zentho
