@@ -128,6 +128,7 @@ function(_idlgen_locate file bases idl_variable name_variable base_variable)
     cmake_path(IS_PREFIX base "${idl}" NORMALIZE inside)
     if(inside)
       cmake_path(RELATIVE_PATH idl BASE_DIRECTORY "${base}" OUTPUT_VARIABLE name)
+      set(${base_variable} "${base}" PARENT_SCOPE)
       break()
     endif()
   endforeach()
@@ -144,7 +145,6 @@ function(_idlgen_locate file bases idl_variable name_variable base_variable)
   cmake_path(REPLACE_EXTENSION name LAST_ONLY .h)
   set(${idl_variable} "${idl}" PARENT_SCOPE)
   set(${name_variable} "${name}" PARENT_SCOPE)
-  set(${base_variable} "${base}" PARENT_SCOPE)
 endfunction()
 
 # Checks that the headers have different names, and that none is a directory of another one.
@@ -253,10 +253,18 @@ function(_idlgen_add_check target idls search directory depends)
   if(_idlgen_WERROR)
     set(werror --werror)
   endif()
+  # CMake keeps what a depfile once named for make, which then repeats a command for ever if such a
+  # file is gone. Without its list CMake reads the depfile alone.
+  set(forget "")
+  if(CMAKE_GENERATOR MATCHES "Makefiles")
+    set(list "${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${target}_check.dir/compiler_depend.internal")
+    set(forget COMMAND "${CMAKE_COMMAND}" -E rm -f "${list}")
+  endif()
   add_custom_command(
     OUTPUT "${check}/stamp"
     COMMAND idlgen::idlgen-header --check ${werror}
             --stamp "${check}/stamp" --depfile "${check}/stamp.d" "@${check}/arguments"
+    ${forget}
     DEPENDS ${idls} "${check}/arguments" ${depends}
     DEPFILE "${check}/stamp.d"
     COMMENT "Checking the IDL files of ${target}"
