@@ -35,7 +35,6 @@ file(WRITE ${app}/robot.idl "${idl}\n")
 file(COPY ${IDLGEN_SOURCE_DIR}/examples/robot/common/geometry.idl DESTINATION ${app}/common)
 file(WRITE ${app}/CMakeLists.txt "cmake_minimum_required(VERSION 3.23)
 project(app LANGUAGES CXX)\nset(CMAKE_CXX_STANDARD 17)\nadd_executable(app main.cpp)\n${cmake}")
-file(WRITE ${app}/Makefile "${make}")
 file(WRITE ${app}/meson.build "project('app', 'cpp', default_options: 'cpp_std=c++17')\n${meson}")
 
 # try(<directory> <command>...): the command builds app in the directory, and reports a mistake.
@@ -53,7 +52,12 @@ run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G Ninja -S ${app} -B ${scratch}/ninja
                      -D CMAKE_PREFIX_PATH=${PREFIX} -D ZENTHO=${FRAMEWORK_DIR})
 try(${scratch}/ninja ${CMAKE_COMMAND} --build ${scratch}/ninja)
 if(NOT SCRATCH MATCHES " ")
-  try(${app}/build make -C ${app} -j2 CPPFLAGS=-I${FRAMEWORK_DIR})
+  foreach(object build/main.o build/src/main.o)  # As it is, and with the sources in a directory.
+    string(REPLACE build/main.o ${object} makefile "${make}")
+    file(WRITE ${app}/Makefile "${makefile}")
+    file(REMOVE_RECURSE ${app}/build)
+    try(${app}/build make -C ${app} -j2 CPPFLAGS=-I${FRAMEWORK_DIR})
+  endforeach()
 endif()
 find_program(meson_program meson)
 if(meson_program)
