@@ -179,8 +179,8 @@ void FilesCheck::appendMisfits(std::size_t file, std::vector<Finding>& findings)
   }
 }
 
-bool FilesCheck::doesInclude(std::size_t file, std::size_t other) const {
-  return closure(file).count(other) > 0;
+bool FilesCheck::doesInclude(std::size_t includer, std::size_t included) const {
+  return closure(includer).count(included) > 0;
 }
 
 std::vector<Finding> CheckAlone(const Words& words, const LeftOut& leftOut) {

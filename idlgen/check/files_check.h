@@ -40,7 +40,7 @@ class FilesCheck {
   [[nodiscard]] const Declarations& allDeclarations() const { return declarations; }
 
   /// Returns whether a file includes another one, also indirectly.
-  [[nodiscard]] bool doesInclude(std::size_t file, std::size_t other) const;
+  [[nodiscard]] bool doesInclude(std::size_t includer, std::size_t included) const;
 
   /// Returns what looks up names in the header of a file, and what the file sees. Both may be used
   /// until the next call.
