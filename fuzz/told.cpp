@@ -13,7 +13,7 @@ namespace {
 
 /// The first line of a message: its place and kind; path, line, column and the kind alone.
 const std::regex head("(([^:]+):([1-9][0-9]*):([1-9][0-9]*): (error|warning|note)): .+");
-const std::regex end("[^:]+: ([1-9][0-9]* more messages? not shown|the rest is not checked)");
+const std::regex end("[^:]+: (more messages are not shown|the rest is not checked)");
 
 void checkPlace(const Files& files, const std::smatch& message) {
   const auto file = files.find(std::filesystem::path(message.str(2)).lexically_normal().string());

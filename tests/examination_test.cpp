@@ -1,5 +1,7 @@
 #include "header/examination.h"
 
+#include <ctime>
+
 #include "header/report.h"
 #include "sources/memory_tree.h"
 #include "support.h"
@@ -103,6 +105,35 @@ TEST(Examination, TellsEachFileItsOwnMistakesInTheGivenOrder) {
   EXPECT_EQ(Told(files, {"c.idl"}), ofC + "failed\n");
 }
 
+TEST(Examination, LooksAtWhatIsReadOfFilesThatHaveBeenExamined) {
+  const Files items = {{"a.idl", "include \"b.idl\"\nenum F { X: B Y: A }"},
+                       {"b.idl", "enum E {\n A: 0 1\n B: 2 3\n}"}};
+  EXPECT_EQ(Told(items, {"b.idl", "a.idl"}), Told(items, {"b.idl"}));
+
+  const Files tooMany = {
+      {"a.idl", "include \"b.idl\"\nmessage P { }\nmessage Q { }\nmessage R { }"},
+      {"b.idl", "message P {\n 1: required int32 x\n}\nmessage M {\n" +
+                    Repeated(30, "a%: int8 3\n") + "}\nmessage Q { }\nmessage R { }\n"}};
+  const std::string told = Told(tooMany, {"b.idl", "a.idl"});
+  EXPECT_EQ(told.substr(told.find("a.idl:")), R"(a.idl:2:9: error: "P" is already declared
+    2 | message P { }
+      |         ^
+b.idl:1:9: note: declared here
+    1 | message P {
+      |         ^
+failed
+)");
+}
+
+TEST(Examination, SuggestsNoIncludeThatCannotBeWritten) {
+  const Files files = {{"a.idl", "message M { x: Pose }"}, {"geo,old.idl", "message Pose { }"}};
+  EXPECT_EQ(Told(files, {"a.idl", "geo,old.idl"}), R"(a.idl:1:16: error: "Pose" is not declared
+    1 | message M { x: Pose }
+      |                ^~~~
+failed
+)");
+}
+
 TEST(Examination, GivesTheSameAdviceOnceALine) {
   const Files files = {{"a.idl", "message M {\n x: int8; y: int8; z: int8]\n w: int8; }"}};
   EXPECT_EQ(Told(files, {"a.idl"}), R"(a.idl:2:5: error: "int8;" is not a type: delete the ";"
@@ -114,6 +145,18 @@ a.idl:2:23: error: "int8]" is not a type: count the brackets
 a.idl:3:5: error: "int8;" is not a type: delete the ";"
     3 |  w: int8; }
       |     ^~~~~
+failed
+)");
+}
+
+TEST(Examination, TellsPairsOfALineApart) {
+  const Files files = {{"a.idl", "message M { x: int8; y: int8] }"}};
+  EXPECT_EQ(Told(files, {"a.idl"}), R"(a.idl:1:16: error: "int8;" is not a type: delete the ";"
+    1 | message M { x: int8; y: int8] }
+      |                ^~~~~
+a.idl:1:25: error: "int8]" is not a type: count the brackets
+    1 | message M { x: int8; y: int8] }
+      |                         ^~~~~
 failed
 )");
 }
@@ -192,9 +235,7 @@ INSTANTIATE_TEST_SUITE_P(Examination, WarningsOfARun, testing::ValuesIn(warnings
                          RowName<WarningsRow>);
 
 TEST(Examination, ShowsNoErrorLessForWarningsThatAreIgnored) {
-  std::string idl = "message M {\n";
-  for (int i = 0; i < 21; ++i) idl += "_A" + std::to_string(i) + ": string\n";
-  idl += "x: Missing }";
+  const std::string idl = "message M {\n" + Repeated(21, "_A%: string\n") + "x: Missing }";
   EXPECT_EQ(Told({{"a.idl", idl}}, {"a.idl"}, Warnings::Ignore),
             R"(a.idl:23:4: error: "Missing" is not declared
    23 | x: Missing }
@@ -202,6 +243,42 @@ TEST(Examination, ShowsNoErrorLessForWarningsThatAreIgnored) {
 failed
 )");
 }
+
+struct ShapeRow {
+  const char* name;
+  std::string begin;
+  std::string repeated;
+  std::string end;
+};
+using TimesOfExamination = testing::TestWithParam<ShapeRow>;
+
+TEST_P(TimesOfExamination, GrowWithTheFile) {
+  const auto ticksFor = [](int count) {
+    const auto& [name, begin, repeated, end] = GetParam();
+    const std::string idl = begin + Repeated(count, repeated) + end;
+    const std::clock_t start = std::clock();
+    EXPECT_NE(Told({{"a.idl", idl}}, {"a.idl"}), "");
+    return std::clock() - start;
+  };
+  // Of the processor, so that other processes make no difference. Quadratic time grows by 256.
+  EXPECT_LT(ticksFor(12800), 64 * ticksFor(800));
+}
+
+const std::vector<ShapeRow> shapes = {
+    {"OneList", "message M {\n", "x%: int8\n", "y = int8\n}"},
+    {"FaultBeforeAList", "message M {\ny = int8\n", "x%: int8\n", "}"},
+    {"OneLine", "message M { ", "x%: int8 ", "y }"},
+    {"WrongLines", "message M {\n", "x = int8\n", "}"},
+    {"Messages", "", "message M% { x: int8 }\n", "}"},
+    {"OpenMessages", "", "message M% {\n", ""},
+    {"Braces", "", "{", ""},
+    {"Comment", "message M {\n/* x y\n", "z%: int8\n", "}"},
+    {"Colons", "message M { x: int8 y }\n", ":::::", ""},
+    {"TypesOfTheLibrary", "message M {\n", "x%: time_t\n", "}"},
+    {"Items", "enum E { A: 0\n", "x%: A\n", "y: y }"},
+    {"UnknownTypes", "message M { ", "M x% ", "}"}};
+INSTANTIATE_TEST_SUITE_P(Examination, TimesOfExamination, testing::ValuesIn(shapes),
+                         RowName<ShapeRow>);
 
 }  // namespace
 }  // namespace zentho

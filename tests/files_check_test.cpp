@@ -40,7 +40,8 @@ class CheckedFiles {
 
   void replace(std::size_t file, const std::string& text) {
     current[file] = &parsed(text);
-    check.replace(file, *current[file], nothingLeftOut, Inclusions(*current[file]));
+    check.replace(file, *current[file], nothingLeftOut, Openness::Closed,
+                  Inclusions(*current[file]));
   }
 
   /// Returns a line for each finding about a file, such as `"P" is already declared (P in 1)`.

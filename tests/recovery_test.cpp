@@ -1,7 +1,6 @@
 #include "recovery/recovery.h"
 
 #include <algorithm>
-#include <ctime>
 
 #include "check/files_check.h"
 #include "sources/source_file.h"
@@ -267,17 +266,6 @@ const std::vector<RecoveryRow> endRows = {
 };
 INSTANTIATE_TEST_SUITE_P(OfEnds, Recoveries, testing::ValuesIn(endRows), RowName<RecoveryRow>);
 
-/// Returns a text several times, with a number in place of its "%".
-std::string Repeated(int count, const std::string& text) {
-  const std::size_t place = std::min(text.find('%'), text.size());
-  const std::string rest = place < text.size() ? text.substr(place + 1) : "";
-  std::string result;
-  for (int i = 0; i < count; ++i) {
-    result += text.substr(0, place) + (place < text.size() ? std::to_string(i) : "") + rest;
-  }
-  return result;
-}
-
 TEST(Recovery, EndsAfter20Faults) {
   const Reading all = Read("message M {\n" + Repeated(20, "a = b\n") + "x: int8 }");
   EXPECT_TRUE(all.isComplete);
@@ -303,37 +291,6 @@ TEST(Recovery, KeepsTheNamesThatItLeavesOut) {
   EXPECT_FALSE(recovered.leftOut.mayDeclareAnything);
   EXPECT_EQ(recovered.linesAtFault, std::vector<std::size_t>{2});
 }
-
-struct ShapeRow {
-  const char* name;
-  std::string begin;
-  std::string repeated;
-  std::string end;
-};
-using TimesOfRecovery = testing::TestWithParam<ShapeRow>;
-
-TEST_P(TimesOfRecovery, GrowWithTheFile) {
-  const auto secondsFor = [](int count) {
-    const auto& [name, begin, repeated, end] = GetParam();
-    const std::string idl = begin + Repeated(count, repeated) + end;
-    const std::clock_t start = std::clock();
-    EXPECT_NE(Read(idl).said, "");
-    return std::clock() - start;
-  };
-  // Of the processor, so that other processes make no difference. Quadratic time grows by 256.
-  EXPECT_LT(secondsFor(12800), 64 * secondsFor(800));
-}
-
-const std::vector<ShapeRow> shapes = {
-    {"OneList", "message M {\n", "x%: int8\n", "y = int8\n}"},
-    {"FaultBeforeAList", "message M {\ny = int8\n", "x%: int8\n", "}"},
-    {"OneLine", "message M { ", "x%: int8 ", "y }"},
-    {"WrongLines", "message M {\n", "x = int8\n", "}"},
-    {"Messages", "", "message M% { x: int8 }\n", "}"},
-    {"OpenMessages", "", "message M% {\n", ""},
-    {"Braces", "", "{", ""},
-    {"Comment", "message M {\n/* x y\n", "z%: int8\n", "}"}};
-INSTANTIATE_TEST_SUITE_P(Recovery, TimesOfRecovery, testing::ValuesIn(shapes), RowName<ShapeRow>);
 
 }  // namespace
 }  // namespace zentho

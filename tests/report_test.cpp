@@ -10,12 +10,6 @@
 namespace zentho {
 namespace {
 
-std::string Repeated(int count, const std::string& text) {
-  std::string result;
-  for (int i = 0; i < count; ++i) result += text;
-  return result;
-}
-
 struct ExcerptRow {
   const char* name;
   std::string idl;
@@ -143,22 +137,28 @@ TEST(Report, HasAtMost20Messages) {
   const Shown some = Count(Mistakes(12) + "}");
   EXPECT_EQ(some.errors, 12);
   EXPECT_EQ(some.warnings, 8);
-  EXPECT_EQ(some.lastLine, "a.idl: 4 more messages not shown");
+  EXPECT_EQ(some.lastLine, "a.idl: more messages are not shown");
 
   const Shown errors = Count(Mistakes(21) + "}");
   EXPECT_EQ(errors.errors, 20);
   EXPECT_EQ(errors.warnings, 0);
-  EXPECT_EQ(errors.lastLine, "a.idl: 22 more messages not shown");
+  EXPECT_EQ(errors.lastLine, "a.idl: more messages are not shown");
 
   const Shown incomplete = Count(Mistakes(20));  // The end of the file is the 21st.
   EXPECT_EQ(incomplete.errors, 20);
-  EXPECT_EQ(incomplete.lastLine, "a.idl: 21 more messages not shown");
+  EXPECT_EQ(incomplete.lastLine, "a.idl: more messages are not shown");
+}
+
+TEST(Report, CountsNoMessageThatWouldRepeatAnother) {
+  const std::string idl = "message M {\n" + Repeated(19, "a%: T\n") + "x: int8; y: int8; z: int8; ";
+  EXPECT_EQ(Count(idl + "}").lastLine, "      |    ^~~~~");
+  EXPECT_EQ(Count(idl + "w: Missing }").lastLine, "a.idl: more messages are not shown");
 }
 
 TEST(Report, EndsAfter20LinesThatCannotBeRead) {
   const Shown all = Count(Repeated(20, "?\n") + "message M { x: Y }");
   EXPECT_EQ(all.errors, 20);
-  EXPECT_EQ(all.lastLine, "a.idl: 1 more message not shown");
+  EXPECT_EQ(all.lastLine, "a.idl: more messages are not shown");
   const Shown some = Count(Repeated(21, "?\n") + "message M { x: Y }");
   EXPECT_EQ(some.errors, 20);
   EXPECT_EQ(some.lastLine, "a.idl: the rest is not checked");

@@ -87,6 +87,17 @@ std::string RowName(const testing::TestParamInfo<Row>& test) {
   return test.param.name;
 }
 
+/// Returns a text several times, with a number in place of its "%".
+inline std::string Repeated(int count, const std::string& text) {
+  const std::size_t place = std::min(text.find('%'), text.size());
+  const std::string rest = place < text.size() ? text.substr(place + 1) : "";
+  std::string result;
+  for (int i = 0; i < count; ++i) {
+    result += text.substr(0, place) + (place < text.size() ? std::to_string(i) : "") + rest;
+  }
+  return result;
+}
+
 /// Returns what the action writes to standard output.
 template <typename Action>
 std::string Printed(const Action& action) {

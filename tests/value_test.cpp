@@ -110,7 +110,8 @@ TEST(Value, IsAnErrorOnlyWithTheCompiler) {
 
 TEST(Value, CannotEndOrHideWhatFollows) {
   std::vector<std::string> words = Words(
-      "1; 1;x=2 1,2 1,D=7 1=2 A=1 A+=1 A<<=1 1} 1{ f(1;2) f(}) f(\"a\") f(A=1) f(A++) \"a\" "
+      "1; 1;x=2 1,2 1,D=7 1=2 A=1 A+=1 A<<=1 1} 1{ f<int,1>(2) f(1;2) f(}) f(\"a\") f(A=1) f(A++) "
+      "\"a\" "
       "sizeof\"a\" 1\\ \\u0041 f(\\u0041) 1//2 1/*2*/ f(/*) <%1 1%> f(<%) 1?2 f(1?2) f(#) @1 `1` ( "
       "(1 1) )( (1)) f( f(1)) f((1) f(1,2),3 static_cast<int(1) ' 'a '\\' 'a\\' 1'a;' 1';' "
       "1'|';x;' 1.'|';x;' 1.$'a|';x;' '?\?/' 'a'x';' f('a) R'(' \x01 1\x7f '\x01' '\x7f' "
@@ -125,7 +126,8 @@ TEST(Value, IsCopiedUncheckedIfItIsRareCpp) {
            "static_cast<int>(1) static_cast<decltype(1>2)>(1) const_cast<A<B<1>>>(1) alignof(int) "
            "noexcept(f(1)) decltype(A)(1) (decltype(A))1 (int*)0 !(void*)0 sizeof(int*) "
            "sizeof(Message*) int() f() f(int) f(1,2) f(1)(2) f(a.b) (A,1) int((1,2)) int(1.5) "
-           "1.5<2 !1.5 (bool)nullptr float(1)==1 char8_t(1) (char8_t)1 UNKNOWN|f(1,2)|'é'")) {
+           "1.5<2 !1.5 (bool)nullptr float(1)==1 char8_t(1) (char8_t)1 UNKNOWN|f(1,2)|'é' "
+           "f<int>(1,2) 1+f<(int(1),2)>(A) f<g<int>>(1)(2)")) {
     EXPECT_EQ(Told(word), Unchecked(word));
   }
   const std::string deep = std::string(257, '(') + "1" + std::string(257, ')');
@@ -143,8 +145,11 @@ TEST(Value, ConsistsOfItemsAbove) {
     EXPECT_EQ(Told(word, KindWithInclude), "") << word;
   }
   EXPECT_EQ(Told("(C)"), "\"C\"" + isNotAbove);
-  EXPECT_EQ(Told("Mode|E"), "\"Mode\"" + isNotAbove + "\n\"E\"" + isNotAbove);
+  EXPECT_EQ(Told("1|E"), "\"E\"" + isNotAbove);
   EXPECT_EQ(Told("concept"), "\"concept\"" + isNotAbove);
+  for (const char* word : {"Mode", "-Mode", "(1)+Mode", "E|Mode"}) {
+    EXPECT_EQ(Told(word), "\"Mode\" is a type, not an item") << word;
+  }
 }
 
 TEST(Value, CannotUseTypesThatComeLater) {
@@ -203,9 +208,9 @@ TEST(Value, GetsAdvice) {
   for (const auto& [word, text, advice] : rows) {
     EXPECT_EQ(Told(word), '"' + text + "\" is not a value: " + advice);
   }
-  const std::string longName(41, 'a');
-  EXPECT_EQ(Told("E." + longName), "\"E." + longName + "\" is not a value");
-  EXPECT_EQ(Told("E.A\u200d"), "\"E.A\u200d\" is not a value");
+  EXPECT_EQ(Told("E.C"), "\"E.C\" is not a value");  // No item.
+  const std::string longNumber(39, '0');
+  EXPECT_EQ(Told("0_" + longNumber), "\"0_" + longNumber + "\" is not a value");
 }
 
 }  // namespace

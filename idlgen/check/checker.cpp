@@ -12,16 +12,18 @@
 namespace zentho {
 namespace {
 
-/// Returns whether a member, or an element of one, has a built-in type for which this holds.
-template <typename Predicate>
-bool HasMember(const Words& words, const Predicate& holds) {
+/// Returns which headers the members, or the elements of one, need.
+LibraryHeaders HeadersOf(const Words& words) {
+  LibraryHeaders headers;
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words.roles[i] != Role::MemberType) continue;
     const std::optional<std::string_view> element = ElementType(words.texts[i]);
     const BuiltinType* const type = element.has_value() ? FindBuiltinType(*element) : nullptr;
-    if (type != nullptr && holds(*type)) return true;
+    if (type == nullptr) continue;
+    if (type->isInteger) headers.cstdint = true;
+    if (type->keyword == "string") headers.string = true;
   }
-  return false;
+  return headers;
 }
 
 }  // namespace
@@ -33,6 +35,7 @@ void Checker::checkWord(std::size_t i) {
     case Role::NamespacePath:
       return checkNamespace(i);
     case Role::EnumName:
+      enumName = i;
       return checkRecordName(i);
     case Role::MessageName:
     case Role::ServiceName:
@@ -192,13 +195,15 @@ void Checker::checkIsNew(std::size_t i) {
 void Checker::checkValue(std::size_t i) {
   if (IsPunctuation(words[i - 1].text)) return;  // The name has been reported.
   const auto kindOf = [this, i](std::string_view name) { return kindInValue(name, i); };
-  for (ValueFault& fault : CheckValue(words[i].text, kindOf, hasIntegerMember())) {
+  for (ValueFault& fault : CheckValue(words[i].text, kindOf, libraryHeaders().cstdint)) {
+    // An item of another file may have the name of an enum.
+    if (fault.rule == &rules::typeAsItem && lookup.mayBeElsewhere(fault.text)) continue;
     findings.push_back({fault.rule, i, fault.text, {}, {}, std::move(fault.advice)});
   }
 }
 
 NameKind Checker::kindInValue(std::string_view name, std::size_t value) const {
-  const Found found = lookup.findInValue(name, value);
+  const Found found = lookup.findInValue(name, value, enumName);
   switch (found.result) {
     case Result::Item:
       return NameKind::Item;
@@ -214,18 +219,14 @@ NameKind Checker::kindInValue(std::string_view name, std::size_t value) const {
   }
 }
 
-bool Checker::hasIntegerMember() const {
-  if (!integerMember.has_value()) {
-    integerMember = HasMember(words, [](const BuiltinType& type) { return type.isInteger; });
-  }
-  return *integerMember;
+const LibraryHeaders& Checker::libraryHeaders() const {
+  if (!headers.has_value()) headers = HeadersOf(words);
+  return *headers;
 }
 
 bool Checker::isLibraryType(std::string_view type) const {
-  const auto hasInclude = [](const BuiltinType& builtin) {
-    return builtin.isInteger || builtin.keyword == "string";
-  };
-  return IsCppType(type) || (IsCLibraryType(type) && HasMember(words, hasInclude));
+  const auto hasCLibrary = [this] { return libraryHeaders().cstdint || libraryHeaders().string; };
+  return IsCppType(type) || (IsCLibraryType(type) && hasCLibrary());
 }
 
 }  // namespace zentho

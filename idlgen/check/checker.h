@@ -31,6 +31,12 @@ enum class TypeWord : std::uint8_t {
   Wrong     ///< It has been reported.
 };
 
+/// The headers of the library that built-in types need.
+struct LibraryHeaders {
+  bool cstdint = false;
+  bool string = false;
+};
+
 /// One pass over the words of a file, which looks at each of them.
 class Checker {
  public:
@@ -83,8 +89,8 @@ class Checker {
     return std::any_of(words.roles.begin(), words.roles.end(), isRecord);
   }
 
-  /// Returns whether a member or an element is an integer, so that the header includes <cstdint>.
-  [[nodiscard]] bool hasIntegerMember() const;
+  /// Returns what the header includes.
+  [[nodiscard]] const LibraryHeaders& libraryHeaders() const;
 
   /// Returns whether C++ knows the type, as far as the includes of the header show.
   [[nodiscard]] bool isLibraryType(std::string_view type) const;
@@ -115,11 +121,12 @@ class Checker {
   const Words& words;
   Lookup lookup;
   Scope scope;
+  std::size_t enumName = 0;  ///< The word of the last one.
   std::size_t listBegin = 0;
   bool hasMemberName = false;  ///< Whether the last name of a member may be one.
   bool isLibraryChecked = false;
-  mutable std::optional<bool> integerMember;
-  std::size_t requestWord = 0;  ///< Of the service.
+  mutable std::optional<LibraryHeaders> headers;  ///< Made when needed: it takes a whole pass.
+  std::size_t requestWord = 0;                    ///< Of the service.
   /// The uses in earlier lists stay, which is faster than to remove them.
   std::unordered_map<std::string_view, Uses> uses;
 };

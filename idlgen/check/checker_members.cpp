@@ -80,7 +80,7 @@ TypeWord Checker::checkTemplate(std::size_t i, std::string_view type) {
     const Keyword keyword = FindKeyword(name);
     if (keyword != Keyword::None && keyword != Keyword::Type && keyword != Keyword::Cpp20) {
       reportPart(rules::keywordAsType, i, name);
-    } else if (FindBuiltinType(name) != nullptr && type.substr(0, name.size()) == name) {
+    } else if (FindBuiltinType(name) != nullptr && name.data() == type.data()) {
       report(rules::notAType, i);  // It has no arguments.
     } else if (FindBuiltinType(name) != nullptr && !lookup.mayBeElsewhere(name)) {
       reportPart(rules::builtinInTemplate, i, name);

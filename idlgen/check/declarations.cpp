@@ -64,7 +64,9 @@ std::vector<Clash> Declarations::clashes() const {
 bool Declarations::hasItem(std::string_view name) const {
   for (std::size_t space = 0; space < spaces.size(); ++space) {
     std::size_t i = firstIn(space, name);
-    while (i != nothing && !declarations[i].isItem()) i = declarations[i].next;
+    while (i != nothing && !(declarations[i].isItem() && declarations[i].file != nothing)) {
+      i = declarations[i].next;
+    }
     if (i != nothing) return true;
   }
   return false;

@@ -91,9 +91,11 @@ void FilesCheck::add(const Words& words, const LeftOut& leftOut, Openness fileOp
 }
 
 void FilesCheck::replace(std::size_t file, const Words& words, const LeftOut& leftOut,
-                         std::vector<Inclusion> inclusions) {
+                         Openness fileOpenness, std::vector<Inclusion> inclusions) {
   declarations.replace(file, words, leftOut);
   includes[file] = std::move(inclusions);
+  openness[file] = fileOpenness;
+  cycles.clear();
   clashes.reset();
 }
 

@@ -25,13 +25,17 @@ class FilesCheck {
     Open     ///< Also to the file itself: it includes what is no file.
   };
 
+  FilesCheck() = default;
+  FilesCheck(const FilesCheck&) = delete;
+  FilesCheck& operator=(const FilesCheck&) = delete;
+
   /// Adds a file, whose words must have been parsed. Files have the indexes 0, 1, ... in the order
   /// of the calls.
   void add(const Words& words, const LeftOut& leftOut, Openness openness,
            std::vector<Inclusion> inclusions = {});
 
   /// Replaces the words of a file, and where its include statements stand in them.
-  void replace(std::size_t file, const Words& words, const LeftOut& leftOut,
+  void replace(std::size_t file, const Words& words, const LeftOut& leftOut, Openness openness,
                std::vector<Inclusion> inclusions);
 
   /// Returns the findings about a file, in the order of its words.

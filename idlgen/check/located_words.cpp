@@ -72,4 +72,13 @@ std::ptrdiff_t OpenBraces(const LocatedWords& file) {
   return open;
 }
 
+TypeNames DeclaredTypes(const LocatedWords& file) {
+  TypeNames types;
+  for (std::size_t i = 0; i < file.size(); ++i) {
+    const Role role = file.role(i);
+    if (role == Role::EnumName || role == Role::MessageName) types.insert(file.text(i));
+  }
+  return types;
+}
+
 }  // namespace zentho

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "reader/places.h"
@@ -50,5 +51,10 @@ std::size_t OpeningBrace(const LocatedWords& file, std::size_t i);
 
 /// Returns how many more braces are opened than closed.
 std::ptrdiff_t OpenBraces(const LocatedWords& file);
+
+/// The names of the enums and messages of a file.
+using TypeNames = std::unordered_set<std::string_view>;
+
+TypeNames DeclaredTypes(const LocatedWords& file);
 
 }  // namespace zentho

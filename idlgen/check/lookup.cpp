@@ -184,9 +184,8 @@ std::size_t Lookup::ownRecord(const Scope& user) const {
   return i == nothing ? first : i;
 }
 
-Found Lookup::findInValue(std::string_view name, std::size_t word) const {
-  std::size_t enumName = word;
-  while (words.roles[enumName] != Role::EnumName) --enumName;
+Found Lookup::findInValue(std::string_view name, std::size_t word, std::size_t enumName) const {
+  Found below = unknown;
   for (std::size_t level = namespaces.size(); level-- > 0;) {
     Found record = unknown;
     std::size_t i = declarations.firstIn(namespaces[level], name);
@@ -203,8 +202,10 @@ Found Lookup::findInValue(std::string_view name, std::size_t word) const {
           declaration.role == Role::EnumName && (isOther || declaration.word < enumName);
       record = {isOther || isEnumAbove ? Result::Type : Result::Below, i};
     }
-    if (record.result != Result::Unknown) return record;
+    if (record.result == Result::Type) return record;
+    if (record.result == Result::Below) below = record;
   }
+  if (below.result == Result::Below) return below;
   // Macros and the library have many more names, which a file with includes may use.
   const bool isNoItem = declarations.file(file).hasInclude && !declarations.hasItem(name);
   return isNoItem || mayBeElsewhere(name) ? Found{Result::Elsewhere} : unknown;

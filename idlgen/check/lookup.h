@@ -50,9 +50,10 @@ class Lookup {
   /// Looks up the type of a member, which has the form of a name with dots.
   [[nodiscard]] Found findType(std::string_view type, const Scope& user) const;
 
-  /// Looks up a name in the value of an item. Finds an item or an enum that is declared before the
-  /// word, or another record that is not.
-  [[nodiscard]] Found findInValue(std::string_view name, std::size_t word) const;
+  /// Looks up a name in the value of an item, which is the word, of this enum. Finds an item or an
+  /// enum that is declared before the word, or another record that is not.
+  [[nodiscard]] Found findInValue(std::string_view name, std::size_t word,
+                                  std::size_t enumName) const;
 
   /// Returns whether what has been found is a declaration of this name.
   [[nodiscard]] bool isNamed(const Found& found, std::string_view name) const {

@@ -57,7 +57,8 @@ std::optional<ValueFault> WrongToken(std::string_view word, const std::vector<Va
 }
 
 /// Returns the error of a value whose tokens do not fit together.
-ValueFault GrammarError(std::string_view word, const std::vector<ValueToken>& tokens) {
+ValueFault GrammarError(std::string_view word, const std::vector<ValueToken>& tokens,
+                        const NameLookup& kindOf) {
   const auto isItemPath = [&](std::size_t i) {
     return i + 2 < tokens.size() && tokens[i].kind == Kind::Name && tokens[i + 1].text == "." &&
            tokens[i + 2].kind == Kind::Name;
@@ -69,7 +70,9 @@ ValueFault GrammarError(std::string_view word, const std::vector<ValueToken>& to
     const std::string_view first = tokens[i].text;
     const std::string_view item = tokens[last].text;
     const auto size = static_cast<std::size_t>(item.data() - first.data()) + item.size();
-    return {&rules::notAValue, {first.data(), size}, WriteAdvice(std::string(item))};
+    const bool isItem = kindOf(item) == NameKind::Item;
+    std::string advice = isItem ? WriteAdvice(std::string(item)) : std::string();
+    return {&rules::notAValue, {first.data(), size}, std::move(advice)};
   }
   return {&rules::notAValue, word, {}};
 }
@@ -98,10 +101,8 @@ std::vector<ValueFault> CheckValue(std::string_view word, const NameLookup& kind
   const std::vector<ValueToken> tokens = ValueTokens(word);
   if (std::optional<ValueFault> fault = WrongToken(word, tokens)) return {std::move(*fault)};
   ValueReading reading = ReadValue(tokens, kindOf, hasIntegerMacros);
-  if (!reading.isValue && !reading.unusableType.empty()) {
-    return {{&rules::unusableType, reading.unusableType, {}}};
-  }
-  if (!reading.isValue) return {GrammarError(word, tokens)};
+  if (!reading.isValue && reading.typeError.has_value()) return {*std::move(reading.typeError)};
+  if (!reading.isValue) return {GrammarError(word, tokens, kindOf)};
   if (reading.isUnchecked) return {{&rules::uncheckedValue, word, {}}};
   return std::move(reading.warnings);
 }

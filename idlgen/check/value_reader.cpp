@@ -36,12 +36,17 @@ bool Contains(const std::array<std::string_view, Size>& table, std::string_view 
 ///     unary   = { OPERATOR | "sizeof" | "(" TYPE ")" } operand
 ///     operand = LITERAL | NAME | "(" list ")" | "sizeof" "(" TYPE ")" | TYPE "(" list ")" | call
 ///
-/// Skips what is in the parentheses of other calls and casts. Each function that reads or skips
-/// returns whether it could.
+/// Skips what is in the parentheses of other calls and casts. Only if `hasTemplates`, "<" after an
+/// unknown name begins the arguments of a template. Each function that reads or skips returns
+/// whether it could.
 class ValueReader {
  public:
-  ValueReader(const std::vector<ValueToken>& valueTokens, const NameLookup& lookup, bool hasMacros)
-      : tokens(valueTokens), kindOf(lookup), hasIntegerMacros(hasMacros) {}
+  ValueReader(const std::vector<ValueToken>& valueTokens, const NameLookup& lookup, bool hasMacros,
+              bool mayHaveTemplates)
+      : tokens(valueTokens),
+        kindOf(lookup),
+        hasIntegerMacros(hasMacros),
+        hasTemplates(mayHaveTemplates) {}
 
   ValueReading read();
 
@@ -60,6 +65,7 @@ class ValueReader {
   Group readGroup(bool isAfterSizeof);
 
   bool skipCalls();
+  bool skipTemplate();
   bool skipTypeInParentheses();
   bool skipParentheses();
 
@@ -89,6 +95,7 @@ class ValueReader {
   const std::vector<ValueToken>& tokens;
   const NameLookup& kindOf;
   bool hasIntegerMacros;
+  bool hasTemplates;
   std::size_t position = 0;  ///< Of the next token.
   std::size_t depth = 0;     ///< The number of open parentheses.
 
@@ -217,7 +224,12 @@ bool ValueReader::readName() {
     const bool isMacro = hasIntegerMacros && IsLiteralMacro(name);
     return isMacro ? readLiteralMacro() : readConversion(name, type);
   }
+  if (hasTemplates && IsUnknown(type) && textAt(position) == "<") return skipTemplate();
   if (type == TypeKind::Integer || type == TypeKind::Floating) return false;
+  if (type == TypeKind::Enum && textAt(position) != ".") {
+    result.typeError = {&rules::typeAsItem, name, {}};
+    return false;
+  }
   if (type != TypeKind::Elsewhere) warn(rules::notAnItem, name);
   return true;
 }
@@ -250,6 +262,18 @@ bool ValueReader::skipCalls() {
     if (!skipParentheses()) return false;
   }
   return true;
+}
+
+/// Skips the arguments of a template, without a comma that would separate items, and its call.
+bool ValueReader::skipTemplate() {
+  const std::size_t begin = position;
+  position = AngleBracketsEnd(tokens, begin);
+  if (position == noToken) return false;
+  for (std::size_t i = begin; i < position; ++i) {
+    if (textAt(i) == "(") i = ParenthesesEnd(tokens, i) - 1;
+    if (textAt(i) == ",") return false;
+  }
+  return skipCalls();
 }
 
 /// Skips the parentheses that open here, if there are any.
@@ -285,7 +309,7 @@ bool ValueReader::useType(std::string_view name, TypeKind type) {
       hasNonInteger = true;
       return true;
     case TypeKind::Unusable:
-      result.unusableType = name;
+      result.typeError = {&rules::unusableType, name, {}};
       return false;
     case TypeKind::Later:
       hasSkipped = true;
@@ -307,7 +331,10 @@ bool ValueReader::useType(std::string_view name, TypeKind type) {
 
 ValueReading ReadValue(const std::vector<ValueToken>& tokens, const NameLookup& kindOf,
                        bool hasIntegerMacros) {
-  return ValueReader(tokens, kindOf, hasIntegerMacros).read();
+  ValueReading reading = ValueReader(tokens, kindOf, hasIntegerMacros, false).read();
+  if (reading.isValue) return reading;
+  ValueReading other = ValueReader(tokens, kindOf, hasIntegerMacros, true).read();
+  return other.isValue ? std::move(other) : std::move(reading);
 }
 
 }  // namespace zentho

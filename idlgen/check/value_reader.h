@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -10,9 +11,9 @@ namespace zentho {
 
 /// What the tokens of a value are together.
 struct ValueReading {
-  bool isValue = false;           ///< Otherwise, no compiler accepts it.
-  bool isUnchecked = false;       ///< Whether the warnings are incomplete.
-  std::string_view unusableType;  ///< A type that cannot be used there, or empty.
+  bool isValue = false;                 ///< Otherwise, no compiler accepts it.
+  bool isUnchecked = false;             ///< Whether the warnings are incomplete.
+  std::optional<ValueFault> typeError;  ///< About a type that cannot be used there.
   std::vector<ValueFault> warnings;
 };
 

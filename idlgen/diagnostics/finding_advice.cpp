@@ -5,6 +5,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "check/cpp_words.h"
@@ -16,22 +17,11 @@
 namespace zentho {
 namespace {
 
-/// Returns whether one of the words declares an enum or message of this name.
-bool IsDeclaredType(const Words& words, std::string_view name) {
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const Role role = words.roles[i];
-    if ((role == Role::EnumName || role == Role::MessageName) && words.texts[i] == name) {
-      return true;
-    }
-  }
-  return false;
-}
-
 /// Returns what is missing in the record that the path begins with, or nothing.
-std::string MissingPart(std::string_view type, const Words& words) {
+std::string MissingPart(std::string_view type, const Words& words, const TypeNames& declared) {
   const std::size_t dot = type.find('.');
   const std::string_view first = type.substr(0, dot);
-  if (dot == std::string_view::npos || !IsDeclaredType(words, first)) return {};
+  if (dot == std::string_view::npos || declared.count(first) == 0) return {};
   const std::string_view part = type.substr(dot + 1);
   for (std::size_t i = 0; i < words.size(); ++i) {
     const bool isItem = words.roles[i] == Role::ItemName && words.texts[i] == part;
@@ -41,14 +31,15 @@ std::string MissingPart(std::string_view type, const Words& words) {
 }
 
 /// Returns where to put a type, or what the record lacks that it begins with, or nothing.
-std::string TypeAdvice(std::string_view type, std::size_t word, const Words& words) {
+Advice TypeAdvice(std::string_view type, std::size_t word, const Words& words,
+                  const TypeNames& declared) {
   const std::string_view name = words.texts[word - 1];
   if (FindBuiltinType(name) != nullptr || FindKeyword(name) == Keyword::Type ||
-      IsDeclaredType(words, name)) {
-    return "put the name first, as in " + Quoted(std::string(type) + ": " + std::string(name));
+      declared.count(name) > 0) {
+    const std::string example = std::string(type) + ": " + std::string(name);
+    return {"put the name first, as in " + Quoted(example), true};
   }
-  if (std::string missing = MissingPart(type, words); !missing.empty()) return missing;
-  return {};
+  return {MissingPart(type, words, declared)};
 }
 
 /// Returns whether the other message is a member of this one, or is contained in one.
@@ -87,28 +78,30 @@ std::string OrderAdvice(const Finding& finding, const Words& words) {
 
 }  // namespace
 
-std::string AdviceFor(const Finding& finding, const LocatedWords& file) {
-  if (!finding.advice.empty()) return finding.advice;
+Advice AdviceFor(const Finding& finding, const LocatedWords& file, const TypeNames& declared) {
+  const bool isForm = finding.rule->hint == Hint::Form;
+  if (!finding.advice.empty()) return {finding.advice, isForm};
   const Word word = file.words[finding.word];
   switch (finding.rule->hint) {
     case Hint::None:
       return {};
     case Hint::Form: {
-      const std::string advice = FormAdvice(finding.text, word.role);
+      std::string advice = FormAdvice(finding.text, word.role);
       const bool isType = word.role == Role::MemberType;
-      return advice.empty() && isType ? FormAdvice(word.text, word.role) : advice;
+      if (advice.empty() && isType) advice = FormAdvice(word.text, word.role);
+      return {std::move(advice), true};
     }
     case Hint::SimilarType:
-      return word.text.find('<') != std::string_view::npos
-                 ? FormAdvice(word.text, word.role)
-                 : TypeAdvice(finding.text, finding.word, file.words);
+      if (word.text.find('<') == std::string_view::npos) {
+        return TypeAdvice(finding.text, finding.word, file.words, declared);
+      }
+      return {FormAdvice(word.text, word.role)};
     case Hint::ItemValue:
       // A colon before the word shows that it is meant as a value.
-      return finding.text == word.text && !IsAfterColon(file, finding.word)
-                 ? R"(each item needs a value, as in "A: 0")"
-                 : "";
+      if (finding.text != word.text || IsAfterColon(file, finding.word)) return {};
+      return {R"(each item needs a value, as in "A: 0")"};
     case Hint::Order:
-      return OrderAdvice(finding, file.words);
+      return {OrderAdvice(finding, file.words)};
   }
   return {};
 }

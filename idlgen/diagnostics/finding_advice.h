@@ -7,7 +7,13 @@
 
 namespace zentho {
 
-/// Returns what follows the sentence of the finding, or nothing.
-std::string AdviceFor(const Finding& finding, const LocatedWords& file);
+/// What follows the sentence of a finding, or nothing.
+struct Advice {
+  std::string text;
+  bool isAboutForm = false;  ///< Of a word, and not about what it refers to.
+};
+
+/// `declared` are the enums and messages of the file.
+Advice AdviceFor(const Finding& finding, const LocatedWords& file, const TypeNames& declared);
 
 }  // namespace zentho

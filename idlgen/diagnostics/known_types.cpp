@@ -61,12 +61,12 @@ std::vector<std::size_t> KnownTypes::filesThatDeclare(std::string_view type) con
 }
 
 std::string KnownTypes::mostSimilar(std::string_view type) const {
-  SimilarWord builtin(type);
-  for (const BuiltinType& row : builtinTypes) builtin.compare(row.keyword);
-  if (!builtin.found().empty()) return std::string(builtin.found());
-
   // Of a path, the last part counts, and of several types with that name, the whole path.
+  const bool isPath = type.find('.') != std::string_view::npos;
   SimilarWord last(LastPart(type));
+  for (const BuiltinType& row : builtinTypes) {
+    if (!isPath) last.compare(row.keyword);
+  }
   std::vector<std::size_t> seenTypes;
   for (std::size_t i = 0; i < declarations.count(); ++i) {
     const Declaration& declaration = declarations[i];
@@ -75,6 +75,7 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
     seenTypes.push_back(i);
     last.compare(textOf(declaration));
   }
+  if (FindBuiltinType(last.found()) != nullptr) return std::string(last.found());
   constexpr std::size_t limit = 20;
   std::vector<std::string> sameNames;
   for (const std::size_t i : seenTypes) {

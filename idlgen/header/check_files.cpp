@@ -29,7 +29,6 @@ class Run {
     sources.load(request.files);  // First, so that none of these files is taken for a stamp.
     for (const OutputFile& file : outputs()) {
       if (const std::optional<std::string> reason = Refusal(file)) {
-        stampIsRefused = isStamp(file);
         return {false, ErrorLine(file.path, *reason)};
       }
     }
@@ -46,7 +45,7 @@ class Run {
 
   /// Removes a stamp of an earlier run.
   void removeStamp(std::string& messages) const {
-    if (request.stamp.has_value() && !stampIsRefused && !Refusal(stamp()).has_value()) {
+    if (request.stamp.has_value() && !Refusal(stamp()).has_value()) {
       removeOutput(*request.stamp, messages);
     }
   }
@@ -120,7 +119,6 @@ class Run {
   const CheckRequest& request;
   DiskTree tree;
   Sources sources;
-  bool stampIsRefused = false;
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "check/out_of_step.h"
 #include "diagnostics/known_types.h"
+#include "diagnostics/printable.h"
 #include "diagnostics/similar.h"
 #include "reader/places.h"
 
@@ -36,21 +37,25 @@ void Examination::addFiles() {
     const SourceFile& file = *files[i];
     if (NeedsRecovery(file)) recoveryOf(i).run(CheckAlone);
     const Recovery* const recovery = recoveries[i].get();
-    const bool hasFault = recovery != nullptr && !recovery->result().diagnostics.empty();
-    const bool isFound =
-        std::all_of(file.includes.begin(), file.includes.end(),
-                    [](const Include& include) { return include.kind == Include::Kind::Found; });
-    const Words& read = wordsRead(i);
-    // After an error, there may be more includes than the parser has read.
-    const auto includes = std::count(read.roles.begin(), read.roles.end(), Role::IncludePath);
-    const bool isOpen = !isFound || pathsRead(i).size() < static_cast<std::size_t>(includes);
-    using Openness = FilesCheck::Openness;
-    const Openness openness = isOpen     ? Openness::Open
-                              : hasFault ? Openness::Faulty
-                                         : Openness::Closed;
-    check.add(read, recovery == nullptr ? nothingLeftOut : recovery->result().leftOut, openness,
-              inclusionsOf(i));
+    const LeftOut& leftOut = recovery == nullptr ? nothingLeftOut : recovery->result().leftOut;
+    check.add(wordsRead(i), leftOut, opennessOf(i), inclusionsOf(i));
   }
+}
+
+FilesCheck::Openness Examination::opennessOf(std::size_t file) const {
+  const std::vector<Include>& includes = files[file]->includes;
+  const bool isFound = std::all_of(includes.begin(), includes.end(), [](const Include& include) {
+    return include.kind == Include::Kind::Found;
+  });
+  const std::vector<Role>& roles = wordsRead(file).roles;
+  // After an error, there may be more includes than the parser has read.
+  const auto count = std::count(roles.begin(), roles.end(), Role::IncludePath);
+  if (!isFound || pathsRead(file).size() < static_cast<std::size_t>(count)) {
+    return FilesCheck::Openness::Open;
+  }
+  const Recovery* const recovery = recoveries[file].get();
+  return recovery != nullptr && recovery->hasFault() ? FilesCheck::Openness::Faulty
+                                                     : FilesCheck::Openness::Closed;
 }
 
 /// Returns the include statements that lead to files, among the words that are read.
@@ -101,7 +106,9 @@ const Recovered* Examination::examine(std::size_t file) {
   if (recoveries[file] == nullptr && findings(file).empty()) return nullptr;
   Recovery& recovery = recoveryOf(file);
   recovery.run([&](const Words& words, const LeftOut& leftOut) {
-    check.replace(file, words, leftOut, inclusionsOf(file));
+    if (recovery.hasFault()) {
+      check.replace(file, words, leftOut, opennessOf(file), inclusionsOf(file));
+    }
     return findings(file);
   });
   return &recovery.result();
@@ -131,7 +138,7 @@ std::string Examination::typeAdvice(std::size_t file, std::string_view type) {
   for (const std::size_t other : others) {         // Never if the file is alone.
     if (check.doesInclude(other, file)) continue;  // It would be a cycle.
     const std::string included = sources->includePath(file, other);
-    if (!included.empty()) return "is \"" + included + "\" to be included?";
+    if (!included.empty()) return "is " + Quoted(included) + " to be included?";
   }
   return others.empty() ? DidYouMean(types.mostSimilar(type)) : std::string();
 }

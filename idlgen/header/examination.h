@@ -37,6 +37,7 @@ class Examination {
  private:
   void addFiles();
   Recovery& recoveryOf(std::size_t file);
+  [[nodiscard]] FilesCheck::Openness opennessOf(std::size_t file) const;
   [[nodiscard]] const Words& wordsRead(std::size_t file) const;
   [[nodiscard]] std::vector<Inclusion> inclusionsOf(std::size_t file) const;
   [[nodiscard]] std::vector<std::size_t> pathsRead(std::size_t file) const;

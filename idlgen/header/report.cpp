@@ -67,17 +67,19 @@ class Selection {
   }
 
   [[nodiscard]] const std::vector<Diagnostic>& shown() const { return diagnostics; }
-  [[nodiscard]] std::size_t leftOut() const { return notShown; }
+  [[nodiscard]] bool isCut() const { return hasMore; }
 
  private:
   void addFindings(Severity severity) {
     for (const Finding& finding : recovered.findings) {
       if (finding.rule->severity != severity || isInLineAtFault(finding)) continue;
-      if (diagnostics.size() < mostMessages) {
-        add(finding);
-      } else {
-        ++notShown;
+      const Advice advice = adviceFor(finding);
+      if (isRepeated(finding, advice) || isConsequence(finding, advice)) continue;
+      if (diagnostics.size() >= mostMessages) {
+        hasMore = true;
+        return;
       }
+      diagnostics.push_back(diagnosticOf(finding, advice));
     }
   }
 
@@ -88,12 +90,43 @@ class Selection {
     return std::find(lines.begin(), lines.end(), line) != lines.end();
   }
 
-  /// Adds the diagnostic of a finding, unless it repeats another one.
-  void add(const Finding& finding) {
+  [[nodiscard]] Advice adviceFor(const Finding& finding) {
+    const bool isUnknown = finding.rule->hint == Hint::SimilarType;
+    const bool isPath = finding.text.find('.') != std::string_view::npos;
+    if (isUnknown && isPath) {
+      std::string advice = examination.typeAdvice(index, finding.text);
+      if (!advice.empty()) return {std::move(advice)};
+    }
+    Advice advice = AdviceFor(finding, recovered.file, types);
+    if (!advice.text.empty() || !isUnknown || isPath) return advice;
+    return {examination.typeAdvice(index, finding.text)};
+  }
+
+  /// Returns whether the same has been said about a form of the same line. An example in the advice
+  /// makes no difference.
+  bool isRepeated(const Finding& finding, const Advice& advice) {
+    if (!advice.isAboutForm || advice.text.empty()) return false;
+    const std::size_t line = recovered.file.places[finding.word].lineNumber;
+    return !given.insert({line, advice.text.substr(0, advice.text.find(", as in"))}).second;
+  }
+
+  /// Returns whether the finding may follow from one about a word just before it on the line, whose
+  /// form is at fault: in `int x = 1`, all words after the first have another role than meant. A
+  /// colon beside the word shows that it has the right one.
+  bool isConsequence(const Finding& finding, const Advice& advice) {
     const LocatedWords& file = recovered.file;
-    const std::string advice = adviceFor(finding);
+    const std::size_t i = finding.word;
+    const std::size_t last = lastForm;
+    if (advice.isAboutForm) lastForm = i;
+    if (last == noWord || i <= last || !AreOnOneLine(file, last, i)) return false;
+    const bool hasColon = IsAfterColon(file, i) || IsBeforeColon(file, i);
+    return advice.isAboutForm ? i <= last + 2 && !hasColon
+                              : i == last + 1 && finding.rule == &rules::notDeclared;
+  }
+
+  [[nodiscard]] Diagnostic diagnosticOf(const Finding& finding, const Advice& advice) {
+    const LocatedWords& file = recovered.file;
     Diagnostic diagnostic{finding.rule->severity, SpotOf(file, finding.word), {}};
-    if (isRepeated(finding, advice) || isConsequence(finding, advice)) return;
     std::string record;
     for (const WordInFile& other : {finding.other, finding.another}) {
       if (other.word == noWord) continue;
@@ -109,64 +142,20 @@ class Selection {
             {{}, spot, R"(this is a comment: write include "...", without "#")"});
       }
     }
-    diagnostic.sentence = Sentence(finding.rule->sentence, finding.text, advice, record);
-    diagnostics.push_back(std::move(diagnostic));
-  }
-
-  [[nodiscard]] std::string adviceFor(const Finding& finding) {
-    std::string advice;
-    const bool isUnknown = finding.rule->hint == Hint::SimilarType;
-    const bool isPath = finding.text.find('.') != std::string_view::npos;
-    if (isUnknown && isPath) advice = examination.typeAdvice(index, finding.text);
-    if (advice.empty()) advice = AdviceFor(finding, recovered.file);
-    return advice.empty() && isUnknown && !isPath ? examination.typeAdvice(index, finding.text)
-                                                  : advice;
-  }
-
-  /// Returns whether the form of a word is at fault, and not only what it refers to.
-  static bool IsAboutForm(const Finding& finding, const std::string& advice) {
-    return finding.rule->hint == Hint::Form || StartsWithPutFirst(advice);
-  }
-
-  static bool StartsWithPutFirst(const std::string& advice) {
-    return advice.rfind("put the name first", 0) == 0;
-  }
-
-  /// Returns whether the same has been said about a form of the same line. An example in the advice
-  /// makes no difference.
-  bool isRepeated(const Finding& finding, const std::string& advice) {
-    const std::string general = advice.substr(0, advice.find(", as in"));
-    if (!IsAboutForm(finding, advice) || general.empty()) return false;
-    const std::size_t line = recovered.file.places[finding.word].lineNumber;
-    return !given.insert({line, general}).second;
-  }
-
-  /// Returns whether the finding may follow from one about a word just before it on the line, whose
-  /// form is at fault: in `int x = 1;`, all words after the first have another role than meant.
-  bool isConsequence(const Finding& finding, const std::string& advice) {
-    const bool isForm = IsAboutForm(finding, advice);
-    if (!isForm && finding.rule != &rules::notDeclared) return false;
-    const bool follows = lastForm != noWord && finding.word > lastForm &&
-                         finding.word <= lastForm + (isForm ? 2 : 1) &&
-                         AreOnOneLine(recovered.file, lastForm, finding.word);
-    if (isForm) lastForm = finding.word;
-    return follows;
+    diagnostic.sentence = Sentence(finding.rule->sentence, finding.text, advice.text, record);
+    return diagnostic;
   }
 
   Examination& examination;
   std::size_t index;  ///< Of the file.
   const Recovered& recovered;
+  TypeNames types = DeclaredTypes(recovered.file);
   std::vector<Diagnostic> diagnostics;
   std::set<std::pair<std::size_t, std::string>> given;  ///< Advice about lines.
-  std::size_t lastForm = noWord;  ///< The word of the last finding about a form.
-  std::size_t notShown = 0;
+  std::size_t lastForm = noWord;                        ///< The last word whose form is at fault.
+  bool hasMore = false;
   bool isIncludeNoted = false;
 };
-
-/// Returns "1 more message" or "2 more messages".
-std::string MoreMessages(std::size_t count) {
-  return std::to_string(count) + " more message" + (count == 1 ? "" : "s");
-}
 
 /// Returns whether a run fails because of what is wrong.
 bool HasError(const Recovered& recovered, Warnings warnings) {
@@ -188,9 +177,8 @@ Outcome reportOn(Examination& examination, std::size_t file, Warnings warnings) 
   for (const Diagnostic& diagnostic : selection.shown()) {
     outcome.messages += Lines(source.path, diagnostic);
   }
-  if (selection.leftOut() > 0) {
-    outcome.messages +=
-        Printable(source.path) + ": " + MoreMessages(selection.leftOut()) + " not shown\n";
+  if (selection.isCut()) {
+    outcome.messages += Printable(source.path) + ": more messages are not shown\n";
   }
   if (!recovered->isComplete) {
     outcome.messages += Printable(source.path) + ": the rest is not checked\n";

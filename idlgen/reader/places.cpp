@@ -26,13 +26,17 @@ std::vector<Place> FindPlaces(std::string_view text, const std::vector<std::stri
 }
 
 bool HasColonsInWord(std::string_view text) {
-  std::size_t colons = text.find("::");
-  for (; colons != std::string_view::npos; colons = text.find("::", colons + 2)) {
+  for (std::size_t colons = text.find("::"); colons != std::string_view::npos;
+       colons = text.find("::")) {
     const std::size_t begin = text.rfind('\n', colons) + 1;  // 0 in the first line.
     const std::string_view line = text.substr(begin, text.find('\n', colons) - begin);
     const std::string_view code = WithoutComment(line);
-    const std::size_t next = colons - begin + 2;
-    if (next < code.size() && code[next] != ' ' && code[next] != ':') return true;
+    std::size_t next = code.find("::");
+    for (; next != std::string_view::npos; next = code.find("::", next)) {
+      next += 2;
+      if (next < code.size() && code[next] != ' ' && code[next] != ':') return true;
+    }
+    text.remove_prefix(begin + line.size());
   }
   return false;
 }

@@ -111,27 +111,46 @@ void readWithout(const LocatedWords& file, Fix& fix) {
   }
 }
 
-/// Returns how to write the C++ name with "::" that begins with this word.
-std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
-  const Place& place = file.places[i];
-  std::string_view name = place.code.substr(place.offset);
-  name = name.substr(0, name.find_first_of(role == Role::ItemValue ? " ;,})\t\r" : " ;,}\t\r"));
-  if (role == Role::ItemValue) {
-    return "write only the item: " + Quoted(name.substr(name.rfind(':') + 1));
+/// Returns the C++ name that begins the text, with template arguments but without blanks.
+std::string CppName(std::string_view text) {
+  std::string name;
+  std::size_t open = 0;
+  for (const char letter : text) {
+    if (open == 0 && std::string_view(" ;,(){}\t\r").find(letter) != std::string_view::npos) break;
+    if (letter == '<') ++open;
+    if (letter == '>' && open > 0) --open;
+    if (letter != ' ') name += letter;
   }
+  return open == 0 ? name : name.substr(0, name.find_first_of(";,)}\t\r"));
+}
+
+/// Returns a C++ name with dots in place of "::", and without the namespace of strings.
+std::string WithDots(std::string_view name) {
   std::string path;
   for (const char letter : name) {
     if (letter != ':') path += letter;
-    if (letter == ':' && path.back() != '.') path += '.';
+    if (letter == ':' && (path.empty() || path.back() != '.')) path += '.';
   }
-  constexpr std::string_view vector = "std.vector<";
-  if (path.compare(0, vector.size(), vector) == 0 && path.back() == '>') {
-    return "write \"[" + Shortened(path.substr(vector.size(), path.size() - vector.size() - 1)) +
-           "]\"";
+  return path == "std.string" ? "string" : path;
+}
+
+/// Returns how to write the C++ name with "::" that begins with this word.
+std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
+  const Place& place = file.places[i];
+  const std::string_view text = place.code.substr(place.offset);
+  if (role == Role::ItemValue) {
+    std::string_view item = text.substr(0, text.find_first_of(" ;,})\t\r"));
+    item = item.substr(item.rfind(':') + 1);
+    return IsIdentifier(item) ? "write only the item: " + Quoted(item) : std::string();
   }
-  const std::size_t library = path.find("std.string");
-  if (library == std::string_view::npos) return "write dots: " + Quoted(path);
-  return "write " + Quoted(path.erase(library, 4));
+  const std::string name = CppName(text);
+  constexpr std::string_view vector = "std::vector<";
+  if (name.compare(0, vector.size(), vector) == 0 && name.back() == '>') {
+    const std::size_t size = name.size() - vector.size() - 1;
+    return "write " + Quoted("[" + WithDots(name.substr(vector.size(), size)) + "]");
+  }
+  const std::string path = WithDots(name);
+  return (path == "string" ? "write " : "write dots: ") + Quoted(path);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "check/located_words.h"
@@ -47,11 +46,6 @@ Fix FixEnd(const LocatedWords& file);
 
 /// Returns what is missing before this word to complete the statement that is open there.
 std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end);
-
-/// The names of the enums and messages of a file.
-using TypeNames = std::unordered_set<std::string_view>;
-
-TypeNames DeclaredTypes(const LocatedWords& file);
 
 /// Returns whether the list that contains this word has a line, up to that of the word, which opens
 /// a block or whose words cannot be read as names followed by types or values. A pair may stand on

@@ -167,15 +167,6 @@ Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
 
 }  // namespace
 
-TypeNames DeclaredTypes(const LocatedWords& file) {
-  TypeNames types;
-  for (std::size_t i = 0; i < file.size(); ++i) {
-    const Role role = file.role(i);
-    if (role == Role::EnumName || role == Role::MessageName) types.insert(file.text(i));
-  }
-  return types;
-}
-
 std::size_t FirstInMixedLine(const LocatedWords& file, const TypeNames& types,
                              const std::vector<std::size_t>& words) {
   const List list(file, types, words.front());

@@ -226,7 +226,8 @@ Fix Fault::atOpening() const {
     fix = {&rules::extraWordOfName, name, file.text(name), {}, {name, word}};
   } else if (brace != noWord) {
     fix.replaced = {name, brace};
-    fix.texts = {std::string(NameIn(file.text(name)))};
+    const std::string_view nameOnly = NameIn(file.text(name));
+    fix.texts = {nameOnly.empty() ? "_" : std::string(nameOnly)};
   } else if (isPart) {
     fix.replaced.end = word + 1;
     fix.texts = {"{", "}"};

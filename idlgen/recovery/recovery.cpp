@@ -45,10 +45,10 @@ Recovery::Recovery(std::string_view fileText, Words fileWords,
   file.words = std::move(fileWords);
   file.places = FindPlaces(text, file.words.texts);
   lacksBraces = OpenBraces(file) > 0;
+  dropCarriageReturns();
 }
 
 void Recovery::run(const CheckWords& check) {
-  if (faults == 0) dropCarriageReturns();
   for (;; ++faults) {
     const std::optional<Fix> fix = nextFix(check);
     if (!fix.has_value()) return;
@@ -56,23 +56,23 @@ void Recovery::run(const CheckWords& check) {
     tell(*fix);
     readInstead(*fix);
   }
+  check(file.words, recovered.leftOut);  // Others look at the words that are read in the end.
   recovered.isComplete = false;
   recovered.findings.clear();
 }
 
 /// If most lines end with CR LF, says so once, and reads their last words without the CR.
 void Recovery::dropCarriageReturns() {
-  const auto endsLine = [&](std::size_t i) {
-    return i + 1 == file.size() || !AreOnOneLine(file, i, i + 1);
-  };
   std::size_t lines = 0;
-  std::vector<std::size_t> ends;
-  for (std::size_t i = 0; i < file.size(); ++i) {
-    if (!endsLine(i)) continue;
+  std::size_t linesWithReturn = 0;
+  std::vector<std::size_t> ends;  // The words that end with a CR, which may be part of a comment.
+  for (std::size_t i = 0; i < file.size(); i = LineEnd(file, i)) {
+    const std::size_t last = LineEnd(file, i) - 1;
     ++lines;
-    if (file.text(i).back() == '\r') ends.push_back(i);
+    if (file.places[i].line.back() == '\r') ++linesWithReturn;
+    if (file.text(last).back() == '\r') ends.push_back(last);
   }
-  if (ends.size() * 2 <= lines) return;
+  if (ends.empty() || linesWithReturn * 2 <= lines) return;
   const Place& place = file.places[ends.front()];
   const Spot spot = {{place.lineNumber, place.line, place.code, place.line.size() - 1}, 1};
   recovered.diagnostics.push_back(
@@ -226,9 +226,9 @@ void Recovery::readInstead(const Fix& fix) {
 }
 
 /// Keeps the names in a word that is not read, which may be declared there.
-void Recovery::leaveOut(std::string_view word, bool isStatement) {
+void Recovery::leaveOut(std::string_view word, bool isWholeLine) {
   const Statement keyword = FindStatement(SimilarKeyword(word));
-  if (isStatement && (keyword == Statement::Include || keyword == Statement::Namespace)) {
+  if (isWholeLine && (keyword == Statement::Include || keyword == Statement::Namespace)) {
     recovered.leftOut.mayDeclareAnything = true;
   }
   for (std::string_view name = NameIn(word); !name.empty(); name = NameIn(word)) {

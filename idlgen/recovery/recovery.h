@@ -34,6 +34,8 @@ class Recovery {
  public:
   /// `fileWords` are all words of the text, with the roles that the parser has given to them.
   Recovery(std::string_view fileText, Words fileWords, std::optional<ParseError> grammarError);
+  Recovery(const Recovery&) = delete;
+  Recovery& operator=(const Recovery&) = delete;
 
   /// Returns the findings about the words that are read.
   using CheckWords = std::function<std::vector<Finding>(const Words&, const LeftOut&)>;
@@ -41,6 +43,9 @@ class Recovery {
   /// Takes one fault after the other until none is left. May be called again with another check,
   /// which finds more.
   void run(const CheckWords& check);
+
+  /// Returns whether there was a line at fault.
+  [[nodiscard]] bool hasFault() const { return !recovered.diagnostics.empty(); }
 
   [[nodiscard]] const Recovered& result() const { return recovered; }
 
@@ -54,7 +59,7 @@ class Recovery {
   void tell(const Fix& fix);
   void readInstead(const Fix& fix);
   [[nodiscard]] bool isConsequence(const Fix& fix) const;
-  void leaveOut(std::string_view word, bool isStatement);
+  void leaveOut(std::string_view word, bool isWholeLine);
 
   Recovered recovered;
   LocatedWords& file = recovered.file;

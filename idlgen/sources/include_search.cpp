@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "check/word_forms.h"
 #include "reader/idl.h"
 #include "sources/slip.h"
 
@@ -54,9 +55,7 @@ bool CanBeIncluded(const std::string& path) {
   idl.tokenize(word);
   const bool isOneWord = idl.tokenLines.size() == 1 && idl.tokenLines.front().size() == 1 &&
                          idl.tokenLines.front().front() == word;
-  const std::string name = path.substr(path.rfind('/') + 1);
-  const bool hasExtension = name.find('.') != std::string::npos;
-  return isOneWord && hasExtension && path.find_first_of("\"\\\t\r") == std::string::npos;
+  return isOneWord && FormOfInclude(word) == IncludeForm::Path;
 }
 
 }  // namespace

@@ -54,7 +54,6 @@ class IncludeSearch {
     std::string path;  ///< Empty, or with a '/' at its end.
   };
 
-  Result search(const std::string& directory, const std::string& path);
   bool mayComeBefore(const Result& result, const std::string& directory, const std::string& path);
   Result look(const std::string& directory, const std::string& path);
   const Entry& lookAtDirectory(const std::string& directory);
