@@ -67,7 +67,7 @@ def change_words(rng, words, place, what):
     i = rng.choice(choices)
     if place == kinds.DOUBLE:
         words.insert(i, "@" + words[i])
-    elif i > 0:
+    else:
         words[i - 1:i + 1] = ["@" + words[i - 1]]
 
 

@@ -16,7 +16,6 @@
 #include "check.h"
 #include "generator/generator.h"
 #include "header/examination.h"
-#include "header/examine.h"
 #include "header/report.h"
 #include "header_lines.h"
 #include "io/line_writer.h"
@@ -118,7 +117,8 @@ bool checkStages(const std::string& text) {
 std::vector<std::string> checkAlone(const std::string& path, const std::string& text, bool valid) {
   Schema schema;
   Outcome result{};
-  check(Printed([&] { result = examine(path, text, schema); }).empty(), "checking prints nothing");
+  check(Printed([&] { result = reportAlone(path, text, schema); }).empty(),
+        "checking prints nothing");
   check(valid || !result.succeeded, "a file with a grammar error is never accepted");
   if (result.succeeded) checkHeader(Header(schema));
   return checkTold({{path, text}}, path, result);

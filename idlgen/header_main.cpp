@@ -10,7 +10,7 @@
 #include "header/check_files.h"
 #include "header/command_line.h"
 #include "header/generate_header.h"
-#include "header/output_file.h"
+#include "header/outcome.h"
 #include "io/file.h"
 
 namespace zentho {

@@ -66,15 +66,6 @@ TEST(KeywordFor, KnowsTheKeywordsOfOtherLanguages) {
   EXPECT_EQ(SimilarKeyword("structs"), "");
 }
 
-TEST(LooksLikeType, LooksInsideOfBrackets) {
-  for (const char* word : {"int8", "string", "double", "[int8]", "[[bool]]", "int8[]", "char[3]"}) {
-    EXPECT_TRUE(LooksLikeType(word)) << word;
-  }
-  for (const char* word : {"Int8", "int8x", "x", "[x]", "", "[", "const", "int8;", "]int8"}) {
-    EXPECT_FALSE(LooksLikeType(word)) << word;
-  }
-}
-
 struct AdviceRow {
   const char* name;
   Role role;

@@ -1,6 +1,5 @@
 #include "header/command_line.h"
 
-#include "header/depfile.h"
 #include "support.h"
 
 namespace zentho {
@@ -114,17 +113,6 @@ TEST(CommandLine, TakesArgumentsFromFiles) {
             "failed: idlgen-header: " + scratch.path("none") + ": No such file or directory\n");
   EXPECT_EQ(ParseCommandLine({"--check", "@" + empty, "@" + files}).check.argumentFiles,
             (Arguments{empty, files}));
-}
-
-TEST(Depfile, IsAMakefile) {
-  EXPECT_EQ(Depfile("s", {}), "s:\n");
-  EXPECT_EQ(Depfile("out/my s", {"a.idl", "b c\t$#.idl"}),
-            "out/my\\ s: \\\n a.idl \\\n b\\ c\\\t$$\\#.idl\n\na.idl:\n\nb\\ c\\\t$$\\#.idl:\n");
-}
-
-TEST(Depfile, DoublesBackslashesOnlyBeforeABlank) {
-  EXPECT_EQ(RuleBeginning(R"(a\b\\c)"), R"(a\b\\c:)");
-  EXPECT_EQ(RuleBeginning(R"(a\ b\\ c)"), R"(a\\\ b\\\\\ c:)");
 }
 
 }  // namespace

@@ -10,10 +10,12 @@
 
 namespace zentho {
 
-/// Returns whether there is a compiler to ask: in builds with g++ and without sanitizers.
+/// Returns whether there is a compiler to ask.
 inline bool HasCompiler() {
   return !std::string(IDLGEN_TEST_COMPILER).empty();
 }
+
+constexpr const char* noCompiler = "checked in builds with g++ and without sanitizers";
 
 /// Runs the compiler on a text. Returns the output, which has the text as "text.cpp".
 inline std::string Compile(const std::string& text, const std::string& options) {

@@ -5,10 +5,16 @@
 namespace zentho {
 namespace {
 
-TEST(Depfile, EscapesWhatMakeReads) {
-  EXPECT_EQ(Depfile("s p", {"a b", "a\\ b", "a\\b", "$a#b", "a\\#"}),
-            "s\\ p: \\\n a\\ b \\\n a\\\\\\ b \\\n a\\b \\\n $$a\\#b \\\n a\\\\#\n"
-            "\na\\ b:\n\na\\\\\\ b:\n\na\\b:\n\n$$a\\#b:\n\na\\\\#:\n");
+TEST(Depfile, IsAMakefile) {
+  EXPECT_EQ(Depfile("s", {}), "s:\n");
+  EXPECT_EQ(Depfile("out/my s", {"a.idl", "b c\t$#.idl"}),
+            "out/my\\ s: \\\n a.idl \\\n b\\ c\\\t$$\\#.idl\n\na.idl:\n\nb\\ c\\\t$$\\#.idl:\n");
+}
+
+TEST(Depfile, DoublesBackslashesOnlyBeforeABlankOrANumberSign) {
+  EXPECT_EQ(RuleBeginning(R"(a\b\\c)"), R"(a\b\\c:)");
+  EXPECT_EQ(RuleBeginning(R"(a\ b\\ c)"), R"(a\\\ b\\\\\ c:)");
+  EXPECT_EQ(RuleBeginning(R"(a\#)"), R"(a\\#:)");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <sstream>
 
-#include "header/examine.h"
 #include "support.h"
 
 // Whole messages, with the lines that show the place.
@@ -19,7 +18,7 @@ using Excerpts = testing::TestWithParam<ExcerptRow>;
 
 TEST_P(Excerpts, ShowTheirPlaces) {
   Schema schema;
-  EXPECT_EQ(examine("a.idl", GetParam().idl, schema).messages, GetParam().messages);
+  EXPECT_EQ(reportAlone("a.idl", GetParam().idl, schema).messages, GetParam().messages);
 }
 
 const std::string noStatement =
@@ -119,7 +118,7 @@ struct Shown {
 
 Shown Count(const std::string& idl) {
   Schema schema;
-  std::istringstream lines(examine("a.idl", idl, schema).messages);
+  std::istringstream lines(reportAlone("a.idl", idl, schema).messages);
   Shown shown;
   for (std::string line; std::getline(lines, line); shown.lastLine = line) {
     if (line.find(": error: ") != std::string::npos) ++shown.errors;

@@ -1,7 +1,5 @@
 #include "check/word_forms.h"
 
-#include "check/located_words.h"
-#include "sources/source_file.h"
 #include "support.h"
 
 namespace zentho {
@@ -104,80 +102,14 @@ const std::vector<IncludeRow> includeForms = {
 INSTANTIATE_TEST_SUITE_P(WordForms, IncludeForms, testing::ValuesIn(includeForms),
                          RowName<IncludeRow>);
 
-/// Returns the texts of the words for which this holds, with spaces between them.
-template <typename Holds>
-std::string WordsThat(const LocatedWords& file, const Holds& holds) {
-  std::string texts;
-  for (std::size_t i = 0; i < file.size(); ++i) {
-    if (holds(file, i)) texts += (texts.empty() ? "" : " ") + std::string(file.text(i));
+TEST(LooksLikeType, LooksInsideOfBrackets) {
+  for (const char* word : {"int8", "string", "double", "[int8]", "[[bool]]", "int8[]", "char[3]"}) {
+    EXPECT_TRUE(LooksLikeType(word)) << word;
   }
-  return texts;
-}
-
-/// Reads words that need not be a file of IDL.
-class Located {
- public:
-  explicit Located(const std::string& text) : source(ParseSource("a.idl", text)) {
-    file.words = source.words;
-    file.places = FindPlaces(source.text, file.words.texts);
+  for (const char* word : {"Int8", "int8x", "x", "[x]", "", "[", "const", "int8;", "]int8"}) {
+    EXPECT_FALSE(LooksLikeType(word)) << word;
   }
-  const LocatedWords* operator->() const { return &file; }
-  const LocatedWords& operator*() const { return file; }
-
- private:
-  SourceFile source;
-  LocatedWords file;
-};
-
-TEST(LocatedWords, KnowTheColonsAroundThem) {
-  const Located file("a: b c :d e : : f\ng:#h\n:i j");
-  EXPECT_EQ(WordsThat(*file, IsBeforeColon), "a c e g");
-  EXPECT_EQ(WordsThat(*file, IsAfterColon), "b d f i");
 }
-
-TEST(LocatedWords, AreJoinedByTwoColonsWithoutASpace) {
-  const Located file("a::b c:: d e : :f g:h i::: j::\tk l::\r\nm::#n\no::p//q\nr::");
-  EXPECT_EQ(WordsThat(*file, IsJoinedByColons), "a o");
-}
-
-TEST(LocatedWords, StandInLines) {
-  const Located file("a b\n\n# x\nc\nd e");
-  EXPECT_TRUE(AreOnOneLine(*file, 0, 1));
-  EXPECT_FALSE(AreOnOneLine(*file, 1, 2));
-  EXPECT_EQ(LineEnd(*file, 0), 2U);
-  EXPECT_EQ(LineEnd(*file, 1), 2U);
-  EXPECT_EQ(LineEnd(*file, 2), 3U);
-  EXPECT_EQ(LineEnd(*file, 3), 5U);
-}
-
-struct BraceRow {
-  const char* name;
-  const char* text;
-  std::size_t opening;
-  std::size_t closing;
-  std::ptrdiff_t open;
-};
-using Braces = testing::TestWithParam<BraceRow>;
-
-TEST_P(Braces, BelongTogether) {
-  const Located file(GetParam().text);
-  EXPECT_EQ(OpeningBrace(*file, 0), GetParam().opening);
-  EXPECT_EQ(OpenBraces(*file), GetParam().open);
-  if (GetParam().opening == noWord) return;
-  EXPECT_EQ(ClosingBrace(*file, GetParam().opening), GetParam().closing);
-}
-
-const std::vector<BraceRow> braces = {
-    {"InOneLine", "a b { c } d }", 2, 4, -1},
-    {"InSeveralLines", "a {\nb {\n}\n}", 1, 5, 0},
-    {"Glued", "a {\nb{ c\nd}\n};", 1, 5, 0},
-    {"InTheNextLine", "a b\n{ c }", 2, 4, 0},
-    {"NotInTheLineAfter", "a\nb {\n}", noWord, noWord, 0},
-    {"WithoutAnEnd", "a { b c\nd {\n}", 1, 3, 1},
-    {"None", "a b", noWord, noWord, 0},
-    {"OnlyGlued", "a{", noWord, noWord, 1},
-};
-INSTANTIATE_TEST_SUITE_P(LocatedWords, Braces, testing::ValuesIn(braces), RowName<BraceRow>);
 
 }  // namespace
 }  // namespace zentho

@@ -12,6 +12,9 @@ struct Character {
   bool valid;
 };
 
+/// A mark at the beginning of a file, which no word can contain.
+inline constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+
 /// The last character of Unicode.
 inline constexpr char32_t maxCharacter = 0x10ffff;
 

@@ -98,28 +98,30 @@ void Checker::checkNamespace(std::size_t i) {
   const std::size_t top = !names.empty() && names.front() == "zentho" ? 1 : 0;
   const bool hidesBuffer = top < names.size() && names[top] == "BytesBuffer";
   if (hidesBuffer && hasFunctions()) reportPart(rules::frameworkName, i, names[top]);
+  // No file may declare a part of the namespace as something else.
   for (std::size_t level = 0; level < names.size(); ++level) {
-    checkIsNoRecord(i, names[level], declarations.file(file).namespaces[level]);
+    const std::size_t space = declarations.file(file).namespaces[level];
+    const std::size_t other =
+        broughtInto(space, names[level], [](const Declaration&) { return true; });
+    if (other != nothing) reportOther(rules::declaredTwice, i, names[level], declarations[other]);
   }
   const std::size_t framework = lookup.seenNamespace(0, "zentho");
   if (names.empty() || framework == nothing || !hasFunctions()) return;
-  for (std::size_t d = declarations.firstIn(framework, names[0]); d != nothing;
-       d = declarations[d].next) {
-    const Declaration& other = declarations[d];
-    if (other.isItem() || other.file == file || !sight.hasFile(other.file)) continue;
-    return reportOther(rules::hiddenNamespace, i, names[0], other);
-  }
-  const std::size_t hiding = lookup.seenNamespace(framework, names[0]);
-  if (hiding != nothing) reportNamespace(rules::hiddenNamespace, i, names[0], hiding);
+  reportHiding(rules::hiddenNamespace, i, names[0], framework, names[0]);
 }
 
-/// Checks that no file declares a part of the namespace as something else.
-void Checker::checkIsNoRecord(std::size_t i, std::string_view name, std::size_t space) {
-  for (std::size_t d = declarations.firstIn(space, name); d != nothing; d = declarations[d].next) {
-    const Declaration& other = declarations[d];
-    if (other.file == file || !sight.hasFile(other.file)) continue;
-    return reportOther(rules::declaredTwice, i, name, other);
+/// Reports that another file has a type or a namespace of this name in a namespace, if one does.
+bool Checker::reportHiding(const Rule& rule, std::size_t i, std::string_view text,
+                           std::size_t space, std::string_view name) {
+  const std::size_t other = broughtInto(
+      space, name, [](const Declaration& declaration) { return !declaration.isItem(); });
+  const std::size_t nested = lookup.seenNamespace(space, name);
+  if (other != nothing) {
+    reportOther(rule, i, text, declarations[other]);
+  } else if (nested != nothing) {
+    reportNamespace(rule, i, text, nested);
   }
+  return other != nothing || nested != nothing;
 }
 
 /// Reports a name and the first namespace statement that declares a namespace.

@@ -59,7 +59,6 @@ class Checker {
   void checkRecordName(std::size_t i);
   void checkItemName(std::size_t i);
   void checkIsNew(std::size_t i);
-  void checkIsNoRecord(std::size_t i, std::string_view name, std::size_t space);
   void checkValue(std::size_t i);
   [[nodiscard]] NameKind kindInValue(std::string_view name, std::size_t value) const;
   void checkMember(std::size_t i);
@@ -113,6 +112,21 @@ class Checker {
                    const Declaration& other) {
     findings.push_back({&rule, i, text, {other.word, other.file == file ? nothing : other.file}});
   }
+  /// Returns the first declaration of a name in a namespace that another file brings and for which
+  /// this holds, or `nothing`.
+  template <typename Predicate>
+  [[nodiscard]] std::size_t broughtInto(std::size_t space, std::string_view name,
+                                        const Predicate& holds) const {
+    std::size_t d = declarations.firstIn(space, name);
+    const auto isBrought = [&] {
+      const std::size_t other = declarations[d].file;
+      return other != file && sight.hasFile(other) && holds(declarations[d]);
+    };
+    while (d != nothing && !isBrought()) d = declarations[d].next;
+    return d;
+  }
+  bool reportHiding(const Rule& rule, std::size_t i, std::string_view text, std::size_t space,
+                    std::string_view name);
   void reportNamespace(const Rule& rule, std::size_t i, std::string_view name, std::size_t space);
 
   const Declarations& declarations;

@@ -58,16 +58,7 @@ void Checker::checkLibrary(std::size_t i, const BuiltinType& type) {
   isLibraryChecked = true;
   const std::vector<std::size_t>& spaces = declarations.file(file).namespaces;
   for (std::size_t level = 1; level < spaces.size(); ++level) {
-    std::size_t d = declarations.firstIn(spaces[level], "std");
-    for (; d != nothing; d = declarations[d].next) {
-      const Declaration& other = declarations[d];
-      if (other.isItem() || other.file == file || !sight.hasFile(other.file)) continue;
-      return reportOther(rules::hiddenLibrary, i, type.keyword, other);
-    }
-    const std::size_t nested = lookup.seenNamespace(spaces[level], "std");
-    if (nested != nothing) {
-      return reportNamespace(rules::hiddenLibrary, i, type.keyword, nested);
-    }
+    if (reportHiding(rules::hiddenLibrary, i, type.keyword, spaces[level], "std")) return;
   }
 }
 

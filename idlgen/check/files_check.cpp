@@ -14,8 +14,6 @@ namespace {
 /// be visited by recursion, because a chain of them may be long.
 class CycleSearch {
  public:
-  using Includes = std::vector<std::vector<Inclusion>>;
-
   explicit CycleSearch(const Includes& fileIncludes)
       : includes(fileIncludes), visits(fileIncludes.size()) {
     for (std::size_t file = 0; file < includes.size(); ++file) {
@@ -141,14 +139,7 @@ void FilesCheck::appendIncludeFindings(std::size_t file, std::vector<Finding>& f
 /// Returns all files that a file sees, and itself.
 std::unordered_set<std::size_t> FilesCheck::closure(std::size_t file) const {
   std::unordered_set<std::size_t> files = {file};
-  std::vector<std::size_t> pending = {file};
-  while (!pending.empty()) {
-    const std::size_t next = pending.back();
-    pending.pop_back();
-    for (const Inclusion& inclusion : includes[next]) {
-      if (files.insert(inclusion.file).second) pending.push_back(inclusion.file);
-    }
-  }
+  FollowIncludes(file, includes, [&](std::size_t other) { return files.insert(other).second; });
   return files;
 }
 

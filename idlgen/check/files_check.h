@@ -59,7 +59,7 @@ class FilesCheck {
 
   Declarations declarations;
   Sight sight = Sight(declarations);
-  std::vector<std::vector<Inclusion>> includes;
+  Includes includes;
   std::vector<Openness> openness;
   std::vector<std::size_t> cycles;  ///< For each file, a number that those of a cycle share.
   std::optional<std::vector<Clash>> clashes;

@@ -14,13 +14,11 @@ bool IsDigit(char32_t code) {
   return code >= '0' && code <= '9';
 }
 
-/// Returns whether the word is a number or a name with dots.
-bool IsTemplateArgument(std::string_view word) {
-  if (IsNumber(word)) return true;
+/// Returns whether the word is a name, or names with dots between them and perhaps before them.
+bool IsDotted(std::string_view word) {
   const std::vector<std::string_view> parts = Components(word);
-  const std::size_t skipped = parts.size() > 1 && parts.front().empty() ? 1 : 0;
-  return std::all_of(parts.begin() + static_cast<std::ptrdiff_t>(skipped), parts.end(),
-                     IsIdentifier);
+  const std::ptrdiff_t skipped = parts.size() > 1 && parts.front().empty() ? 1 : 0;
+  return std::all_of(parts.begin() + skipped, parts.end(), IsIdentifier);
 }
 
 }  // namespace
@@ -98,7 +96,7 @@ bool IsTemplate(std::string_view type) {
     const bool mayBeEmpty = before == '>' || isEmptyList;
     if (word.empty() && !mayBeEmpty) return false;
     if (before == '>' && !isMember) return false;
-    if (!word.empty() && !IsTemplateArgument(word)) return false;
+    if (!word.empty() && !IsNumber(word) && !IsDotted(word)) return false;
     if (after == '<' && (word.empty() || IsNumber(word))) return false;
     if (after == '\0') return depth == 0;
     if (after != '<' && depth == 0) return false;
@@ -141,9 +139,7 @@ bool IsTypeForm(std::string_view word) {
   const std::optional<std::string_view> element = ElementType(word);
   if (!element.has_value()) return false;
   if (element->find('<') != std::string_view::npos) return IsTemplate(*element);
-  const std::vector<std::string_view> parts = Components(*element);
-  const std::ptrdiff_t skipped = parts.size() > 1 && parts.front().empty() ? 1 : 0;
-  return std::all_of(parts.begin() + skipped, parts.end(), IsIdentifier);
+  return IsDotted(*element);
 }
 
 IncludeForm FormOfInclude(std::string_view word) {

@@ -13,8 +13,6 @@
 namespace zentho {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
-
 bool Contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
 }

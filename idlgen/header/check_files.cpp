@@ -1,7 +1,5 @@
 #include "header/check_files.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <new>
 #include <string_view>
@@ -75,7 +73,7 @@ class Run {
   }
 
   OutputFile output(const std::string& path, std::string beginning) const {
-    return {path, std::move(beginning), [&](const struct stat& file) { return isRead(file); },
+    return {path, std::move(beginning), [this](FileId id) { return isRead(id); },
             "is a file to read"};
   }
 
@@ -93,8 +91,7 @@ class Run {
     return files;
   }
 
-  bool isRead(const struct stat& file) const {
-    const FileId id = {file.st_dev, file.st_ino};
+  bool isRead(FileId id) const {
     return sources.contains(id) ||
            std::any_of(request.argumentFiles.begin(), request.argumentFiles.end(),
                        [&](const std::string& path) { return DiskTree().look(path).id == id; });

@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "header/output_file.h"
+#include "header/outcome.h"
 #include "io/file.h"
 
 namespace zentho {

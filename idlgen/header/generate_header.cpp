@@ -1,29 +1,21 @@
 #include "header/generate_header.h"
 
-#include <sys/stat.h>
-
 #include <new>
 #include <optional>
 #include <string_view>
 #include <system_error>
 
 #include "generator/generator.h"
-#include "header/examine.h"
 #include "header/output_file.h"
+#include "header/report.h"
 #include "io/file.h"
 #include "io/line_writer.h"
 #include "io/replace_file.h"
 #include "schema/schema.h"
+#include "sources/source_tree.h"
 
 namespace zentho {
 namespace {
-
-/// Returns whether the path leads to the file. Errors count as no.
-bool IsPathOf(const std::string& path, const struct stat& file) {
-  struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 && status.st_dev == file.st_dev &&
-         status.st_ino == file.st_ino;
-}
 
 /// Returns whether the file at `path` has this text. Errors count as no.
 bool HasText(const std::string& path, const std::string& text) {
@@ -37,7 +29,7 @@ Outcome generate(const HeaderRequest& request) {
     return {false, ErrorLine(request.idl, error.message())};
   }
   Schema schema;
-  Outcome result = examine(request.idl, source, schema, request.warnings);
+  Outcome result = reportAlone(request.idl, source, schema, request.warnings);
   if (!result.succeeded) return result;
 
   StringLineWriter header;
@@ -52,9 +44,9 @@ Outcome generate(const HeaderRequest& request) {
 }  // namespace
 
 Outcome generateHeader(const HeaderRequest& request) {
-  const OutputFile header = {
-      request.header, "#pragma once",
-      [&](const struct stat& status) { return IsPathOf(request.idl, status); }, "is the IDL file"};
+  const OutputFile header = {request.header, "#pragma once",
+                             [&](FileId id) { return DiskTree().look(request.idl).id == id; },
+                             "is the IDL file"};
   if (const std::optional<std::string> reason = Refusal(header)) {
     return {false, ErrorLine(request.header, *reason)};
   }

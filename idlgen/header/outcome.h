@@ -18,4 +18,10 @@ struct Outcome {
   std::string messages;  ///< Lines for standard error. There may be warnings after success.
 };
 
+/// What a run says if memory runs out.
+constexpr const char* noMemory = "idlgen-header: Cannot allocate memory\n";
+
+/// Returns a message about a file: "idlgen-header: PATH: REASON" and a line feed.
+std::string ErrorLine(const std::string& path, const std::string& reason);
+
 }  // namespace zentho

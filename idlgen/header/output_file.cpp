@@ -1,9 +1,12 @@
 #include "header/output_file.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <system_error>
 
 #include "diagnostics/printable.h"
+#include "header/outcome.h"
 #include "io/file.h"
 #include "io/replace_file.h"
 
@@ -27,7 +30,7 @@ std::error_code PathError(const std::string& path) {
 /// Returns why an existing file must stay as it is, or nothing.
 std::optional<std::string> ReasonToKeep(const OutputFile& file, const struct stat& status) {
   if (S_ISLNK(status.st_mode)) return "is a symbolic link";
-  if (file.isInput(status)) return std::string(file.inputReason);
+  if (file.isInput({status.st_dev, status.st_ino})) return std::string(file.inputReason);
   if (!S_ISREG(status.st_mode)) return "is not a regular file";
   std::string start;
   const std::size_t size = std::max<std::size_t>(file.beginning.size(), 1);
@@ -40,10 +43,6 @@ std::optional<std::string> ReasonToKeep(const OutputFile& file, const struct sta
 }
 
 }  // namespace
-
-std::string ErrorLine(const std::string& path, const std::string& reason) {
-  return "idlgen-header: " + Printable(path) + ": " + reason + "\n";
-}
 
 std::optional<std::string> Refusal(const OutputFile& file) {
   struct stat status {};

@@ -8,6 +8,7 @@
 
 #include "diagnostics/finding_advice.h"
 #include "diagnostics/printable.h"
+#include "sources/source_file.h"
 
 namespace zentho {
 namespace {
@@ -183,6 +184,15 @@ Outcome reportOn(Examination& examination, std::size_t file, Warnings warnings) 
   if (!recovered->isComplete) {
     outcome.messages += Printable(source.path) + ": the rest is not checked\n";
   }
+  return outcome;
+}
+
+Outcome reportAlone(const std::string& path, const std::string& text, Schema& schema,
+                    Warnings warnings) {
+  SourceFile file = ParseSource(path, text);
+  Examination examination(file);
+  Outcome outcome = reportOn(examination, 0, warnings);
+  schema = std::move(file.schema);
   return outcome;
 }
 

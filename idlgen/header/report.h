@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 #include "header/examination.h"
 #include "header/outcome.h"
+#include "schema/schema.h"
 
 namespace zentho {
 
@@ -11,5 +13,10 @@ namespace zentho {
 /// what the check has found in the words that are left. They are in the order of the places. Of
 /// many, 20 are shown, errors rather than warnings.
 [[nodiscard]] Outcome reportOn(Examination& examination, std::size_t file, Warnings warnings);
+
+/// Does the same for the text of the IDL file at `path`, without looking at any other. Fills the
+/// empty `schema` if the file passes.
+[[nodiscard]] Outcome reportAlone(const std::string& path, const std::string& text, Schema& schema,
+                                  Warnings warnings = Warnings::Tell);
 
 }  // namespace zentho

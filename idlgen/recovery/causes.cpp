@@ -2,6 +2,7 @@
 #include <optional>
 #include <utility>
 
+#include "check/characters.h"
 #include "check/word_forms.h"
 #include "diagnostics/advice.h"
 #include "diagnostics/printable.h"
@@ -81,7 +82,6 @@ std::vector<std::string> SplitAtBlanks(const LocatedWords& file, WordRange range
   std::vector<std::string> parts;
   for (std::size_t i = range.first; i < range.end; ++i) {
     std::string_view word = file.text(i);
-    constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
     if (word.substr(0, byteOrderMark.size()) == byteOrderMark) {
       word.remove_prefix(byteOrderMark.size());
     }

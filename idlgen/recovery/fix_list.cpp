@@ -93,7 +93,11 @@ class List {
     return end;
   }
 
-  /// Returns whether the pair that the last word of a line begins ends with the next line's first.
+  /// Returns whether the pair that the last word of an odd line begins ends with the next line's
+  /// first word: because of a colon between them, as in `x` and `: int8`; because that one looks
+  /// like a type or a value, as in `x` and `int8`; or because each stands alone, as in `x` and
+  /// `Pose`. Then the rest of the next line must be pairs again, unless a colon shows that the word
+  /// is the end of a pair, or that the next line is not complete either.
   [[nodiscard]] bool goesOn(WordRange line) const {
     const std::size_t next = line.end;
     const bool isSingle = line.end - line.first == 1;
