@@ -64,16 +64,16 @@ void Recovery::run(const CheckWords& check) {
 /// If most lines end with CR LF, says so once, and reads their last words without the CR.
 void Recovery::dropCarriageReturns() {
   std::size_t lines = 0;
-  std::size_t linesWithReturn = 0;
-  std::vector<std::size_t> ends;  // The words that end with a CR, which may be part of a comment.
+  std::vector<std::size_t> returns;  // A word of each line that ends with a CR.
+  std::vector<std::size_t> ends;     // The words that end with it. It may be part of a comment.
   for (std::size_t i = 0; i < file.size(); i = LineEnd(file, i)) {
     const std::size_t last = LineEnd(file, i) - 1;
     ++lines;
-    if (file.places[i].line.back() == '\r') ++linesWithReturn;
+    if (file.places[i].line.back() == '\r') returns.push_back(i);
     if (file.text(last).back() == '\r') ends.push_back(last);
   }
-  if (ends.empty() || linesWithReturn * 2 <= lines) return;
-  const Place& place = file.places[ends.front()];
+  if (ends.empty() || returns.size() * 2 <= lines) return;
+  const Place& place = file.places[returns.front()];
   const Spot spot = {{place.lineNumber, place.line, place.code, place.line.size() - 1}, 1};
   recovered.diagnostics.push_back(
       {Severity::Error, spot, Sentence(rules::carriageReturns.sentence, "", "")});
