@@ -153,7 +153,7 @@ std::string PathOf(const std::string& line) {
   const std::string path = line.substr(4);
   const bool isPath = path.find_first_not_of("abcdefghijklmnopqrstuvwxyz./") == std::string::npos &&
                       path[0] != '.' && std::filesystem::path(path).has_filename() &&
-                      std::filesystem::path(path).lexically_normal() == path;
+                      std::filesystem::path(path).lexically_normal().string() == path;
   return isPath ? path : std::string();
 }
 

@@ -111,6 +111,8 @@ const std::vector<RecoveryRow> lineRows = {
      R"(2:6: "a::" is not a type: write dots: "a.B")"},
     {"ColonsInAValue", "enum E {\n  A: 0\n  B: E::A\n}", "enum E { A 0 }",
      R"(3:6: "E::" is not a value: write only the item: "A")"},
+    {"GluedBraceOnTheSecondLineOfAPair", "message M {\n  x:\n  int8}", "message M { x int8 }",
+     R"(3:3: "int8}" is not a type: put spaces around "}")"},
     {"LineThatOpensABlock", "message M {\n  oneof k {\n    a: int8\n  }\n  x: int8\n}",
      "message M { x int8 }",
      R"(2:3: "oneof" is not a member: a member is a name and one word for the type)"},

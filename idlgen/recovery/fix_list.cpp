@@ -101,9 +101,9 @@ class List {
   [[nodiscard]] bool goesOn(WordRange line) const {
     const std::size_t next = line.end;
     const bool isSingle = line.end - line.first == 1;
-    if (next >= file.size() || BraceOf(file.text(next)) != '\0' || IsBeforeColon(file, next)) {
-      return false;
-    }
+    if (next >= file.size() || IsBeforeColon(file, next)) return false;
+    // A brace may be glued to a type, as in `int8}`.
+    if (file.text(next).front() == '}' || BraceOf(file.text(next)) == '{') return false;
     const bool beginsWithType = LooksLikeType(file.text(line.first)) &&
                                 !IsBeforeColon(file, line.first) && !IsAfterColon(file, line.first);
     if (!isSingle && (beginsWithType || IsAfterColon(file, next - 1))) return false;
