@@ -204,6 +204,7 @@ Found Lookup::findInValue(std::string_view name, std::size_t word, std::size_t e
     }
     if (record.result == Result::Type) return record;
     if (record.result == Result::Below) below = record;
+    if (seenNamespace(namespaces[level], name) != nothing) return {Result::Namespace};
   }
   if (below.result == Result::Below) return below;
   // Macros and the library have many more names, which a file with includes may use.
