@@ -283,15 +283,16 @@ TEST(Recovery, SaysOneThingAboutALine) {
   EXPECT_EQ(reading.said, R"(1:9: a name is missing before the "{")");
 }
 
-TEST(Recovery, KeepsTheNamesThatItLeavesOut) {
-  const std::string idl = "message M {\n  größe = [a.B2]\n}";
+TEST(Recovery, KeepsTheNamesThatMayBeDeclaredWhereItLeavesOut) {
+  const std::string idl = "enum E {\n  größe = [a.B2]\n}\nmessage M {\n  x: [C; D]\n}\n";
   const SourceFile file = ParseSource("a.idl", idl);
   Recovery recovery(file.text, file.words, file.error);
   recovery.run(CheckAlone);
   const Recovered& recovered = recovery.result();
   for (const char* name : {"größe", "a", "B2"}) EXPECT_EQ(recovered.leftOut.names.count(name), 1U);
+  for (const char* name : {"x", "C", "D"}) EXPECT_EQ(recovered.leftOut.names.count(name), 0U);
   EXPECT_FALSE(recovered.leftOut.mayDeclareAnything);
-  EXPECT_EQ(recovered.linesAtFault, std::vector<std::size_t>{2});
+  EXPECT_EQ(recovered.linesAtFault, (std::vector<std::size_t>{2, 5}));
 }
 
 }  // namespace

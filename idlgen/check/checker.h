@@ -64,7 +64,7 @@ class Checker {
   void checkMember(std::size_t i);
   void checkMeaning(std::size_t i, const Uses& use);
   TypeWord checkTypeWord(std::size_t i);
-  void checkLibrary(std::size_t i, const BuiltinType& type);
+  void checkLibrary(std::size_t i);
   TypeWord checkTemplate(std::size_t i, std::string_view type);
   bool checkParts(std::size_t i, const std::vector<std::string_view>& parts);
   TypeWord checkName(std::size_t i, std::string_view type, bool isVector);

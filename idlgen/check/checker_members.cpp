@@ -44,21 +44,22 @@ TypeWord Checker::checkTypeWord(std::size_t i) {
     report(rules::notAType, i);
     return TypeWord::Wrong;
   }
-  if (const BuiltinType* const builtin = FindBuiltinType(*element)) {
-    if (!sight.others().empty()) checkLibrary(i, *builtin);
-    return TypeWord::Type;
-  }
+  const bool isVector = element->size() < words[i].text.size();
+  const BuiltinType* const builtin = FindBuiltinType(*element);
+  const bool isOfLibrary = builtin != nullptr && builtin->cppType.substr(0, 5) == "std::";
+  if (isVector || isOfLibrary) checkLibrary(i);
+  if (builtin != nullptr) return TypeWord::Type;
   if (element->find('<') != std::string_view::npos) return checkTemplate(i, *element);
-  return checkName(i, *element, element->size() < words[i].text.size());
+  return checkName(i, *element, isVector);
 }
 
-/// Checks once that no included file hides the namespace of the C++ library, if a type needs it.
-void Checker::checkLibrary(std::size_t i, const BuiltinType& type) {
-  if (isLibraryChecked || type.cppType.substr(0, 5) != "std::") return;
+/// Checks once that no included file hides the namespace of the C++ library, which a type needs.
+void Checker::checkLibrary(std::size_t i) {
+  if (isLibraryChecked || sight.others().empty()) return;
   isLibraryChecked = true;
   const std::vector<std::size_t>& spaces = declarations.file(file).namespaces;
   for (std::size_t level = 1; level < spaces.size(); ++level) {
-    if (reportHiding(rules::hiddenLibrary, i, type.keyword, spaces[level], "std")) return;
+    if (reportHiding(rules::hiddenLibrary, i, words[i].text, spaces[level], "std")) return;
   }
 }
 
@@ -125,9 +126,11 @@ TypeWord Checker::checkName(std::size_t i, std::string_view type, bool isVector)
     reportPart(isType ? rules::hiddenByMember : rules::memberAsType, i, type, use.asMember);
     return TypeWord::Wrong;
   }
-  // A record may have a member of its own name. Of a path, only a service is used as a type.
-  const bool isUse =
-      isPath ? lookup.isNamed(found, parts.front()) : found.result != Result::Itself && !isUnknown;
+  // A record may have a member of its own name. Of a path, only a service is used as a type, if all
+  // parts before the last are its name.
+  const auto isFound = [&](std::string_view part) { return lookup.isNamed(found, part); };
+  const bool isUse = isPath ? std::all_of(parts.begin(), parts.end() - 1, isFound)
+                            : found.result != Result::Itself && !isUnknown;
   if (isUse) use.asType = i;
   return checkFound(i, type, isVector, found);
 }

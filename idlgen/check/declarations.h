@@ -148,10 +148,11 @@ std::optional<ClashingWords> Declarations::firstTwo(const Clash& clash,
                          {type.word, type.file},
                          false};
   }
-  if (record == nothing || clash.space == nothing) return std::nullopt;
+  const std::size_t name = record != nothing ? record : item;
+  if (name == nothing || clash.space == nothing) return std::nullopt;
   const std::size_t file = fileOf(clash.space, isSeen);
   if (file == nothing) return std::nullopt;
-  const Declaration& declaration = declarations[record];
+  const Declaration& declaration = declarations[name];
   return ClashingWords{files[declaration.file].words->texts[declaration.word],
                        {declaration.word, declaration.file},
                        {files[file].namespaceWord, file}};

@@ -5,10 +5,34 @@
 
 #include "check/characters.h"
 #include "check/cpp_words.h"
+#include "check/tables.h"
 #include "schema/builtin_types.h"
 
 namespace zentho {
 namespace {
+
+struct CharacterRange {
+  char32_t first;
+  char32_t last;
+};
+
+/// What texts contain but no name that a compiler accepts: spaces, punctuation,
+/// arrows, operators and drawings.
+constexpr auto signsAndSpaces = Table<CharacterRange>({{0xd7, 0xd7},
+                                                       {0xf7, 0xf7},
+                                                       {0x1680, 0x1680},
+                                                       {0x180e, 0x180e},
+                                                       {0x2000, 0x203e},
+                                                       {0x2041, 0x2053},
+                                                       {0x2055, 0x206f},
+                                                       {0x2190, 0x245f},
+                                                       {0x2500, 0x2775},
+                                                       {0x2794, 0x2bff},
+                                                       {0x2e00, 0x2e7f},
+                                                       {0x3000, 0x3003},
+                                                       {0x3008, 0x3020},
+                                                       {0x3030, 0x3030},
+                                                       {0xfe45, 0xfe46}});
 
 bool IsDigit(char32_t code) {
   return code >= '0' && code <= '9';
@@ -34,11 +58,12 @@ bool IsNameCharacter(char32_t code) {
     const char32_t lower = code | 0x20U;
     return (lower >= 'a' && lower <= 'z') || IsDigit(code) || code == '_' || code == '$';
   }
-  // Signs and spaces that texts contain, but no letters. All others are left to the compiler.
   if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
-  // Some compilers take these for spaces.
-  if (code == 0x1680 || code == 0x180e || code == 0x3000) return false;
-  return code < 0x2000 || code > 0x206f;
+  // All that is not in these ranges is left to the compiler.
+  const auto contains = [code](const CharacterRange& range) {
+    return range.first <= code && code <= range.last;
+  };
+  return std::none_of(signsAndSpaces.begin(), signsAndSpaces.end(), contains);
 }
 
 bool IsPunctuation(std::string_view word) {

@@ -81,7 +81,7 @@ bool IsAssignment(std::string_view word) {
 bool HasFixedSize(std::string_view word) {
   const std::size_t closing = word.rfind(']');
   if (closing == std::string_view::npos || closing == 0) return false;
-  const std::size_t opening = word.find_last_of("[,", closing - 1);
+  const std::size_t opening = word.find_last_of("[,;", closing - 1);
   return opening != std::string_view::npos &&
          IsNumber(word.substr(opening + 1, closing - opening - 1));
 }
@@ -142,7 +142,14 @@ constexpr auto assignmentRows = Table<SignRow>({
 });
 
 constexpr auto formRows = Table<SignRow>({
-    {members, LooksLikeType, R"(put the name first, as in "x: int8")"},
+    {members,
+     [](std::string_view word) {
+       return LooksLikeType(word) || (Contains(word, "<") && IsTemplate(word));
+     },
+     R"(put the name first, as in "x: int8")"},
+    {names | types,
+     [](std::string_view word) { return StartsWith(word, "@") && IsNumber(word.substr(1)); },
+     "there are no field numbers"},
     {types,
      [](std::string_view word) {
        return IsTemplateOf(word, {"map", "unordered_map", "Map", "HashMap"});

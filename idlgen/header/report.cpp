@@ -74,6 +74,7 @@ class Selection {
   void addFindings(Severity severity) {
     for (const Finding& finding : recovered.findings) {
       if (finding.rule->severity != severity || isInLineAtFault(finding)) continue;
+      if (isBeforeForm(finding)) continue;
       const Advice advice = adviceFor(finding);
       if (isRepeated(finding, advice) || isConsequence(finding, advice)) continue;
       if (diagnostics.size() >= mostMessages) {
@@ -109,6 +110,25 @@ class Selection {
     if (!advice.isAboutForm || advice.text.empty()) return false;
     const std::size_t line = recovered.file.places[finding.word].lineNumber;
     return !given.insert({line, advice.text.substr(0, advice.text.find(", as in"))}).second;
+  }
+
+  /// Returns whether the finding is about a pair without a colon, and the form of the next word of
+  /// its line is at fault: in `string x = 1`, the "=" shows what is meant.
+  [[nodiscard]] bool isBeforeForm(const Finding& finding) const {
+    const LocatedWords& file = recovered.file;
+    const bool isType = IsSecondHalf(file.role(finding.word));
+    const std::size_t next = finding.word + (isType ? 1 : 2);
+    const bool hasColon = isType ? IsAfterColon(file, finding.word)
+                                 : next < file.size() && IsAfterColon(file, finding.word + 1);
+    const bool mayFollow =
+        finding.rule == &rules::notDeclared || finding.rule == &rules::builtinTypeAsName;
+    if (!mayFollow || hasColon || next >= file.size() || !AreOnOneLine(file, finding.word, next)) {
+      return false;
+    }
+    const std::vector<Finding>& findings = recovered.findings;  // In the order of the words.
+    const auto isBefore = [](const Finding& other, std::size_t word) { return other.word < word; };
+    const auto found = std::lower_bound(findings.begin(), findings.end(), next, isBefore);
+    return found != findings.end() && found->word == next && found->rule->hint == Hint::Form;
   }
 
   /// Returns whether the finding may follow from one about a word just before it on the line, whose

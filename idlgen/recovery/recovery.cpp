@@ -206,9 +206,10 @@ void Recovery::readInstead(const Fix& fix) {
   }
   std::vector<std::string_view> read;
   for (const std::string& word : fix.texts) read.push_back(texts.emplace_back(word));
-  for (std::size_t i = fix.replaced.first; i < fix.replaced.end; ++i) {
+  const std::size_t leftOutEnd = mayDeclare(fix) ? fix.replaced.end : fix.replaced.first;
+  for (std::size_t i = fix.replaced.first; i < leftOutEnd; ++i) {
     const bool isRead = std::find(read.begin(), read.end(), file.text(i)) != read.end();
-    if (!isRead && fix.mayDeclare) leaveOut(file.text(i), read.empty());
+    if (!isRead) leaveOut(file.text(i), read.empty());
   }
   const std::size_t at = std::min(fix.replaced.first, file.size() - 1);
   std::vector<Place> places;
@@ -223,6 +224,18 @@ void Recovery::readInstead(const Fix& fix) {
   replace(file.words.texts, fix.replaced, read);
   replace(file.places, fix.replaced, places);
   parse();
+}
+
+/// Returns whether names among the words that are not read may be declared there: not in a line of
+/// members, unless it opens a block.
+bool Recovery::mayDeclare(const Fix& fix) const {
+  if (!fix.mayDeclare || fix.replaced.first == fix.replaced.end) return false;
+  const Role role = file.role(fix.replaced.first);
+  if (role != Role::MemberName && role != Role::MemberType) return true;
+  const std::vector<std::string_view>& words = file.words.texts;
+  const auto at = [&](std::size_t i) { return words.begin() + static_cast<std::ptrdiff_t>(i); };
+  return std::any_of(at(fix.replaced.first), at(fix.replaced.end),
+                     [](std::string_view word) { return BraceOf(word) != '\0'; });
 }
 
 /// Keeps the names in a word that is not read, which may be declared there.

@@ -59,6 +59,7 @@ class Recovery {
   void tell(const Fix& fix);
   void readInstead(const Fix& fix);
   [[nodiscard]] bool isConsequence(const Fix& fix) const;
+  [[nodiscard]] bool mayDeclare(const Fix& fix) const;
   void leaveOut(std::string_view word, bool isWholeLine);
 
   Recovered recovered;
