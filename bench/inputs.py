@@ -57,13 +57,15 @@ GROWING = [
         "braces of a token": lambda n: "{" * n,
         "tokens before an error": lambda n: "enum E { " + "A 0 " * (n // 2) + "} fault",
     }),
+    ("idlgen-header", 0, {
+        "items as values": lambda n: "enum E { A: 0\n" + "".join(
+            f"x{i}: A\n" for i in range(n)) + "}",
+        "colons in one line": lambda n: "message M { x: int8 }\n" + ":" * n,
+    }),
     ("idlgen-header", 1, {
         "members of one name": lambda n: members(n, "x: int8\n"),
         "members of odd names": lambda n: members(n, "a-{i}: int8\n"),
         "members of unknown types": lambda n: members(n, "x{i}: Type{i}\n"),
         "members of the C library's types": lambda n: members(n, "x{i}: time_t\n"),
-        "items as values": lambda n: "enum E { A: 0 " + "".join(
-            f"x{i}: A\n" for i in range(n)) + "}",
-        "colons in one line": lambda n: "message M { x: int8 }\n" + ":" * n,
     }),
 ]

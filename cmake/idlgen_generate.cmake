@@ -37,7 +37,7 @@ endfunction()
 
 # Checks the arguments of the calling idlgen_generate.
 function(_idlgen_check_arguments)
-  # These may be variables of the project that are empty.
+  # A project may give an empty variable for these.
   list(REMOVE_ITEM _idlgen_KEYWORDS_MISSING_VALUES DEPENDS INCLUDE_DIRS)
   if(_idlgen_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "idlgen_generate: unknown argument: ${_idlgen_UNPARSED_ARGUMENTS}")
@@ -230,9 +230,9 @@ endfunction()
 # Adds the target that checks the IDL files, together with those that they include, before their
 # headers are generated.
 function(_idlgen_add_check target idls search directory depends)
-  # Targets that link this one search its directories. They learn of them by a property of which
-  # programs see nothing. Include directories would not do: install(EXPORT) would write them, and
-  # they cannot be read if they depend on the language of a source file.
+  # Targets that link this one search its directories. They learn of them by a property that is empty
+  # for other targets. Include directories would not do: install(EXPORT) would write them, and they
+  # cannot be read if they depend on the language of a source file.
   set(entries "${search}")
   list(TRANSFORM entries PREPEND "$<BUILD_INTERFACE:$<$<BOOL:$<TARGET_PROPERTY:IDLGEN_TARGET>>:-I")
   list(TRANSFORM entries APPEND ">>")

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view usage =
     "usage: idlgen-header [-w | --werror] [--if-changed] IDL HEADER\n"
-    "       idlgen-header --check [-w | --werror] [-I DIR]... [--stamp FILE] [--depfile FILE] "
+    "       idlgen-header --check [-w | --werror] [-I DIR]... [--stamp FILE [--depfile FILE]] "
     "IDL...\n";
 constexpr std::string_view help =
     "       idlgen-header --help | --version\n"

@@ -96,8 +96,9 @@ void Checker::checkNamespace(std::size_t i) {
   }
   // The functions of the header stand in the namespace of the framework.
   const std::size_t top = !names.empty() && names.front() == "zentho" ? 1 : 0;
-  const bool hidesBuffer = top < names.size() && names[top] == "BytesBuffer";
-  if (hidesBuffer && hasFunctions()) reportPart(rules::frameworkName, i, names[top]);
+  const bool hidesName =
+      top < names.size() && (names[top] == "BytesBuffer" || (top == 1 && names[top] == "zentho"));
+  if (hidesName && hasFunctions()) reportPart(rules::frameworkName, i, names[top]);
   // No file may declare a part of the namespace as something else.
   for (std::size_t level = 0; level < names.size(); ++level) {
     const std::size_t space = declarations.file(file).namespaces[level];
@@ -158,8 +159,13 @@ void Checker::checkRecordName(std::size_t i) {
   const std::string_view name = words[i].text;
   if (!checkNewName(i, name)) return;
   const bool isService = words[i].role == Role::ServiceName;
+  const std::vector<std::string_view>& spaces = declarations.file(file).namespaceNames;
+  const bool hidesFramework = !isService && name == "zentho" && spaces.size() == 1 &&
+                              spaces.front() == "zentho" && hasFunctions();
   if (isGlobalNamespace(name)) {
     report(rules::globalNamespace, i);
+  } else if (hidesFramework) {
+    report(rules::frameworkName, i);
   } else if (name == "std") {
     report(rules::hidesStd, i);
   }
