@@ -218,6 +218,8 @@ NameKind Checker::kindInValue(std::string_view name, std::size_t value) const {
     case Result::Type:
       return declarations[found.declaration].role == Role::EnumName ? NameKind::EnumType
                                                                     : NameKind::OtherType;
+    case Result::Itself:
+      return NameKind::OtherType;
     case Result::Below:
       return lookup.mayBeElsewhere(name) ? NameKind::Elsewhere : NameKind::OtherType;
     case Result::Elsewhere:

@@ -198,6 +198,7 @@ Found Lookup::findInValue(std::string_view name, std::size_t word, std::size_t e
         return {Result::Item, i};
       }
       if (declaration.isItem()) continue;
+      if (!isOther && declaration.word == enumName) return {Result::Itself, i};
       const bool isEnumAbove =
           declaration.role == Role::EnumName && (isOther || declaration.word < enumName);
       record = {isOther || isEnumAbove ? Result::Type : Result::Below, i};

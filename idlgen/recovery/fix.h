@@ -17,6 +17,7 @@ namespace zentho {
 enum class MayFollow : std::uint8_t {
   Nothing,
   FaultInStatement,  ///< A line of the same statement is at fault.
+  FaultInOther,      ///< The line of the word that the note is about is.
   AnyFault           ///< Any line is, and the file closes all braces that it opens.
 };
 

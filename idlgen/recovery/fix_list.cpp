@@ -107,7 +107,7 @@ class List {
     const bool beginsWithType = LooksLikeType(file.text(line.first)) &&
                                 !IsBeforeColon(file, line.first) && !IsAfterColon(file, line.first);
     if (!isSingle && (beginsWithType || IsAfterColon(file, next - 1))) return false;
-    const std::size_t nextEnd = lineEnd(next);
+    const std::size_t nextEnd = BlockBegin(file, {next, lineEnd(next)});
     const bool leavesPairs = (nextEnd - next) % 2 == 1;
     if (IsAfterColon(file, next) || IsBeforeColon(file, next - 1)) {
       return leavesPairs || looksLikeSecondHalf(next);

@@ -68,9 +68,10 @@ void Recovery::dropCarriageReturns() {
   std::vector<std::size_t> ends;     // The words that end with it. It may be part of a comment.
   for (std::size_t i = 0; i < file.size(); i = LineEnd(file, i)) {
     const std::size_t last = LineEnd(file, i) - 1;
+    if (file.text(last).back() == '\r') ends.push_back(last);
+    if (file.text(i) == "\r") continue;  // There is no word in this line.
     ++lines;
     if (file.places[i].line.back() == '\r') returns.push_back(i);
-    if (file.text(last).back() == '\r') ends.push_back(last);
   }
   if (ends.empty() || returns.size() * 2 <= lines) return;
   const Place& place = file.places[returns.front()];
@@ -120,6 +121,7 @@ Fix Recovery::fixOfWord(std::size_t word) const {
     const auto first = std::find(roles.begin(), roles.end(), Role::NamespacePath);
     Fix fix{&rules::secondNamespace, word, "", "", {word, std::min(word + 2, file.size())}};
     fix.other = static_cast<std::size_t>(first - roles.begin());
+    fix.mayFollow = MayFollow::FaultInOther;
     fix.mayDeclare = false;
     return fix;
   }
@@ -184,13 +186,16 @@ bool Recovery::isConsequence(const Fix& fix) const {
     case MayFollow::AnyFault:
       return !diagnostics.empty() && !lacksBraces;
     case MayFollow::FaultInStatement:
+    case MayFollow::FaultInOther:
       break;
   }
+  const bool isInOther = fix.mayFollow == MayFollow::FaultInOther;
   std::size_t keyword = fix.word;
   while (keyword > 0 && file.role(keyword) != Role::Statement) --keyword;
-  const std::size_t first = file.places[keyword].lineNumber;
+  const std::size_t first = file.places[isInOther ? fix.other : keyword].lineNumber;
   return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
-    return diagnostic.spot.place.lineNumber >= first;
+    const std::size_t line = diagnostic.spot.place.lineNumber;
+    return isInOther ? line == first : line >= first;
   });
 }
 
