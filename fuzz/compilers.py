@@ -77,7 +77,8 @@ def change_text(rng, text, how):
         return "@\ufeff" + text
     lines = text.split("\n")
     full = [i for i, line in enumerate(lines) if line.strip(" ")[:1] not in ("", "#", "/")]
-    i = (rng.choice(full) if how == "tab" else full[0]) if full else 0
+    full = full or [i for i, line in enumerate(lines) if not line] or [0]
+    i = rng.choice(full) if how == "tab" else full[0]
     if how == "tab":
         lines[i] = "\t" + lines[i]
     lines[i] = "@" + lines[i]

@@ -246,8 +246,10 @@ KINDS = [
         "A: 1 B: @(A)1", "A: 1 B: @A(1)", "A: 1 B: @A++", "A: 1 B: @&A", "A: 1 B: @*A",
         "A: 1 B: @A?A", "A: @sizeof(int", "A: 1 B: @A=1"]),
     Kind("no value of a type", ERROR, STATEMENT, ANY, [
-        ("message P { }", "enum E { A: @sizeof(P) }"), "enum E { A: @sizeof(E) }",
-        "enum E { A: @E(0) }", "enum E { A: @(E)1 }", ("enum E { A: @(F)1 }", "enum F { B: 1 }")]),
+        "enum E { A: @sizeof(E) }", "enum E { A: @E(0) }", "enum E { A: @(E)1 }"]),
+    Kind("no value of a type below", ERROR, STATEMENT, ALONE, [
+        ("message P { }", "enum E { A: @sizeof(P) }"),
+        ("enum E { A: @(F)1 }", "enum F { B: 1 }")]),
     Kind("name of no item", WARNING, VALUE, ALONE, words(
         "MISSING A|MISSING (MISSING) MISSING+1 x")),
     Kind("name of no item, with includes", UNSEEN, VALUE, INCLUDES, words("MISSING (MISSING|1)")),

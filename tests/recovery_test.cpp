@@ -198,6 +198,8 @@ const std::vector<RecoveryRow> statementRows = {
      R"(1:1: "\ufeffmessage" is not a statement: save the file without a byte order mark)"},
     {"CarriageReturnsInMostLines", "message M {\r\n  x: int8\r\n}", "message M { x int8 }",
      "1:12: lines end with CR LF: end them with LF"},
+    {"CarriageReturnsInEmptyLinesOnly", "# note\r\n\r\n\r\n", "",
+     "2:1: lines end with CR LF: end them with LF"},
     {"CarriageReturnsInEmptyLines", "\r\nmessage M {\r\n\r\n  x: int8\r\n}", "message M { x int8 }",
      "2:12: lines end with CR LF: end them with LF"},
     {"NamespaceAfterAWordOfAnotherLanguage", "package a\nnamespace b\nmessage M { }",

@@ -233,6 +233,7 @@ Fix Fault::atOpening() const {
     fix.texts = {"{", "}"};
   } else {
     fix.replaced.first = name - 1;
+    fix.mayDeclare = true;
   }
   return fix;
 }

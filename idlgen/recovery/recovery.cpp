@@ -73,8 +73,8 @@ void Recovery::dropCarriageReturns() {
     ++lines;
     if (file.places[i].line.back() == '\r') returns.push_back(i);
   }
-  if (ends.empty() || returns.size() * 2 <= lines) return;
-  const Place& place = file.places[returns.front()];
+  if (ends.empty() || (lines > 0 && returns.size() * 2 <= lines)) return;
+  const Place& place = file.places[returns.empty() ? ends.front() : returns.front()];
   const Spot spot = {{place.lineNumber, place.line, place.code, place.line.size() - 1}, 1};
   recovered.diagnostics.push_back(
       {Severity::Error, spot, Sentence(rules::carriageReturns.sentence, "", "")});
