@@ -73,7 +73,6 @@ bool Lookup::mayBeLeftOut(std::string_view name) const {
 Found Lookup::findName(std::string_view name, const Scope& user) const {
   if (name == PartName(user.part)) return {Result::Itself};
   if (IsNestedAbove(name, user.part)) return {Result::Type};
-  if (name == words.texts[user.record]) return use(ownRecord(user), user);
   Found below = unknown;
   for (std::size_t level = namespaces.size(); level-- > 0;) {
     const Found found = findIn(namespaces[level], name, user);
