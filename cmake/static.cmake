@@ -29,10 +29,12 @@ endfunction()
 # Sets the variable to 1 if a statically linked program runs, otherwise to 0. A cross build only links
 # it. With some sanitizers a program can be linked statically, but crashes at its start.
 function(_idlgen_check_static configuration variable)
-  # By default, the checks do not use the link options of the directory, such as those of a project
-  # that includes this one, nor the flags of the build type.
+  # By default, the checks do not use the link options and libraries of the directory, such as those
+  # of a project that includes this one, nor the flags of the build type.
   string(TOUPPER "${configuration}" suffix)
   get_directory_property(link_options LINK_OPTIONS)
+  get_directory_property(libraries LINK_LIBRARIES)
+  list(APPEND CMAKE_REQUIRED_LIBRARIES ${libraries})
   separate_arguments(flags UNIX_COMMAND "${CMAKE_EXE_LINKER_FLAGS_${suffix}}")
   set(CMAKE_REQUIRED_LINK_OPTIONS ${link_options} ${flags} -static)
   set(CMAKE_TRY_COMPILE_CONFIGURATION "${configuration}")
@@ -42,7 +44,7 @@ function(_idlgen_check_static configuration variable)
   # The cache keeps the result until the flags change.
   set(result IDLGEN_STATIC_WORKS_${suffix})
   set(flags "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${suffix}} ${CMAKE_EXE_LINKER_FLAGS} \
-${CMAKE_REQUIRED_LINK_OPTIONS}")
+${CMAKE_REQUIRED_LINK_OPTIONS} ${libraries}")
   if(NOT flags STREQUAL "${${result}_FLAGS}")
     unset(${result} CACHE)
     set(${result}_FLAGS "${flags}" CACHE INTERNAL "The flags of ${result}")

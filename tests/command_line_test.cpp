@@ -90,6 +90,7 @@ const std::vector<CommandLineRow> commandLines = {
      "check a stamp s depfile d"},
     {"DepfileWithoutAStamp", {"--check", "--depfile", "d", "a"}, "wrong"},
     {"StampAsDepfile", {"--check", "--stamp", "s", "--depfile", "s", "a"}, "wrong"},
+    {"StampAsDepfileByAnotherPath", {"--check", "--stamp", "s", "--depfile", "./s", "a"}, "wrong"},
     {"OptionAfterAFile", {"--check", "a", "-w"}, "wrong"},
     {"FileWithADash", {"--check", "--", "-a"}, "wrong"},
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -34,6 +35,10 @@ std::vector<std::string> Lines(std::string_view text) {
     text.remove_prefix(std::min(line.size() + 1, text.size()));
   }
   return lines;
+}
+
+bool IsSamePath(const std::filesystem::path& a, const std::filesystem::path& b) {
+  return a.lexically_normal() == b.lexically_normal();
 }
 
 /// Reads the arguments in their order.
@@ -134,7 +139,8 @@ class ArgumentReader {
     CheckRequest& request = line.check;
     const bool isWrong =
         operands.empty() || line.header.ifChanged || (isSilent && isStrict) ||
-        (request.depfile.has_value() && (!request.stamp || request.depfile == request.stamp)) ||
+        (request.depfile.has_value() &&
+         (!request.stamp || IsSamePath(*request.depfile, *request.stamp))) ||
         std::any_of(operands.begin(), operands.end(),
                     [](const std::string& operand) { return operand[0] == '-'; });
     if (isWrong) return {};

@@ -55,6 +55,16 @@ file(WRITE ${source}/idl/CMakeLists.txt "${lists}")
 file(REMOVE ${source}/idl/other.idl)
 run(SUCCEEDS COMMAND ${build_all})
 
+# A directory that is left empty is not in the place of another header.
+file(WRITE ${source}/idl/extra/deep.h/spare.idl "")
+file(WRITE ${source}/idl/extra/deep.idl "")
+foreach(file extra/deep.h/spare.idl extra/deep.idl extra/spare.idl)
+  string(REPLACE "FILES extra/spare.idl" "FILES ${file}" changed "${lists}")
+  file(WRITE ${source}/idl/CMakeLists.txt "${changed}")
+  run(SUCCEEDS COMMAND ${build_all} --target spare_idl_generate)
+endforeach()
+file(REMOVE_RECURSE ${source}/idl/extra/deep.h ${source}/idl/extra/deep.idl)
+
 # Nothing is written to the source tree.
 file(GLOB_RECURSE sources_now ${source}/*)
 check("sources_now STREQUAL sources")

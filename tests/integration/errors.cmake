@@ -59,7 +59,7 @@ file(COPY ${PREFIX}/bin ${PREFIX}/share DESTINATION ${prefix})
 not_found(${prefix} ${scratch}/quiet/build "CMake does not support \"#\" in the path ${prefix}/bin/idlgen-header")
 not_found(${PREFIX} ${scratch}/build[1] "in the path ${scratch}/build[1]")
 file(REMOVE ${prefix}/bin/idlgen-header)
-not_found(${prefix} ${scratch}/quiet/build "The program is missing from its package")
+not_found(${prefix} ${scratch}/quiet/build "The program of the package is missing or not executable")
 not_found(${PREFIX} ${scratch}/quiet/build "The package needs CMake 3.23 or later" -D OLD=ON)
 
 run(FAILS COMMAND ${configure} -D "CALL=find_package(idlgen REQUIRED COMPONENTS extra)"

@@ -61,4 +61,4 @@ run(SUCCEEDS COMMAND ${build_all})
 
 file(REMOVE ${program})
 file(REMOVE_RECURSE ${build})
-run(FAILS COMMAND ${configure} PRINTS "The program is missing from its package: ${program}")
+run(FAILS COMMAND ${configure} PRINTS "The program of the package is missing or not executable: ${program}")

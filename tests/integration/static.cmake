@@ -24,3 +24,18 @@ run(SUCCEEDS COMMAND ${configure} -D CMAKE_CXX_FLAGS_ASAN= -D CMAKE_CXX_FLAGS_RE
 links(Release release)
 links(Asan asan)
 check("release STREQUAL dynamically AND asan STREQUAL statically")
+
+# A project that includes this one may link a library into all programs.
+file(WRITE ${scratch}/parent/CMakeLists.txt "
+cmake_minimum_required(VERSION 3.23)
+project(parent LANGUAGES CXX)
+add_library(sanitizer INTERFACE)
+target_compile_options(sanitizer INTERFACE -fsanitize=address)
+target_link_options(sanitizer INTERFACE -fsanitize=address)
+link_libraries(sanitizer)
+add_subdirectory(\"${IDLGEN_SOURCE_DIR}\" idlgen)
+")
+set(build ${scratch}/parent/build)
+run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G ${BUILD} -S ${scratch}/parent -B ${build})
+links(Debug debug)
+check("debug STREQUAL dynamically")
