@@ -117,6 +117,10 @@ const std::vector<RecoveryRow> lineRows = {
      "message M {\n  a:\n  Pose b: int8 message N { c: int8\n  }",
      "message M { a Pose b int8 } message N { c int8 }",
      R"(3:16: a "}" is missing before this "message": declarations cannot be nested)"},
+    {"LineThatBeginsWithAType", "message M {\n  int8 x y\n  int8\n  z = 3\n}", "message M { }",
+     R"(2:3: "int8" is not a name: put the name first, as in "x: int8"
+3:3: "int8" has no name
+4:5: "=" is not a type: write a colon, as in "x: int8")"},
     {"LineThatOpensABlock", "message M {\n  oneof k {\n    a: int8\n  }\n  x: int8\n}",
      "message M { x int8 }",
      R"(2:3: "oneof" is not a member: a member is a name and one word for the type)"},
@@ -202,6 +206,8 @@ const std::vector<RecoveryRow> statementRows = {
      "2:1: lines end with CR LF: end them with LF"},
     {"CarriageReturnsInEmptyLines", "\r\nmessage M {\r\n\r\n  x: int8\r\n}", "message M { x int8 }",
      "2:12: lines end with CR LF: end them with LF"},
+    {"NamespaceWithoutAName", "namespace\nmessage M { x: int8 }", "message M { x int8 }",
+     R"(2:1: a name is missing before the "message")"},
     {"NamespaceAfterAWordOfAnotherLanguage", "package a\nnamespace b\nmessage M { }",
      "namespace a message M { }",
      R"(1:1: "package" is not a statement: did you mean "namespace"?)"},
