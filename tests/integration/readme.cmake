@@ -61,7 +61,7 @@ if(NOT SCRATCH MATCHES " ")
 endif()
 find_program(meson_program meson)
 if(meson_program)
-  run(SUCCEEDS COMMAND ${meson_program} setup ${scratch}/meson ${app} -Dcpp_args=-I${FRAMEWORK_DIR})
+  run(SUCCEEDS COMMAND ${meson_program} setup ${scratch}/meson ${app} "-Dcpp_args=['-I${FRAMEWORK_DIR}']")
   try(${scratch}/meson ninja -C ${scratch}/meson)
 endif()
 
