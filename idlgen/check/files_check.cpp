@@ -81,6 +81,13 @@ class CycleSearch {
 
 }  // namespace
 
+void sort(std::vector<Finding>& findings) {
+  const auto isBefore = [](const Finding& a, const Finding& b) { return a.word < b.word; };
+  if (!std::is_sorted(findings.begin(), findings.end(), isBefore)) {
+    std::stable_sort(findings.begin(), findings.end(), isBefore);
+  }
+}
+
 void FilesCheck::add(const Words& words, const LeftOut& leftOut, Openness fileOpenness,
                      std::vector<Inclusion> inclusions) {
   declarations.add(words, leftOut);
@@ -104,10 +111,7 @@ std::vector<Finding> FilesCheck::findings(std::size_t file) {
   for (std::size_t i = 0; i < count; ++i) checker.checkWord(i);
   std::vector<Finding> findings = std::move(checker.findings);
   if (!includes[file].empty()) appendIncludeFindings(file, findings);
-  const auto isBefore = [](const Finding& a, const Finding& b) { return a.word < b.word; };
-  if (!std::is_sorted(findings.begin(), findings.end(), isBefore)) {
-    std::stable_sort(findings.begin(), findings.end(), isBefore);
-  }
+  sort(findings);
   return findings;
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "check/rules.h"
 #include "schema/words.h"
@@ -27,5 +28,8 @@ struct Finding {
   WordInFile another = {};  ///< A second one.
   std::string advice = {};  ///< If not empty, it follows the sentence in place of the hint.
 };
+
+/// Puts findings in the order of their words.
+void sort(std::vector<Finding>& findings);
 
 }  // namespace zentho

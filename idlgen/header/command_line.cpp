@@ -137,12 +137,11 @@ class ArgumentReader {
   /// Returns the command line of "--check".
   CommandLine checkLine() {
     CheckRequest& request = line.check;
-    const bool isWrong =
-        operands.empty() || line.header.ifChanged || (isSilent && isStrict) ||
-        (request.depfile.has_value() &&
-         (!request.stamp || IsSamePath(*request.depfile, *request.stamp))) ||
-        std::any_of(operands.begin(), operands.end(),
-                    [](const std::string& operand) { return operand[0] == '-'; });
+    const bool isWrong = operands.empty() || line.header.ifChanged || (isSilent && isStrict) ||
+                         (request.depfile.has_value() &&
+                          (!request.stamp || IsSamePath(*request.depfile, *request.stamp))) ||
+                         std::any_of(operands.begin(), operands.end(),
+                                     [](const std::string& operand) { return operand[0] == '-'; });
     if (isWrong) return {};
     request.files = std::move(operands);
     request.warnings = warnings();

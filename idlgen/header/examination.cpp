@@ -125,6 +125,7 @@ std::vector<Finding> Examination::findings(std::size_t file) {
     finding.advice = DidYouMean(include.correction);
     found.push_back(std::move(finding));
   }
+  sort(found);
   return found;
 }
 

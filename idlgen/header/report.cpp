@@ -125,7 +125,7 @@ class Selection {
     if (!mayFollow || hasColon || next >= file.size() || !AreOnOneLine(file, finding.word, next)) {
       return false;
     }
-    const std::vector<Finding>& findings = recovered.findings;  // In the order of the words.
+    const std::vector<Finding>& findings = recovered.findings;
     const auto isBefore = [](const Finding& other, std::size_t word) { return other.word < word; };
     const auto found = std::lower_bound(findings.begin(), findings.end(), next, isBefore);
     return found != findings.end() && found->word == next && found->rule->hint == Hint::Form;

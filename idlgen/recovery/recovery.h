@@ -20,7 +20,7 @@ namespace zentho {
 /// What is read of a file, and what is wrong with it.
 struct Recovered {
   LocatedWords file;                      ///< What is read in the end.
-  std::vector<Finding> findings;          ///< Of the check, about the words that are read.
+  std::vector<Finding> findings;          ///< About the words that are read, in their order.
   std::vector<Diagnostic> diagnostics;    ///< One for each line at fault.
   std::vector<std::size_t> linesAtFault;  ///< Whose words are not all read.
   LeftOut leftOut;                        ///< The words that are not read.
