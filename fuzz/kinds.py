@@ -55,7 +55,8 @@ KINDS = [
     Kind("invisible character in a name", FORM, NAME, ANY, words(
         "x\xa0y x\u200by x\u200d x\u2060 x² x\u3000y \u3000x x\u1680y x\u180ey"
         " \tx x\t x\r \t x\x01 \x7fx x\x0cy x\tint8")),
-    Kind("other characters", UNSEEN, NAME, ANY, words("x× x₁ x🙂 x→")),
+    Kind("other characters", UNSEEN, NAME, ANY, words("x₁ x🙂 x€")),
+    Kind("sign in a name", ERROR, NAME, ANY, words("@x× @x→ @a−b @x■")),
     Kind("unusual name", VALID, NAME, ANY, words(
         "a$b é e\u0301t µm Ωx ªx ºx a·b 路径 final override import module")),
     Kind("built-in type as a name", VALID, MEMBER, ANY, [
