@@ -103,6 +103,8 @@ const std::vector<RecoveryRow> lineRows = {
      R"(2:11: "--a" is not a name: comments start with "#")"},
     {"EndOfAComment", "message M {\n  x: int8 */\n}", "message M { x int8 }",
      R"(2:11: "*/" is not a type: comments start with "#")"},
+    {"WordsAfterTheEndOfAComment", "message M {\n  x: int8 */ y: int8\n}",
+     "message M { x int8 y int8 }", R"(2:11: "*/" is not a name: comments start with "#")"},
     {"CommentWithoutAnEnd", "message M {\n  x: int8 /* a b\n  y: int8\n}",
      "message M { x int8 y int8 }", R"(2:11: "/*" is not a name: comments start with "#")"},
     {"ColonsInAType", "message M {\n  x: [a::b::C]\n  y: int8\n}", "message M { y int8 }",
