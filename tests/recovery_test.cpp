@@ -123,6 +123,10 @@ const std::vector<RecoveryRow> lineRows = {
      R"(2:3: "int8" is not a name: put the name first, as in "x: int8"
 3:3: "int8" has no name
 4:5: "=" is not a type: write a colon, as in "x: int8")"},
+    {"NestedDeclarationInSeveralLines",
+     "message M {\n  x: int8 service\n  S\n  {\n  request { }\n response { }\n  }",
+     "message M { x int8 } service S { request { } response { } }",
+     R"(2:11: a "}" is missing before this "service": declarations cannot be nested)"},
     {"LineThatOpensABlock", "message M {\n  oneof k {\n    a: int8\n  }\n  x: int8\n}",
      "message M { x int8 }",
      R"(2:3: "oneof" is not a member: a member is a name and one word for the type)"},

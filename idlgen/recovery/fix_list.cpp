@@ -9,11 +9,15 @@
 namespace zentho {
 namespace {
 
-/// Returns the index of the "{" of a block that a line opens, or the end of the line.
-std::size_t BlockBegin(const LocatedWords& file, WordRange line) {
-  std::size_t i = line.first;
-  while (i < line.end && file.text(i) != "{") ++i;
-  return i;
+/// Returns the index of the "{" of a block that a line opens, or of a declaration that begins in
+/// the line, or nothing.
+std::optional<std::size_t> BlockBegin(const LocatedWords& file, WordRange line) {
+  for (std::size_t i = line.first; i < line.end; ++i) {
+    if (file.text(i) == "{") return i;
+    const bool isKeyword = IsDeclaration(FindStatement(file.text(i))) && !IsBeforeColon(file, i);
+    if (isKeyword && i + 2 < file.size() && file.text(i + 2) == "{") return i + 2;
+  }
+  return std::nullopt;
 }
 
 /// The lines of one list of members or items.
@@ -31,9 +35,9 @@ class List {
     std::size_t i = begin;
     while (i <= last && i < file.size() && file.text(i).front() != '}') {
       const std::size_t end = lineEnd(i);
-      const bool hasBlock = BlockBegin(file, {i, end}) < end;
       const bool isOdd = (end - i) % 2 == 1;
-      if (hasBlock || (isOdd && !goesOn({i, end}))) return WordRange{i, end};
+      if (BlockBegin(file, {i, end}).has_value() || (isOdd && !goesOn({i, end})))
+        return WordRange{i, end};
       i = isOdd ? end + 1 : end;
     }
     return std::nullopt;
@@ -107,7 +111,7 @@ class List {
     const bool beginsWithType = LooksLikeType(file.text(line.first)) &&
                                 !IsBeforeColon(file, line.first) && !IsAfterColon(file, line.first);
     if (!isSingle && (beginsWithType || IsAfterColon(file, next - 1))) return false;
-    const std::size_t nextEnd = BlockBegin(file, {next, lineEnd(next)});
+    const std::size_t nextEnd = BlockBegin(file, {next, lineEnd(next)}).value_or(lineEnd(next));
     const bool leavesPairs = (nextEnd - next) % 2 == 1;
     if (IsAfterColon(file, next) || IsBeforeColon(file, next - 1)) {
       return leavesPairs || looksLikeSecondHalf(next);
@@ -138,8 +142,7 @@ bool BeginsWithType(const LocatedWords& file, WordRange line) {
 }
 
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
-Fix FixBlock(const LocatedWords& file, WordRange line, const List& list) {
-  const std::size_t brace = BlockBegin(file, line);
+Fix FixBlock(const LocatedWords& file, WordRange line, std::size_t brace, const List& list) {
   const std::size_t before = brace - line.first;
   if (before > 0 && file.text(brace - 1).back() == '\'') {
     return {&rules::notAValue, brace - 1, "'{'", "write the number of the character", line};
@@ -205,7 +208,8 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
     return Fix{&rule, i, file.text(i), {}, range};
   };
   if (const std::optional<Fix> fix = FixCharacters(file, range)) return *fix;
-  if (line.has_value() && BlockBegin(file, *line) < line->end) return FixBlock(file, *line, list);
+  const std::optional<std::size_t> brace = line ? BlockBegin(file, *line) : std::nullopt;
+  if (brace.has_value()) return FixBlock(file, *line, *brace, list);
   if (list.isQualified(range)) {
     return at(list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType,
               list.qualifierIn(range));
