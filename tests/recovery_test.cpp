@@ -212,6 +212,8 @@ const std::vector<RecoveryRow> statementRows = {
      "2:1: lines end with CR LF: end them with LF"},
     {"CarriageReturnsInEmptyLines", "\r\nmessage M {\r\n\r\n  x: int8\r\n}", "message M { x int8 }",
      "2:12: lines end with CR LF: end them with LF"},
+    {"UnknownWordWithItsBlockBelow", "foo\n{\n  x: int8\n}\nmessage M { }", "message M { }",
+     "1:1: \"foo\"" + anyStatement},
     {"NamespaceWithoutAName", "namespace\nmessage M { x: int8 }", "message M { x int8 }",
      R"(2:1: a name is missing before the "message")"},
     {"NamespaceAfterAWordOfAnotherLanguage", "package a\nnamespace b\nmessage M { }",
