@@ -119,6 +119,12 @@ const std::vector<RecoveryRow> lineRows = {
      "message M {\n  a:\n  Pose b: int8 message N { c: int8\n  }",
      "message M { a Pose b int8 } message N { c int8 }",
      R"(3:16: a "}" is missing before this "message": declarations cannot be nested)"},
+    {"TwoNamesThatStandAlone", "message M {\n  x\n  Pose\n  y = int8\n}", "message M { x Pose }",
+     R"(4:5: "=" is not a type: write a colon, as in "x: int8")"},
+    {"TwoItemsThatStandAlone", "enum E {\n  A\n  B\n  C: 1\n  D\n}", "enum E { C 1 }",
+     R"(2:3: "A" has no value: each item needs one, as in "A: 0"
+3:3: "B" has no value: each item needs one, as in "A: 0"
+5:3: "D" has no value: each item needs one, as in "A: 0")"},
     {"LineThatBeginsWithAType", "message M {\n  int8 x y\n  int8\n  z = 3\n}", "message M { }",
      R"(2:3: "int8" is not a name: put the name first, as in "x: int8"
 3:3: "int8" has no name
