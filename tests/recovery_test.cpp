@@ -125,6 +125,8 @@ const std::vector<RecoveryRow> lineRows = {
      R"(2:3: "A" has no value: each item needs one, as in "A: 0"
 3:3: "B" has no value: each item needs one, as in "A: 0"
 5:3: "D" has no value: each item needs one, as in "A: 0")"},
+    {"ColonsAfterABrace", "message M {\n  }a::b\n}", "message M { }",
+     R"(2:3: "}a::" is not a type)"},
     {"LineThatBeginsWithAType", "message M {\n  int8 x y\n  int8\n  z = 3\n}", "message M { }",
      R"(2:3: "int8" is not a name: put the name first, as in "x: int8"
 3:3: "int8" has no name

@@ -158,6 +158,7 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
     return "write " + Quoted("[" + WithDots(name.substr(vector.size(), size)) + "]");
   }
   const std::string path = WithDots(name);
+  if (path.empty()) return {};  // A brace stands before it.
   return (path == "string" ? "write " : "write dots: ") + Quoted(path);
 }
 

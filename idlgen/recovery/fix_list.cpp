@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 
 #include "check/word_forms.h"
@@ -43,11 +44,12 @@ class List {
     return std::nullopt;
   }
 
-  /// Returns the words of the list that stand on the line of this one.
+  /// Returns the words of the list that stand on the line of this one, and the word itself, which
+  /// may begin with a brace.
   [[nodiscard]] WordRange lineOf(std::size_t word) const {
     std::size_t first = word;
     while (first > begin && AreOnOneLine(file, first - 1, word)) --first;
-    return {first, lineEnd(word)};
+    return {first, std::max(lineEnd(word), word + 1)};
   }
 
   [[nodiscard]] bool isRequest() const {
