@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "generator/generator.h"
 #include "header/output_file.h"
@@ -29,7 +30,7 @@ Outcome generate(const HeaderRequest& request) {
     return {false, ErrorLine(request.idl, error.message())};
   }
   Schema schema;
-  Outcome result = reportAlone(request.idl, source, schema, request.warnings);
+  Outcome result = reportAlone(request.idl, std::move(source), schema, request.warnings);
   if (!result.succeeded) return result;
 
   StringLineWriter header;

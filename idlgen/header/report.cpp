@@ -207,9 +207,8 @@ Outcome reportOn(Examination& examination, std::size_t file, Warnings warnings) 
   return outcome;
 }
 
-Outcome reportAlone(const std::string& path, const std::string& text, Schema& schema,
-                    Warnings warnings) {
-  SourceFile file = ParseSource(path, text);
+Outcome reportAlone(const std::string& path, std::string text, Schema& schema, Warnings warnings) {
+  SourceFile file = ParseSource(path, std::move(text));
   Examination examination(file);
   Outcome outcome = reportOn(examination, 0, warnings);
   schema = std::move(file.schema);

@@ -16,7 +16,7 @@ namespace zentho {
 
 /// Does the same for the text of the IDL file at `path`, without looking at any other. Fills the
 /// empty `schema` if the file passes.
-[[nodiscard]] Outcome reportAlone(const std::string& path, const std::string& text, Schema& schema,
+[[nodiscard]] Outcome reportAlone(const std::string& path, std::string text, Schema& schema,
                                   Warnings warnings = Warnings::Tell);
 
 }  // namespace zentho
