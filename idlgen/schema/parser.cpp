@@ -26,6 +26,9 @@ bool IsIntType(std::string type) {
 /// Returns all tokens of a file, in their order. None has been read.
 Words AllWords(const IDL& idl) {
   Words words;
+  std::size_t count = 0;
+  for (const std::list<std::string>& line : idl.tokenLines) count += line.size();
+  words.texts.reserve(count);
   for (const std::list<std::string>& line : idl.tokenLines) {
     words.texts.insert(words.texts.end(), line.begin(), line.end());
   }
