@@ -67,9 +67,10 @@ KINDS = [
     Kind("type before the name, with includes", WARNING, MEMBER, INCLUDES, ["@int8 @x"]),
     Kind("two members of a name", ERROR, MEMBER, ANY, [
         "x: int8 @x: int16", "x: [string] y: int8 @x: [string]"]),
-    Kind("contextual name", VALID, MEMBER, ANY, [
-        "std: int8 x: string", "zentho: [string] serialize: string", "deserialize: int8",
-        "data: int8 buffer: [int8]", "request: int8 response: string", "message: int8"]),
+    Kind("contextual name", VALID, STATEMENT, ANY, [
+        "message P { std: int8 x: string }", "message P { zentho: [string] serialize: string }",
+        "message P { deserialize: int8 data: int8 buffer: [int8] }",
+        "message P { request: int8 response: string message: int8 }"]),
     Kind("two items of a name", ERROR, ITEM, ANY, ["A: 1 @A: 2", "A: 1 B: 2 @A: 1"]),
     Kind("item of two enums", ERROR, STATEMENT, ANY, [
         ("enum E { A: 1 }", "enum F { B: 1 @A: 1 }")]),
