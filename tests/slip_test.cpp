@@ -14,7 +14,7 @@ TEST(Slip, IsOneLetterOfALongName) {
   }
   expect(false, "status.idl", "status.idl");
   expect(false, "sattus.ild", "status.idl");
-  expect(false, "stxys.idl", "staus.idl");  // As long, but two letters differ.
+  expect(false, "stxys.idl", "staus.idl");   // As long, but two letters differ.
   expect(false, "stxyus.idl", "stzus.idl");  // One letter more, and one that differs.
   expect(false, "tsatus.idl", "status.idl");
   expect(false, "Status.idl", "status.idl");
