@@ -15,14 +15,14 @@
 
 #include "check.h"
 #include "generator/generator.h"
-#include "header/examination.h"
-#include "header/report.h"
 #include "header_lines.h"
 #include "io/line_writer.h"
+#include "memory_tree.h"
+#include "messages/examination.h"
+#include "messages/report.h"
 #include "reader/idl.h"
 #include "schema/parser.h"
 #include "schema/schema.h"
-#include "sources/memory_tree.h"
 #include "sources/sources.h"
 #include "told.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "header/outcome.h"
+#include "messages/outcome.h"
 
 namespace zentho {
 

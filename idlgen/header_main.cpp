@@ -7,11 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "header/check_files.h"
-#include "header/command_line.h"
-#include "header/generate_header.h"
-#include "header/outcome.h"
 #include "io/file.h"
+#include "messages/outcome.h"
+#include "program/check_files.h"
+#include "program/command_line.h"
+#include "program/generate_header.h"
 
 namespace zentho {
 namespace {

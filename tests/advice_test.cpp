@@ -1,9 +1,9 @@
-#include "diagnostics/advice.h"
+#include "recovery/advice.h"
 
-#include "check/word_forms.h"
-#include "diagnostics/foreign_words.h"
-#include "diagnostics/similar.h"
 #include "support.h"
+#include "words/foreign_words.h"
+#include "words/similar.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -1,4 +1,4 @@
-#include "check/characters.h"
+#include "words/characters.h"
 
 #include "support.h"
 

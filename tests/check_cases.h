@@ -4,8 +4,8 @@
 #include <sstream>
 #include <tuple>
 
-#include "diagnostics/printable.h"
 #include "support.h"
+#include "words/printable.h"
 
 // Reads the cases in tests/data/checks.
 //

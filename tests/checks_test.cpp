@@ -3,10 +3,10 @@
 #include "check_cases.h"
 #include "compiler.h"
 #include "generator/generator.h"
-#include "header/examination.h"
-#include "header/report.h"
+#include "memory_tree.h"
+#include "messages/examination.h"
+#include "messages/report.h"
 #include "schema/parser.h"
-#include "sources/memory_tree.h"
 #include "sources/sources.h"
 
 // What idlgen-header says about IDL files, and whether the compiler agrees.

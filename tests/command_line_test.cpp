@@ -1,4 +1,4 @@
-#include "header/command_line.h"
+#include "program/command_line.h"
 
 #include "support.h"
 

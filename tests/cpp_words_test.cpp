@@ -1,9 +1,9 @@
-#include "check/cpp_words.h"
+#include "words/cpp_words.h"
 
 #include <algorithm>
 
-#include "check/cpp_word_tables.h"
 #include "compiler.h"
+#include "words/cpp_word_tables.h"
 
 // Whether the tables of words agree with the compiler.
 

@@ -1,4 +1,4 @@
-#include "header/depfile.h"
+#include "program/depfile.h"
 
 #include "support.h"
 

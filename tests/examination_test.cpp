@@ -1,9 +1,9 @@
-#include "header/examination.h"
+#include "messages/examination.h"
 
 #include <ctime>
 
-#include "header/report.h"
-#include "sources/memory_tree.h"
+#include "memory_tree.h"
+#include "messages/report.h"
 #include "support.h"
 
 // Whole messages about files that are checked together.

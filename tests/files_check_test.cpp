@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <deque>
 
-#include "diagnostics/diagnostic.h"
+#include "findings/diagnostic.h"
 #include "sources/source_file.h"
 #include "support.h"
 

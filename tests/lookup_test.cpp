@@ -1,4 +1,4 @@
-#include "check/lookup.h"
+#include "names/lookup.h"
 
 #include "schema/parser.h"
 #include "support.h"

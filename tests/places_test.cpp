@@ -1,6 +1,6 @@
-#include "reader/places.h"
+#include "findings/places.h"
 
-#include "check/located_words.h"
+#include "findings/located_words.h"
 #include "sources/source_file.h"
 #include "support.h"
 

@@ -1,4 +1,4 @@
-#include "header/report.h"
+#include "messages/report.h"
 
 #include <sstream>
 

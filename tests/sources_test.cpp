@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "sources/memory_tree.h"
+#include "memory_tree.h"
 #include "support.h"
 
 namespace zentho {

@@ -1,4 +1,4 @@
-#include "check/word_forms.h"
+#include "words/word_forms.h"
 
 #include "support.h"
 

@@ -4,10 +4,10 @@
 #include <optional>
 #include <utility>
 
-#include "check/cpp_words.h"
 #include "check/value.h"
-#include "check/word_forms.h"
 #include "schema/builtin_types.h"
+#include "words/cpp_words.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

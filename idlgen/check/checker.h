@@ -8,11 +8,11 @@
 #include <unordered_map>
 #include <vector>
 
-#include "check/declarations.h"
-#include "check/finding.h"
-#include "check/lookup.h"
-#include "check/sight.h"
 #include "check/value.h"
+#include "findings/finding.h"
+#include "names/declarations.h"
+#include "names/lookup.h"
+#include "names/sight.h"
 #include "schema/builtin_types.h"
 #include "schema/words.h"
 

@@ -2,9 +2,9 @@
 #include <optional>
 
 #include "check/checker.h"
-#include "check/cpp_words.h"
-#include "check/word_forms.h"
 #include "schema/builtin_types.h"
+#include "words/cpp_words.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 

@@ -6,10 +6,10 @@
 #include <unordered_set>
 #include <vector>
 
-#include "check/declarations.h"
-#include "check/finding.h"
-#include "check/lookup.h"
-#include "check/sight.h"
+#include "findings/finding.h"
+#include "names/declarations.h"
+#include "names/lookup.h"
+#include "names/sight.h"
 #include "schema/words.h"
 
 namespace zentho {

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <limits>
 
-#include "check/characters.h"
-#include "check/tables.h"
+#include "words/characters.h"
+#include "words/tables.h"
 
 namespace zentho {
 namespace {

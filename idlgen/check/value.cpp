@@ -8,7 +8,7 @@
 #include "check/literals.h"
 #include "check/value_reader.h"
 #include "check/value_tokens.h"
-#include "check/word_forms.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "check/rules.h"
+#include "findings/rules.h"
 
 namespace zentho {
 

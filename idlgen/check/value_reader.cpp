@@ -6,11 +6,11 @@
 #include <unordered_set>
 #include <utility>
 
-#include "check/cpp_words.h"
 #include "check/literals.h"
-#include "check/tables.h"
 #include "check/value_tokens.h"
 #include "check/value_types.h"
+#include "words/cpp_words.h"
+#include "words/tables.h"
 
 namespace zentho {
 namespace {

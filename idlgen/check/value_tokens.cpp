@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "check/characters.h"
 #include "check/literals.h"
-#include "check/tables.h"
-#include "check/word_forms.h"
+#include "words/characters.h"
+#include "words/tables.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

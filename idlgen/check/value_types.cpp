@@ -1,6 +1,6 @@
 #include "check/value_types.h"
 
-#include "check/cpp_words.h"
+#include "words/cpp_words.h"
 
 namespace zentho {
 

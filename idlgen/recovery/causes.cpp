@@ -2,11 +2,11 @@
 #include <optional>
 #include <utility>
 
-#include "check/characters.h"
-#include "check/word_forms.h"
-#include "diagnostics/advice.h"
-#include "diagnostics/printable.h"
+#include "recovery/advice.h"
 #include "recovery/fix.h"
+#include "words/characters.h"
+#include "words/printable.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "check/located_words.h"
-#include "check/rules.h"
-#include "diagnostics/advice.h"
+#include "findings/located_words.h"
+#include "findings/rules.h"
+#include "recovery/advice.h"
 
 namespace zentho {
 

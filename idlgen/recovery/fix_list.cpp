@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "check/word_forms.h"
-#include "diagnostics/advice.h"
-#include "diagnostics/foreign_words.h"
+#include "recovery/advice.h"
 #include "recovery/fix.h"
 #include "schema/statements.h"
+#include "words/foreign_words.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -2,14 +2,14 @@
 #include <optional>
 #include <utility>
 
-#include "check/cpp_words.h"
-#include "check/word_forms.h"
-#include "diagnostics/advice.h"
-#include "diagnostics/foreign_words.h"
-#include "diagnostics/printable.h"
-#include "diagnostics/similar.h"
+#include "recovery/advice.h"
 #include "recovery/fix.h"
 #include "schema/statements.h"
+#include "words/cpp_words.h"
+#include "words/foreign_words.h"
+#include "words/printable.h"
+#include "words/similar.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "check/out_of_step.h"
-#include "check/word_forms.h"
-#include "diagnostics/foreign_words.h"
 #include "recovery/fix.h"
+#include "recovery/out_of_step.h"
 #include "schema/schema.h"
 #include "schema/statements.h"
+#include "words/foreign_words.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "check/declarations.h"
-#include "check/finding.h"
-#include "check/located_words.h"
-#include "diagnostics/diagnostic.h"
+#include "findings/diagnostic.h"
+#include "findings/finding.h"
+#include "findings/located_words.h"
+#include "names/declarations.h"
 #include "recovery/fix.h"
 #include "schema/parser.h"
 

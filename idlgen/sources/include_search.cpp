@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <utility>
 
-#include "check/word_forms.h"
 #include "reader/idl.h"
 #include "sources/slip.h"
+#include "words/word_forms.h"
 
 namespace zentho {
 namespace {

@@ -1,0 +1,109 @@
+#include "messages/finding_advice.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "recovery/advice.h"
+#include "schema/builtin_types.h"
+#include "words/cpp_words.h"
+#include "words/printable.h"
+#include "words/word_forms.h"
+
+namespace zentho {
+namespace {
+
+/// Returns what is missing in the record that the path begins with, or nothing.
+std::string MissingPart(std::string_view type, const Words& words, const TypeNames& declared) {
+  const std::size_t dot = type.find('.');
+  const std::string_view first = type.substr(0, dot);
+  if (dot == std::string_view::npos || declared.count(first) == 0) return {};
+  const std::string_view part = type.substr(dot + 1);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const bool isItem = words.roles[i] == Role::ItemName && words.texts[i] == part;
+    if (isItem) return Quoted(part) + " is an item, not a type";
+  }
+  return Quoted(first) + " has no type " + Quoted(part);
+}
+
+/// Returns where to put a type, or what the record lacks that it begins with, or nothing.
+Advice TypeAdvice(std::string_view type, std::size_t word, const Words& words,
+                  const TypeNames& declared) {
+  const std::string_view name = words.texts[word - 1];
+  if (FindBuiltinType(name) != nullptr || FindKeyword(name) == Keyword::Type ||
+      declared.count(name) > 0) {
+    const std::string example = std::string(type) + ": " + std::string(name);
+    return {"put the name first, as in " + Quoted(example), true};
+  }
+  return {MissingPart(type, words, declared)};
+}
+
+/// Returns whether the other message is a member of this one, or is contained in one.
+bool IsMessageIn(const Words& words, std::string_view other, std::string_view message) {
+  std::unordered_map<std::string_view, std::vector<std::string_view>> elements;
+  std::vector<std::string_view>* current = nullptr;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words.roles[i] == Role::MessageName) current = &elements[words.texts[i]];
+    if (words.roles[i] == Role::ServiceName) current = nullptr;
+    if (words.roles[i] != Role::MemberType || current == nullptr) continue;
+    const std::optional<std::string_view> element = ElementType(words.texts[i]);
+    if (element.has_value()) current->push_back(element->substr(element->rfind('.') + 1));
+  }
+  std::vector<std::string_view> pending = {message};
+  std::unordered_set<std::string_view> seen;
+  while (!pending.empty()) {
+    const std::string_view next = pending.back();
+    pending.pop_back();
+    if (next == other) return true;
+    if (elements.count(next) == 0 || !seen.insert(next).second) continue;
+    pending.insert(pending.end(), elements[next].begin(), elements[next].end());
+  }
+  return false;
+}
+
+/// Returns how to declare a message before those that use it.
+std::string OrderAdvice(const Finding& finding, const Words& words) {
+  std::size_t user = finding.word;
+  while (words.roles[user] != Role::MessageName && words.roles[user] != Role::ServiceName) --user;
+  const std::string_view name = words.texts[user];
+  const std::string_view used = words.texts[finding.other.word];
+  return words.roles[user] == Role::MessageName && IsMessageIn(words, name, used)
+             ? Quoted(used) + " and " + Quoted(name) + " contain each other"
+             : "move it above the types that use it";
+}
+
+}  // namespace
+
+Advice AdviceFor(const Finding& finding, const LocatedWords& file, const TypeNames& declared) {
+  const bool isForm = finding.rule->hint == Hint::Form;
+  if (!finding.advice.empty()) return {finding.advice, isForm};
+  const Word word = file.words[finding.word];
+  switch (finding.rule->hint) {
+    case Hint::None:
+      return {};
+    case Hint::Form: {
+      std::string advice = FormAdvice(finding.text, word.role);
+      const bool isType = word.role == Role::MemberType;
+      if (advice.empty() && isType) advice = FormAdvice(word.text, word.role);
+      return {std::move(advice), true};
+    }
+    case Hint::SimilarType:
+      if (word.text.find('<') == std::string_view::npos) {
+        return TypeAdvice(finding.text, finding.word, file.words, declared);
+      }
+      return {FormAdvice(word.text, word.role)};
+    case Hint::ItemValue:
+      // A colon before the word shows that it is meant as a value.
+      if (finding.text != word.text || IsAfterColon(file, finding.word)) return {};
+      return {R"(each item needs a value, as in "A: 0")"};
+    case Hint::Order:
+      return {OrderAdvice(finding, file.words)};
+  }
+  return {};
+}
+
+}  // namespace zentho

@@ -1,0 +1,11 @@
+#include "messages/outcome.h"
+
+#include "words/printable.h"
+
+namespace zentho {
+
+std::string ErrorLine(const std::string& path, const std::string& reason) {
+  return "idlgen-header: " + Printable(path) + ": " + reason + "\n";
+}
+
+}  // namespace zentho

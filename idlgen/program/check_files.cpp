@@ -1,0 +1,135 @@
+#include "program/check_files.h"
+
+#include <algorithm>
+#include <new>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "io/replace_file.h"
+#include "messages/examination.h"
+#include "messages/report.h"
+#include "program/depfile.h"
+#include "program/output_file.h"
+#include "sources/source_tree.h"
+#include "sources/sources.h"
+
+namespace zentho {
+namespace {
+
+/// One run of the check.
+class Run {
+ public:
+  explicit Run(const CheckRequest& checkRequest)
+      : request(checkRequest), sources(tree, checkRequest.directories) {}
+
+  Outcome check() {
+    sources.load(request.files);  // First, so that none of these files is taken for a stamp.
+    for (const OutputFile& file : outputs()) {
+      if (const std::optional<std::string> reason = Refusal(file)) {
+        return {false, ErrorLine(file.path, *reason)};
+      }
+    }
+    std::string errors = directoryErrors();
+    if (!errors.empty()) return {false, std::move(errors)};
+    Outcome result{true, {}};
+    Examination examination(sources);
+    for (const Sources::Named& named : sources.named()) {
+      append(examineNamed(examination, named), result);
+    }
+    if (result.succeeded) append(writeOutputs(), result);
+    return result;
+  }
+
+  /// Removes a stamp of an earlier run.
+  void removeStamp(std::string& messages) const {
+    if (request.stamp.has_value() && !Refusal(stamp()).has_value()) {
+      removeOutput(*request.stamp, messages);
+    }
+  }
+
+ private:
+  static void append(const Outcome& part, Outcome& result) {
+    result.succeeded = result.succeeded && part.succeeded;
+    result.messages += part.messages;
+  }
+
+  /// Returns a message for each base directory that is none.
+  std::string directoryErrors() {
+    std::string messages;
+    for (const std::string& directory : request.directories) {
+      const Entry entry = tree.look(directory);
+      if (entry.kind == Entry::Kind::Directory) continue;
+      const std::error_code error =
+          entry.error ? entry.error : std::make_error_code(std::errc::not_a_directory);
+      messages += ErrorLine(directory, error.message());
+    }
+    return messages;
+  }
+
+  Outcome examineNamed(Examination& examination, const Sources::Named& named) const {
+    if (named.file == noFile) return {false, ErrorLine(named.path, named.reason)};
+    return reportOn(examination, named.file, request.warnings);
+  }
+
+  OutputFile output(const std::string& path, std::string beginning) const {
+    return {path, std::move(beginning), [this](FileId id) { return isRead(id); },
+            "is a file to read"};
+  }
+
+  bool isStamp(const OutputFile& file) const { return file.path == request.stamp; }
+
+  OutputFile stamp() const { return output(*request.stamp, {}); }
+
+  /// Returns the files to write, in this order: the stamp shows that all has been done.
+  std::vector<OutputFile> outputs() const {
+    std::vector<OutputFile> files;
+    if (request.depfile.has_value()) {
+      files.push_back(output(*request.depfile, RuleBeginning(*request.stamp)));
+    }
+    if (request.stamp.has_value()) files.push_back(stamp());
+    return files;
+  }
+
+  bool isRead(FileId id) const {
+    return sources.contains(id) ||
+           std::any_of(request.argumentFiles.begin(), request.argumentFiles.end(),
+                       [&](const std::string& path) { return DiskTree().look(path).id == id; });
+  }
+
+  Outcome writeOutputs() const {
+    for (const OutputFile& file : outputs()) {
+      const std::string text = isStamp(file) ? std::string() : depfileText();
+      const std::error_code error = replaceFile(file.path, text);
+      if (error) return {false, ErrorLine(file.path, error.message())};
+    }
+    return {true, {}};
+  }
+
+  std::string depfileText() const {
+    std::vector<std::string> paths;
+    for (const SourceFile& file : sources.files()) paths.push_back(file.path);
+    paths.insert(paths.end(), request.argumentFiles.begin(), request.argumentFiles.end());
+    return Depfile(*request.stamp, paths);
+  }
+
+  const CheckRequest& request;
+  DiskTree tree;
+  Sources sources;
+};
+
+}  // namespace
+
+Outcome checkFiles(const CheckRequest& request) {
+  Run run(request);
+  Outcome result{};
+  try {
+    result = run.check();
+  } catch (const std::bad_alloc&) {
+    result = {false, noMemory};
+  }
+  if (!result.succeeded) run.removeStamp(result.messages);
+  return result;
+}
+
+}  // namespace zentho

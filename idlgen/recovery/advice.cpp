@@ -1,0 +1,275 @@
+#include "recovery/advice.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "check/value.h"
+#include "words/characters.h"
+#include "words/foreign_words.h"
+#include "words/printable.h"
+#include "words/tables.h"
+#include "words/word_forms.h"
+
+namespace zentho {
+namespace {
+
+bool Contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+bool StartsWith(std::string_view text, std::string_view start) {
+  return text.substr(0, start.size()) == start;
+}
+
+bool EndsWith(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+/// A set of roles, with a bit for each.
+using Roles = unsigned;
+
+constexpr Roles Only(Role role) {
+  return 1U << static_cast<unsigned>(role);
+}
+
+constexpr Roles all = ~0U;
+constexpr Roles statements = Only(Role::Statement);
+constexpr Roles paths = Only(Role::IncludePath);
+constexpr Roles items = Only(Role::ItemName);
+constexpr Roles values = Only(Role::ItemValue);
+constexpr Roles members = Only(Role::MemberName);
+constexpr Roles types = Only(Role::MemberType);
+constexpr Roles dottedNames = Only(Role::NamespacePath);
+constexpr Roles names = Only(Role::EnumName) | Only(Role::MessageName) | Only(Role::ServiceName) |
+                        items | members | dottedNames;
+
+/// What a word shows in one of the roles, and what to do about it.
+struct SignRow {
+  Roles roles;
+  bool (*isShown)(std::string_view word);
+  std::string_view advice;
+};
+
+template <char letter>
+bool Has(std::string_view word) {
+  return word.find(letter) != std::string_view::npos;
+}
+
+bool StartsComment(std::string_view word) {
+  return StartsWith(word, "/*") || StartsWith(word, "*/") || EndsWith(word, "*/") ||
+         StartsWith(word, "(*");
+}
+
+bool IsGlued(std::string_view word, char brace) {
+  const bool isOnlyBraces = word.find_first_not_of("{}") == std::string_view::npos;
+  return BraceOf(word) == brace && word.size() > 1 && (!isOnlyBraces || brace == '}');
+}
+
+template <char separator>
+bool IsGluedBeforeSeparator(std::string_view word) {
+  return IsGlued(word, '}') && word.back() == separator && word.front() != '}';
+}
+
+/// Returns whether a name and "=" stand at the beginning, as in `x=1`.
+bool IsAssignment(std::string_view word) {
+  const std::size_t sign = word.find('=');
+  return sign != std::string_view::npos && word.substr(sign, 2) != "==" &&
+         IsIdentifier(word.substr(0, sign));
+}
+
+/// Returns whether a number in brackets follows a name, or stands alone.
+bool HasFixedSize(std::string_view word) {
+  const std::size_t closing = word.rfind(']');
+  if (closing == std::string_view::npos || closing == 0) return false;
+  const std::size_t opening = word.find_last_of("[,;", closing - 1);
+  return opening != std::string_view::npos &&
+         IsNumber(word.substr(opening + 1, closing - opening - 1));
+}
+
+std::ptrdiff_t OpenBrackets(std::string_view word) {
+  return std::count(word.begin(), word.end(), '[') - std::count(word.begin(), word.end(), ']');
+}
+
+bool IsTemplateOf(std::string_view word, std::initializer_list<std::string_view> templates) {
+  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
+  const std::string_view name = word.substr(begin, word.find('<') - begin);
+  const std::string_view last = name.substr(name.rfind('.') + 1);
+  return Contains(word, "<") &&
+         std::find(templates.begin(), templates.end(), last) != templates.end();
+}
+
+constexpr std::string_view bracketsAround = R"(the brackets are around the type, as in "[int8]")";
+constexpr std::string_view oneWordType = R"(a type is one word, as in "[int8]")";
+constexpr std::string_view valueColon = R"(write a colon, as in "A: 1")";
+constexpr std::string_view memberColon = R"(write a colon, as in "x: int8")";
+constexpr std::string_view noDefault = "there are no default values or field numbers";
+constexpr std::string_view hashComments = R"(comments start with "#")";
+
+/// Of characters that no word contains.
+constexpr auto characterRows = Table<SignRow>({
+    {all, [](std::string_view word) { return StartsWith(word, "//"); },
+     R"(here, only "#" starts a comment)"},
+    {all, StartsComment, hashComments},
+    {all & ~paths, [](std::string_view word) { return Contains(word, "/*"); }, hashComments},
+    {all & ~(items | values),
+     [](std::string_view word) {
+       return StartsWith(word, "--") &&
+              (word.size() == 2 || word.find_first_not_of('-') != std::string_view::npos);
+     },
+     hashComments},
+    {all, Has<'\t'>, "use spaces instead of tabs"},
+    {all, Has<'\r'>, "end lines with LF, not with CR LF"},
+    {all, [](std::string_view word) { return Contains(word, byteOrderMark); },
+     "save the file without a byte order mark"},
+    {all, [](std::string_view word) { return IsGlued(word, '{'); }, R"(put a space before "{")"},
+    {all, IsGluedBeforeSeparator<';'>, R"(put spaces around "}" and delete the ";")"},
+    {all, IsGluedBeforeSeparator<','>, R"(put spaces around "}" and delete the ",")"},
+    {all,
+     [](std::string_view word) {
+       return IsGlued(word, '}') && (word.front() != '}' || word[1] == '}');
+     },
+     R"(put spaces around "}")"},
+});
+
+/// Of equals signs, and of parentheses around them.
+constexpr auto assignmentRows = Table<SignRow>({
+    {types, Has<'('>, R"(it contains "(")"},
+    {items, Has<'='>, valueColon},
+    {values, [](std::string_view word) { return word == "=" || IsAssignment(word); }, valueColon},
+    {members, IsAssignment, memberColon},
+    {types, [](std::string_view word) { return word == "="; }, memberColon},
+    {names | types, Has<'='>, noDefault},
+});
+
+constexpr auto formRows = Table<SignRow>({
+    {members,
+     [](std::string_view word) {
+       return LooksLikeType(word) || (Contains(word, "<") && IsTemplate(word));
+     },
+     R"(put the name first, as in "x: int8")"},
+    {names | types,
+     [](std::string_view word) { return StartsWith(word, "@") && IsNumber(word.substr(1)); },
+     "there are no field numbers"},
+    {types,
+     [](std::string_view word) {
+       return IsTemplateOf(word, {"map", "unordered_map", "Map", "HashMap"});
+     },
+     "there are no maps"},
+    {types,
+     [](std::string_view word) {
+       return IsTemplateOf(word, {"vector", "list", "sequence"});
+     },
+     R"(vectors are written as "[int8]")"},
+    {names | types, HasFixedSize, "there are no arrays of a fixed size"},
+    {all & ~paths, [](std::string_view word) { return Contains(word, ";"); }, R"(delete the ";")"},
+    {paths, [](std::string_view word) { return EndsWith(word, ";"); }, R"(delete the ";")"},
+    {all & ~paths,
+     [](std::string_view word) {
+       return EndsWith(word, ",") || (Contains(word, ",") && !Contains(word, "<"));
+     },
+     R"(delete the ",")"},
+    {statements | names, [](std::string_view word) { return StartsWith(word, "@"); },
+     "there are no annotations"},
+    {names | types, [](std::string_view word) { return word == "[" || word == "]"; }, oneWordType},
+    {types,
+     [](std::string_view word) { return word.find_first_not_of("[]") == std::string_view::npos; },
+     R"(the type of the elements is missing, as in "[int8]")"},
+    {types, [](std::string_view word) { return StartsWith(word, "[") && OpenBrackets(word) > 0; },
+     R"(a "]" is missing at its end)"},
+    {types, [](std::string_view word) { return OpenBrackets(word) != 0; }, "count the brackets"},
+    {names, Has<'['>, bracketsAround},
+    {types, [](std::string_view word) { return Has<'['>(word) && !ElementType(word).has_value(); },
+     bracketsAround},
+    {names | types, Has<'"'>, "write it without quotes"},
+    {types,
+     [](std::string_view word) { return word.find_first_of("*&") != std::string_view::npos; },
+     "there are no pointers and references"},
+    {types | dottedNames, Has<'/'>, "write a dot between names"},
+    {items,
+     [](std::string_view word) {
+       return word.find_first_not_of("+-*/%&|^<>!~?") == std::string_view::npos;
+     },
+     "write the value as one word, without spaces"},
+    {names, Has<'-'>, R"(write "_" instead of "-")"},
+    {names & ~dottedNames, Has<'.'>, "names contain no dots"},
+    {members, IsNumber, "there are no field numbers"},
+    {names, [](std::string_view word) { return word.front() >= '0' && word.front() <= '9'; },
+     "names begin with a letter"},
+    {paths, [](std::string_view word) { return Contains(word, "//"); }, R"(write one "/")"},
+});
+
+/// Returns the first character that cannot be part of a name, if it is not one of ASCII.
+std::string_view OddCharacter(std::string_view text) {
+  while (!text.empty()) {
+    const Character character = FirstCharacter(text);
+    const bool isAscii = character.valid && character.code < 0x80;
+    if (!isAscii && (!character.valid || !IsNameCharacter(character.code))) {
+      return text.substr(0, character.size);
+    }
+    text.remove_prefix(character.size);
+  }
+  return {};
+}
+
+/// Returns whether the word is a value if all names in it are items.
+bool IsValue(std::string_view word) {
+  const auto faults = CheckValue(
+      word, [](std::string_view) { return NameKind::Elsewhere; }, true);
+  return std::none_of(faults.begin(), faults.end(), [](const ValueFault& fault) {
+    return fault.rule->severity == Severity::Error;
+  });
+}
+
+/// Returns whether the word is right in its place.
+bool Fits(const Word& word) {
+  if (Contains(word.text, byteOrderMark)) return false;
+  switch (word.role) {
+    case Role::MemberType:
+      return IsTypeForm(word.text);
+    case Role::ItemValue:
+      return IsValue(word.text);
+    default:
+      return IsIdentifier(word.text);
+  }
+}
+
+/// Looks through a table of rows, row by row.
+template <typename Rows>
+std::optional<Sign> FindIn(const Rows& rows, const std::vector<Word>& words) {
+  for (const SignRow& row : rows) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      const bool hasRole = (row.roles & Only(words[i].role)) != 0;
+      if (hasRole && row.isShown(words[i].text)) return Sign{i, std::string(row.advice)};
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Sign> FindSign(Signs signs, const std::vector<Word>& words) {
+  std::vector<Word> unfit;
+  std::vector<std::size_t> indexes;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (Fits(words[i])) continue;
+    unfit.push_back(words[i]);
+    indexes.push_back(i);
+  }
+  std::optional<Sign> sign = signs == Signs::Characters    ? FindIn(characterRows, unfit)
+                             : signs == Signs::Assignments ? FindIn(assignmentRows, unfit)
+                                                           : FindIn(formRows, unfit);
+  if (sign.has_value()) sign->word = indexes[sign->word];
+  return sign;
+}
+
+std::string FormAdvice(std::string_view part, Role role) {
+  if (const auto sign = FindIn(characterRows, {{part, role}})) return sign->advice;
+  if (const auto sign = FindIn(assignmentRows, {{part, role}})) return sign->advice;
+  if (const auto sign = FindIn(formRows, {{part, role}})) return sign->advice;
+  const std::string_view odd = OddCharacter(part);
+  if (!odd.empty() && !Contains(part, "'")) return "it contains " + Quoted(odd);
+  if (role != Role::ItemValue) return {};
+  return "values are integers, items above, and expressions of them without spaces";
+}
+
+}  // namespace zentho

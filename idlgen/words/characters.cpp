@@ -1,0 +1,65 @@
+#include "words/characters.h"
+
+#include <algorithm>
+#include <array>
+
+#include "words/tables.h"
+
+namespace zentho {
+namespace {
+
+struct Range {
+  char32_t first;
+  char32_t last;
+};
+
+constexpr auto invisible = Table<Range>(
+    {{0x00, 0x1f},     {0x7f, 0xa0},       {0xad, 0xad},       {0x34f, 0x34f},    {0x61c, 0x61c},
+     {0x115f, 0x1160}, {0x1680, 0x1680},   {0x17b4, 0x17b5},   {0x180b, 0x180f},  {0x2000, 0x200f},
+     {0x2028, 0x202f}, {0x205f, 0x206f},   {0x2800, 0x2800},   {0x3000, 0x3000},  {0x3164, 0x3164},
+     {0xfe00, 0xfe0f}, {0xfeff, 0xfeff},   {0xffa0, 0xffa0},   {0xfff0, 0xfffb},  {0xfdd0, 0xfdef},
+     {0xfffe, 0xffff}, {0x1bca0, 0x1bca3}, {0x1d173, 0x1d17a}, {0xe0000, 0xe0fff}});
+
+/// Returns the length that the first byte of a character beyond ASCII announces, or 0.
+std::size_t AnnouncedSize(unsigned char byte) {
+  if (byte < 0xc2) return 0;
+  if (byte < 0xe0) return 2;
+  if (byte < 0xf0) return 3;
+  return byte < 0xf5 ? 4 : 0;
+}
+
+}  // namespace
+
+Character FirstForeignCharacter(std::string_view text) {
+  const auto first = static_cast<unsigned char>(text.front());
+  const Character broken = {first, 1, false};
+  const std::size_t size = AnnouncedSize(first);
+  if (size == 0 || size > text.size()) return broken;
+  char32_t code = first & (0x7fU >> size);
+  for (const char byte : text.substr(1, size - 1)) {
+    if ((byte & 0xc0) != 0x80) return broken;
+    code = code << 6U | (static_cast<unsigned char>(byte) & 0x3fU);
+  }
+  constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+  const bool isSurrogate = code >= 0xd800 && code <= 0xdfff;
+  if (code < smallest[size] || code > maxCharacter || isSurrogate) return broken;
+  return {code, size, true};
+}
+
+bool IsInvisible(char32_t code) {
+  return std::any_of(invisible.begin(), invisible.end(),
+                     [&](const Range& range) { return range.first <= code && code <= range.last; });
+}
+
+bool HasControlCharacter(std::string_view text) {
+  while (!text.empty()) {
+    const Character character = FirstCharacter(text);
+    const bool isControl =
+        character.code < 0x20 || (0x7f <= character.code && character.code < 0xa0);
+    if (character.valid && isControl) return true;
+    text.remove_prefix(character.size);
+  }
+  return false;
+}
+
+}  // namespace zentho

@@ -1,0 +1,170 @@
+#pragma once
+
+#include <string_view>
+
+#include "words/cpp_words.h"
+#include "words/tables.h"
+
+namespace zentho {
+
+// The words that the functions of cpp_words.h know. All tables are sorted. cpp_words_test.cpp
+// compares them with the compiler.
+
+struct KeywordRow {
+  std::string_view word;
+  Keyword kind;
+};
+
+constexpr bool operator<(const KeywordRow& a, const KeywordRow& b) {
+  return a.word < b.word;
+}
+
+inline constexpr auto keywords = Table<KeywordRow>({
+    {"alignas", Keyword::Other},
+    {"alignof", Keyword::Call},
+    {"and", Keyword::Operator},
+    {"and_eq", Keyword::Other},
+    {"asm", Keyword::Other},
+    {"auto", Keyword::Other},
+    {"bitand", Keyword::Operator},
+    {"bitor", Keyword::Operator},
+    {"bool", Keyword::Type},
+    {"break", Keyword::Other},
+    {"case", Keyword::Other},
+    {"catch", Keyword::Other},
+    {"char", Keyword::Type},
+    {"char16_t", Keyword::Type},
+    {"char32_t", Keyword::Type},
+    {"char8_t", Keyword::Cpp20},
+    {"class", Keyword::Other},
+    {"co_await", Keyword::Cpp20},
+    {"co_return", Keyword::Cpp20},
+    {"co_yield", Keyword::Cpp20},
+    {"compl", Keyword::Operator},
+    {"concept", Keyword::Cpp20},
+    {"const", Keyword::Other},
+    {"const_cast", Keyword::Cast},
+    {"consteval", Keyword::Cpp20},
+    {"constexpr", Keyword::Other},
+    {"constinit", Keyword::Cpp20},
+    {"continue", Keyword::Other},
+    {"decltype", Keyword::Call},
+    {"default", Keyword::Other},
+    {"delete", Keyword::Other},
+    {"do", Keyword::Other},
+    {"double", Keyword::Type},
+    {"dynamic_cast", Keyword::Cast},
+    {"else", Keyword::Other},
+    {"enum", Keyword::Other},
+    {"explicit", Keyword::Other},
+    {"export", Keyword::Other},
+    {"extern", Keyword::Other},
+    {"false", Keyword::Literal},
+    {"float", Keyword::Type},
+    {"for", Keyword::Other},
+    {"friend", Keyword::Other},
+    {"goto", Keyword::Other},
+    {"if", Keyword::Other},
+    {"inline", Keyword::Other},
+    {"int", Keyword::Type},
+    {"long", Keyword::Type},
+    {"mutable", Keyword::Other},
+    {"namespace", Keyword::Other},
+    {"new", Keyword::Other},
+    {"noexcept", Keyword::Call},
+    {"not", Keyword::Operator},
+    {"not_eq", Keyword::Operator},
+    {"nullptr", Keyword::Other},
+    {"operator", Keyword::Other},
+    {"or", Keyword::Operator},
+    {"or_eq", Keyword::Other},
+    {"private", Keyword::Other},
+    {"protected", Keyword::Other},
+    {"public", Keyword::Other},
+    {"register", Keyword::Other},
+    {"reinterpret_cast", Keyword::Cast},
+    {"requires", Keyword::Cpp20},
+    {"return", Keyword::Other},
+    {"short", Keyword::Type},
+    {"signed", Keyword::Type},
+    {"sizeof", Keyword::Call},
+    {"static", Keyword::Other},
+    {"static_assert", Keyword::Other},
+    {"static_cast", Keyword::Cast},
+    {"struct", Keyword::Other},
+    {"switch", Keyword::Other},
+    {"template", Keyword::Other},
+    {"this", Keyword::Other},
+    {"thread_local", Keyword::Other},
+    {"throw", Keyword::Other},
+    {"true", Keyword::Literal},
+    {"try", Keyword::Other},
+    {"typedef", Keyword::Other},
+    {"typeid", Keyword::Call},
+    {"typename", Keyword::Other},
+    {"union", Keyword::Other},
+    {"unsigned", Keyword::Type},
+    {"using", Keyword::Other},
+    {"virtual", Keyword::Other},
+    {"void", Keyword::Other},
+    {"volatile", Keyword::Other},
+    {"wchar_t", Keyword::Type},
+    {"while", Keyword::Other},
+    {"xor", Keyword::Operator},
+    {"xor_eq", Keyword::Other},
+});
+static_assert(IsSorted(keywords));
+
+/// The types of <cstdint> and <cstddef>.
+inline constexpr auto libraryTypes = Table<std::string_view>(
+    {"int16_t",        "int32_t",        "int64_t",       "int8_t",        "int_fast16_t",
+     "int_fast32_t",   "int_fast64_t",   "int_fast8_t",   "int_least16_t", "int_least32_t",
+     "int_least64_t",  "int_least8_t",   "intmax_t",      "intptr_t",      "ptrdiff_t",
+     "size_t",         "uint16_t",       "uint32_t",      "uint64_t",      "uint8_t",
+     "uint_fast16_t",  "uint_fast32_t",  "uint_fast64_t", "uint_fast8_t",  "uint_least16_t",
+     "uint_least32_t", "uint_least64_t", "uint_least8_t", "uintmax_t",     "uintptr_t"});
+static_assert(IsSorted(libraryTypes));
+
+/// Other types, with names in lower case, that <string> declares together with parts of the C
+/// library. Found with g++ 12 and clang++ 14.
+// clang-format off
+inline constexpr auto cLibraryTypes = Table<std::string_view>({
+    "blkcnt64_t", "blkcnt_t", "blksize_t", "caddr_t", "clock_t", "clockid_t", "comparison_fn_t",
+    "cookie_close_function_t", "cookie_io_functions_t", "cookie_read_function_t",
+    "cookie_seek_function_t", "cookie_write_function_t", "daddr_t", "dev_t", "div_t",
+    "drand48_data", "error_t", "fd_mask", "fd_set", "fpos64_t", "fpos_t", "fsblkcnt64_t",
+    "fsblkcnt_t", "fsfilcnt64_t", "fsfilcnt_t", "fsid_t", "gid_t", "id_t", "ino64_t", "ino_t",
+    "key_t", "lconv", "ldiv_t", "lldiv_t", "locale_t", "loff_t", "max_align_t", "mbstate_t",
+    "mode_t", "nlink_t", "off64_t", "off_t", "pid_t", "pthread_attr_t", "pthread_barrier_t",
+    "pthread_barrierattr_t", "pthread_cond_t", "pthread_condattr_t", "pthread_key_t",
+    "pthread_mutex_t", "pthread_mutexattr_t", "pthread_once_t", "pthread_rwlock_t",
+    "pthread_rwlockattr_t", "pthread_spinlock_t", "pthread_t", "quad_t", "random_data",
+    "register_t", "sigset_t", "ssize_t", "suseconds_t", "time_t", "timer_t", "timespec", "timeval",
+    "u_char", "u_int", "u_int16_t", "u_int32_t", "u_int64_t", "u_int8_t", "u_long", "u_quad_t",
+    "u_short", "uid_t", "uint", "ulong", "useconds_t", "ushort", "va_list", "wint_t"});
+// clang-format on
+static_assert(IsSorted(cLibraryTypes));
+
+/// The macros of <cstdint> that stand for a number.
+inline constexpr auto integerMacros = Table<std::string_view>(
+    {"INT16_MAX",       "INT16_MIN",        "INT32_MAX",        "INT32_MIN",
+     "INT64_MAX",       "INT64_MIN",        "INT8_MAX",         "INT8_MIN",
+     "INTMAX_MAX",      "INTMAX_MIN",       "INTPTR_MAX",       "INTPTR_MIN",
+     "INT_FAST16_MAX",  "INT_FAST16_MIN",   "INT_FAST32_MAX",   "INT_FAST32_MIN",
+     "INT_FAST64_MAX",  "INT_FAST64_MIN",   "INT_FAST8_MAX",    "INT_FAST8_MIN",
+     "INT_LEAST16_MAX", "INT_LEAST16_MIN",  "INT_LEAST32_MAX",  "INT_LEAST32_MIN",
+     "INT_LEAST64_MAX", "INT_LEAST64_MIN",  "INT_LEAST8_MAX",   "INT_LEAST8_MIN",
+     "PTRDIFF_MAX",     "PTRDIFF_MIN",      "SIZE_MAX",         "UINT16_MAX",
+     "UINT32_MAX",      "UINT64_MAX",       "UINT8_MAX",        "UINTMAX_MAX",
+     "UINTPTR_MAX",     "UINT_FAST16_MAX",  "UINT_FAST32_MAX",  "UINT_FAST64_MAX",
+     "UINT_FAST8_MAX",  "UINT_LEAST16_MAX", "UINT_LEAST32_MAX", "UINT_LEAST64_MAX",
+     "UINT_LEAST8_MAX"});
+static_assert(IsSorted(integerMacros));
+
+/// The macros of <cstdint> that take a literal, as in `INT64_C(1)`.
+inline constexpr auto literalMacros =
+    Table<std::string_view>({"INT16_C", "INT32_C", "INT64_C", "INT8_C", "INTMAX_C", "UINT16_C",
+                             "UINT32_C", "UINT64_C", "UINT8_C", "UINTMAX_C"});
+static_assert(IsSorted(literalMacros));
+
+}  // namespace zentho

@@ -1,0 +1,188 @@
+#include "words/word_forms.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "schema/builtin_types.h"
+#include "words/characters.h"
+#include "words/cpp_words.h"
+#include "words/tables.h"
+
+namespace zentho {
+namespace {
+
+struct CharacterRange {
+  char32_t first;
+  char32_t last;
+};
+
+/// What texts contain but no name that a compiler accepts: spaces, punctuation,
+/// arrows, operators and drawings.
+constexpr auto signsAndSpaces = Table<CharacterRange>({{0xd7, 0xd7},
+                                                       {0xf7, 0xf7},
+                                                       {0x1680, 0x1680},
+                                                       {0x180e, 0x180e},
+                                                       {0x2000, 0x203e},
+                                                       {0x2041, 0x2053},
+                                                       {0x2055, 0x206f},
+                                                       {0x2190, 0x245f},
+                                                       {0x2500, 0x2775},
+                                                       {0x2794, 0x2bff},
+                                                       {0x2e00, 0x2e7f},
+                                                       {0x3000, 0x3003},
+                                                       {0x3008, 0x3020},
+                                                       {0x3030, 0x3030},
+                                                       {0xfe45, 0xfe46}});
+
+bool IsDigit(char32_t code) {
+  return code >= '0' && code <= '9';
+}
+
+/// Returns whether the word is a name, or names with dots between them and perhaps before them.
+bool IsDotted(std::string_view word) {
+  const std::vector<std::string_view> parts = Components(word);
+  const std::ptrdiff_t skipped = parts.size() > 1 && parts.front().empty() ? 1 : 0;
+  return std::all_of(parts.begin() + skipped, parts.end(), IsIdentifier);
+}
+
+}  // namespace
+
+bool IsNumber(std::string_view word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char byte) {
+    return IsDigit(static_cast<unsigned char>(byte));
+  });
+}
+
+bool IsNameCharacter(char32_t code) {
+  if (code < 0x80) {
+    const char32_t lower = code | 0x20U;
+    return (lower >= 'a' && lower <= 'z') || IsDigit(code) || code == '_' || code == '$';
+  }
+  if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
+  // All that is not in these ranges is left to the compiler.
+  const auto contains = [code](const CharacterRange& range) {
+    return range.first <= code && code <= range.last;
+  };
+  return std::none_of(signsAndSpaces.begin(), signsAndSpaces.end(), contains);
+}
+
+bool IsPunctuation(std::string_view word) {
+  return std::none_of(word.begin(), word.end(),
+                      [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
+}
+
+bool IsIdentifier(std::string_view word) {
+  if (word.empty() || IsDigit(static_cast<unsigned char>(word.front()))) return false;
+  while (!word.empty()) {
+    const Character character = FirstCharacter(word);
+    if (!character.valid || !IsNameCharacter(character.code)) return false;
+    word.remove_prefix(character.size);
+  }
+  return true;
+}
+
+std::string_view NameIn(std::string_view word) {
+  const auto isPart = [](char byte) {
+    return (byte & 0x80) != 0 || IsNameCharacter(static_cast<unsigned char>(byte));
+  };
+  const auto* const begin = std::find_if(word.begin(), word.end(), isPart);
+  const auto* const end = std::find_if_not(begin, word.end(), isPart);
+  return word.substr(static_cast<std::size_t>(begin - word.begin()),
+                     static_cast<std::size_t>(end - begin));
+}
+
+std::optional<std::string_view> ElementType(std::string_view type) {
+  while (type.size() >= 2 && type.front() == '[' && type.back() == ']') {
+    type = type.substr(1, type.size() - 2);
+  }
+  if (type.find_first_of("[]") != std::string_view::npos) return std::nullopt;
+  return type;
+}
+
+std::vector<std::string_view> Components(std::string_view path) {
+  std::vector<std::string_view> parts;
+  for (std::size_t dot = path.find('.'); dot != std::string_view::npos; dot = path.find('.')) {
+    parts.push_back(path.substr(0, dot));
+    path.remove_prefix(dot + 1);
+  }
+  parts.push_back(path);
+  return parts;
+}
+
+bool IsTemplate(std::string_view type) {
+  std::size_t depth = 0;
+  char before = '\0';  // What stands before and after the next word.
+  while (true) {
+    const std::size_t size = std::min(type.find_first_of("<>,"), type.size());
+    const std::string_view word = type.substr(0, size);
+    const char after = size < type.size() ? type[size] : '\0';
+    const bool isEmptyList = word.empty() && before == '<' && after == '>';
+    const bool isMember = before == '>' && (word.empty() || word.front() == '.');
+    const bool mayBeEmpty = before == '>' || isEmptyList;
+    if (word.empty() && !mayBeEmpty) return false;
+    if (before == '>' && !isMember) return false;
+    if (!word.empty() && !IsNumber(word) && !IsDotted(word)) return false;
+    if (after == '<' && (word.empty() || IsNumber(word))) return false;
+    if (after == '\0') return depth == 0;
+    if (after != '<' && depth == 0) return false;
+    if (after == '<') ++depth;
+    if (after == '>') --depth;
+    before = after;
+    type.remove_prefix(size + 1);
+  }
+}
+
+bool LooksLikeType(std::string_view word) {
+  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
+  const std::string_view element = word.substr(begin, word.find_first_of("[]", begin) - begin);
+  return FindBuiltinType(element) != nullptr || FindKeyword(element) == Keyword::Type;
+}
+
+std::vector<std::string_view> TemplateNames(std::string_view type) {
+  std::vector<std::string_view> names;
+  while (!type.empty()) {
+    const std::size_t size = std::min(type.find_first_of("<>,"), type.size());
+    const std::string_view name = type.substr(0, size);
+    const bool isOther =
+        name.empty() || name.front() == '.' || IsNumber(name) || Components(name).front() == "std";
+    if (!isOther) names.push_back(name);
+    type.remove_prefix(std::min(size + 1, type.size()));
+  }
+  return names;
+}
+
+char BraceOf(std::string_view word) {
+  constexpr std::string_view extra = ";,\t\r";
+  const std::size_t begin = word.find_first_not_of(extra);
+  if (begin == std::string_view::npos) return '\0';
+  const std::size_t end = word.find_last_not_of(extra) + 1;
+  if (word[begin] == '}' || word[end - 1] == '}') return '}';
+  return word[end - 1] == '{' ? '{' : '\0';
+}
+
+bool IsTypeForm(std::string_view word) {
+  const std::optional<std::string_view> element = ElementType(word);
+  if (!element.has_value()) return false;
+  if (element->find('<') != std::string_view::npos) return IsTemplate(*element);
+  return IsDotted(*element);
+}
+
+IncludeForm FormOfInclude(std::string_view word) {
+  const char opening = word.front();
+  const char closing = opening == '<' ? '>' : '"';
+  const bool terminated = word.size() > 1 && word.back() == closing;
+  std::string_view path = word.substr(1, word.size() - (terminated ? 2 : 1));
+  const bool hasCode = path.find("/*") != std::string_view::npos ||
+                       path.find("//") != std::string_view::npos ||
+                       path.find_first_of("\"\\{};,") != std::string_view::npos;
+  if (hasCode || HasControlCharacter(word)) return IncludeForm::Invalid;
+  if (opening != '"' && opening != '<') return IncludeForm::Unquoted;
+  if (!terminated) return IncludeForm::Unterminated;
+  const std::size_t dot = path.rfind('.');
+  if (dot == 0) return IncludeForm::Invalid;  // It has no name.
+  const bool hasExtension = dot != std::string_view::npos && dot + 1 < path.size() &&
+                            path.find('/', dot) == std::string_view::npos;
+  return hasExtension ? IncludeForm::Path : IncludeForm::NoExtension;
+}
+
+}  // namespace zentho
