@@ -12,7 +12,7 @@
 #include "schema/parser.h"
 #include "schema/schema.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 const std::string stem = "/dev/shm/idlgen_stages_" + std::to_string(getpid());
@@ -84,7 +84,7 @@ BENCHMARK(dump)->RangeMultiplier(4)->Range(64, 16384)->Complexity();
 BENCHMARK(generate)->RangeMultiplier(4)->Range(64, 16384)->Complexity();
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Ends the process, which the fuzzer reports, if the invariant does not hold.
 inline void check(bool holds, const char* invariant) {
@@ -22,4 +22,4 @@ inline std::vector<std::string> Lines(const std::string& text) {
   return lines;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -8,7 +8,7 @@
 
 #include "check.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 bool IsWordByte(unsigned char byte) {
@@ -126,4 +126,4 @@ void checkHeader(const std::string& header) {
   }
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,9 +2,9 @@
 
 #include <string>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Checks that words of the IDL file are where they belong in an accepted header, and nowhere else.
 void checkHeader(const std::string& header);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -26,7 +26,7 @@
 #include "sources/sources.h"
 #include "told.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 const std::string stem = "/dev/shm/idlgen_fuzz_" + std::to_string(getpid());
@@ -175,7 +175,7 @@ Files Split(const std::string& input) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const zentho::Files files = zentho::Split(std::string(reinterpret_cast<const char*>(data), size));

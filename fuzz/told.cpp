@@ -8,7 +8,7 @@
 
 #include "check.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// The first line of a message: its place and kind; path, line, column and the kind alone.
@@ -56,4 +56,4 @@ std::vector<std::string> checkTold(const Files& files, const std::string& path,
   return told;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

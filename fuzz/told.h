@@ -6,7 +6,7 @@
 
 #include "messages/outcome.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// The texts of IDL files by their paths.
 using Files = std::map<std::string, std::string>;
@@ -17,4 +17,4 @@ using Files = std::map<std::string, std::string>;
 std::vector<std::string> checkTold(const Files& files, const std::string& path,
                                    const Outcome& result);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

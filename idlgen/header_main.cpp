@@ -13,7 +13,7 @@
 #include "program/command_line.h"
 #include "program/generate_header.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 constexpr std::string_view usage =
@@ -75,16 +75,17 @@ int run(const CommandLine& line) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen
 
 int main(int argc, char** argv) {
   // Ignored so that a closed pipe or a file size limit does not kill the program: a write fails.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   try {
-    return zentho::run(zentho::ParseCommandLine({argv + std::min(argc, 1), argv + argc}));
+    return zentho::idlgen::run(
+        zentho::idlgen::ParseCommandLine({argv + std::min(argc, 1), argv + argc}));
   } catch (const std::bad_alloc&) {
-    zentho::printError(zentho::noMemory);
+    zentho::idlgen::printError(zentho::idlgen::noMemory);
     return EXIT_FAILURE;
   }
 }

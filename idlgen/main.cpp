@@ -11,7 +11,7 @@
 #include "schema/parser.h"
 #include "schema/schema.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Generates the header of one IDL file. Throws std::exception on failure.
@@ -51,7 +51,7 @@ int run(int argc, char** argv) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen
 
 int main(int argc, char** argv) {
   // Ignored so that a closed pipe or a file size limit does not kill the program. Output that
@@ -59,7 +59,7 @@ int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   try {
-    return zentho::run(argc, argv);
+    return zentho::idlgen::run(argc, argv);
   } catch (...) {
     return EXIT_FAILURE;  // Errors in files have been printed; others are silent.
   }

@@ -5,7 +5,7 @@
 #include "words/similar.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 struct SimilarRow {
@@ -219,4 +219,4 @@ const std::vector<SignTestRow> signRows = {
 INSTANTIATE_TEST_SUITE_P(Advice, SignsOfLines, testing::ValuesIn(signRows), RowName<SignTestRow>);
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,7 +2,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 struct Encoding {
@@ -54,4 +54,4 @@ TEST(Characters, AreControlsAlsoBeyondAscii) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -14,7 +14,7 @@
 // comments "# error: ...", "# warning: ..." and "# note: ..." stand before the line that they are
 // about, those about the same line in any order.
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A message: the path of its file, the number of its line, and the text after
 /// "path:line:column: ".
@@ -82,4 +82,4 @@ inline std::vector<CheckCase> CheckCases() {
   return cases;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

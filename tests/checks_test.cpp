@@ -11,7 +11,7 @@
 
 // What idlgen-header says about IDL files, and whether the compiler agrees.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns whether an error is expected in the file.
@@ -124,4 +124,4 @@ TEST(Checks, AgreeWithTheCompiler) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

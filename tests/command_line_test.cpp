@@ -2,7 +2,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Arguments = std::vector<std::string>;
@@ -117,4 +117,4 @@ TEST(CommandLine, TakesArgumentsFromFiles) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

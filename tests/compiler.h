@@ -8,7 +8,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Returns whether there is a compiler to ask.
 inline bool HasCompiler() {
@@ -42,4 +42,4 @@ inline std::set<std::size_t> RejectedLines(const std::string& text, const std::s
   return lines;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

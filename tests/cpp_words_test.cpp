@@ -7,7 +7,7 @@
 
 // Whether the tables of words agree with the compiler.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns, for each line, the words with which the compiler accepts it. In the lines, `@` stands
@@ -116,4 +116,4 @@ TEST(IsReserved, LooksAtTheBeginningOfAName) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,7 +2,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(Depfile, IsAMakefile) {
@@ -18,4 +18,4 @@ TEST(Depfile, DoublesBackslashesOnlyBeforeABlankOrANumberSign) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

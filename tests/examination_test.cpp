@@ -8,7 +8,7 @@
 
 // Whole messages about files that are checked together.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Files = std::map<std::string, std::string>;
@@ -281,4 +281,4 @@ INSTANTIATE_TEST_SUITE_P(Examination, TimesOfExamination, testing::ValuesIn(shap
                          RowName<ShapeRow>);
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

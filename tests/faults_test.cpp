@@ -7,7 +7,7 @@
 
 // Runs idlgen-header while system calls fail and signals arrive, with strace.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 const std::string valid = "enum Mode { IDLE: 0 }";
@@ -238,4 +238,4 @@ INSTANTIATE_TEST_SUITE_P(IdlgenHeader, EachSignal, testing::ValuesIn(signals),
                          RowName<EndingSignal>);
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

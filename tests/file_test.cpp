@@ -8,7 +8,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(Descriptor, ClosesOnce) {
@@ -52,4 +52,4 @@ TEST(WriteAll, RepeatsAnInterruptedWrite) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

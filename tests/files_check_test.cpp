@@ -9,7 +9,7 @@
 
 // What the check of several files finds, without the search for included files.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Openness = FilesCheck::Openness;
@@ -337,4 +337,4 @@ TEST(FilesCheck, FollowsALongChain) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

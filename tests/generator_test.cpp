@@ -2,7 +2,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns the generated header. Generating must print nothing.
@@ -36,4 +36,4 @@ TEST(Generator, IgnoresTheDepthOfAMemberThatIsNoVector) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

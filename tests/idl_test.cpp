@@ -4,7 +4,7 @@
 
 using namespace std::string_literals;
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Lines = std::vector<std::list<std::string>>;
@@ -97,4 +97,4 @@ TEST(Reader, UnreadableFilesHaveNoLines) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

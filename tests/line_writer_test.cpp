@@ -6,7 +6,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(FileLineWriter, WritesEachLineImmediately) {
@@ -45,4 +45,4 @@ TEST(FileLineWriter, DropsAllLinesAfterAFailedWrite) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include "schema/parser.h"
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 constexpr auto none = Scope::Part::None;
@@ -73,4 +73,4 @@ constexpr TypeRow typeRows[] = {
 INSTANTIATE_TEST_SUITE_P(Lookup, TypesOfMembers, testing::ValuesIn(typeRows), RowName<TypeRow>);
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

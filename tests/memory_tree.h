@@ -10,7 +10,7 @@
 
 #include "sources/source_tree.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Files in memory, for tests. Their paths are relative to a current directory, and directories are
 /// what contains a file.
@@ -63,4 +63,4 @@ class MemoryTree final : public SourceTree {
   std::map<std::string, std::size_t> ids;
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

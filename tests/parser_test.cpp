@@ -6,7 +6,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns the output of parsing the text, which must have no error.
@@ -195,4 +195,4 @@ TEST(Parser, KeepsStatementsBeforeTheError) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 #include "sources/source_file.h"
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(Places, AreWhereTheWordsStand) {
@@ -101,4 +101,4 @@ const std::vector<BraceRow> braces = {
 INSTANTIATE_TEST_SUITE_P(LocatedWords, Braces, testing::ValuesIn(braces), RowName<BraceRow>);
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

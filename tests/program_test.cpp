@@ -2,7 +2,7 @@
 
 // Runs the programs and checks the exit status, the output, and which files are written.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Case = testing::TestWithParam<std::string>;
@@ -50,4 +50,4 @@ TEST(Idlgen, SurvivesFailedWrites) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

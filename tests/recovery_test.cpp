@@ -8,7 +8,7 @@
 
 // Which words are read of a file that cannot be read as it stands, and what is said about the rest.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Appends a line "LINE:COLUMN: SENTENCE".
@@ -329,4 +329,4 @@ TEST(Recovery, KeepsTheNamesThatMayBeDeclaredWhereItLeavesOut) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,7 +2,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(ReplaceFile, CreatesTheFileAndItsDirectories) {
@@ -37,4 +37,4 @@ TEST(RemoveFile, FailsOnlyIfTheFileStays) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -6,7 +6,7 @@
 
 // Whole messages, with the lines that show the place.
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 struct ExcerptRow {
@@ -164,4 +164,4 @@ TEST(Report, EndsAfter20LinesThatCannotBeRead) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

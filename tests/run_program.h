@@ -15,7 +15,7 @@
 
 extern char** environ;
 
-namespace zentho {
+namespace zentho::idlgen {
 
 struct ProgramResult {
   int status = 0;  ///< The exit status, or minus the signal that killed the program.
@@ -114,4 +114,4 @@ inline void checkCase(const std::string& name) {
   }
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,7 +2,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(Slip, IsOneLetterOfALongName) {
@@ -27,4 +27,4 @@ TEST(Slip, IsOneLetterOfALongName) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(DiskTree, TellsFilesFromWhatIsNoneAndKnowsThemByAnyPath) {
@@ -33,4 +33,4 @@ TEST(DiskTree, TellsFilesFromWhatIsNoneAndKnowsThemByAnyPath) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 #include "memory_tree.h"
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Texts = std::map<std::string, std::string>;
@@ -266,4 +266,4 @@ const std::vector<PathCase> pathCases = {
 INSTANTIATE_TEST_SUITE_P(Sources, IncludePath, testing::ValuesIn(pathCases), RowName<PathCase>);
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

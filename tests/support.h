@@ -17,7 +17,7 @@
 
 #include "reader/idl.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A temporary directory with a space in its path, deleted at the end of the test.
 class Scratch {
@@ -115,4 +115,4 @@ inline IDL Load(const std::string& text) {
   return idl;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 
 #include "compiler.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// The names above the values: items A, B and IDLE, and the enum Mode. E is the enum of the value.
@@ -216,4 +216,4 @@ TEST(Value, GetsAdvice) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

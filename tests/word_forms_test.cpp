@@ -2,7 +2,7 @@
 
 #include "support.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 TEST(IsNameCharacter, LeavesLettersOfAllLanguagesToTheCompiler) {
@@ -115,4 +115,4 @@ TEST(LooksLikeType, LooksInsideOfBrackets) {
 }
 
 }  // namespace
-}  // namespace zentho
+}  // namespace zentho::idlgen

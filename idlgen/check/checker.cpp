@@ -9,7 +9,7 @@
 #include "words/cpp_words.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns which headers the members, or the elements of one, need.
@@ -239,4 +239,4 @@ bool Checker::isLibraryType(std::string_view type) const {
   return IsCppType(type) || (IsCLibraryType(type) && hasCLibrary());
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -16,7 +16,7 @@
 #include "schema/builtin_types.h"
 #include "schema/words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Where a name has last been used, as the indexes of words. 0 if never.
 struct Uses {
@@ -145,4 +145,4 @@ class Checker {
   std::unordered_map<std::string_view, Uses> uses;
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -6,7 +6,7 @@
 #include "words/cpp_words.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Checks the member with this type, whose name is the word before it. The type comes first in C++:
 /// the name is declared after it.
@@ -187,4 +187,4 @@ const Rule* Checker::ruleFor(const Found& found, std::string_view type, bool isV
   return nullptr;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

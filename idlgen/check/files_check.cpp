@@ -7,7 +7,7 @@
 
 #include "check/checker.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Finds the groups of files of which each includes all others, also indirectly. The files must not
@@ -189,4 +189,4 @@ std::vector<Finding> CheckAlone(const Words& words, const LeftOut& leftOut) {
   return check.findings(0);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -12,7 +12,7 @@
 #include "names/sight.h"
 #include "schema/words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Checks what the words of files mean: whether each can be what its place means, and whether C++
 /// compilers accept the headers, as far as the files show that are checked together.
@@ -68,4 +68,4 @@ class FilesCheck {
 /// Returns the findings about a file that is checked alone, in the order of its words.
 std::vector<Finding> CheckAlone(const Words& words, const LeftOut& leftOut = {});
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

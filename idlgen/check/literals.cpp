@@ -9,7 +9,7 @@
 #include "words/characters.h"
 #include "words/tables.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// With -trigraphs, a backslash, which would hide the closing quote of a literal.
@@ -210,4 +210,4 @@ CharacterForm FormOfCharacter(std::string_view literal) {
   return isMany ? std::max(form, prefix.otherwise) : form;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

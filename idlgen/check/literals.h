@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 // What compilers make of literals, by their text alone.
 
@@ -29,4 +29,4 @@ bool IsCharacterPrefix(std::string_view letters);
 /// Returns the form of a character literal with its prefix and both quotes.
 CharacterForm FormOfCharacter(std::string_view literal);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -10,7 +10,7 @@
 #include "check/value_tokens.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Kind = ValueToken::Kind;
@@ -107,4 +107,4 @@ std::vector<ValueFault> CheckValue(std::string_view word, const NameLookup& kind
   return std::move(reading.warnings);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

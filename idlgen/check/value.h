@@ -8,7 +8,7 @@
 
 #include "findings/rules.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What a name is to the value of an item.
 enum class NameKind : std::uint8_t {
@@ -34,4 +34,4 @@ struct ValueFault {
 std::vector<ValueFault> CheckValue(std::string_view word, const NameLookup& kindOf,
                                    bool hasIntegerMacros);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

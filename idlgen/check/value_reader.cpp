@@ -12,7 +12,7 @@
 #include "words/cpp_words.h"
 #include "words/tables.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Kind = ValueToken::Kind;
@@ -337,4 +337,4 @@ ValueReading ReadValue(const std::vector<ValueToken>& tokens, const NameLookup& 
   return other.isValue ? std::move(other) : std::move(reading);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -7,7 +7,7 @@
 #include "check/value.h"
 #include "check/value_tokens.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What the tokens of a value are together.
 struct ValueReading {
@@ -21,4 +21,4 @@ struct ValueReading {
 ValueReading ReadValue(const std::vector<ValueToken>& tokens, const NameLookup& kindOf,
                        bool hasIntegerMacros);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

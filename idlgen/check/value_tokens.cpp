@@ -8,7 +8,7 @@
 #include "words/tables.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using Kind = ValueToken::Kind;
@@ -140,4 +140,4 @@ std::size_t AngleBracketsEnd(const std::vector<ValueToken>& tokens, std::size_t 
   return noToken;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A token of C++ in the value of an item.
 struct ValueToken {
@@ -34,4 +34,4 @@ std::size_t ParenthesesEnd(const std::vector<ValueToken>& tokens, std::size_t be
 /// The same for angle brackets, inside which parentheses are balanced.
 std::size_t AngleBracketsEnd(const std::vector<ValueToken>& tokens, std::size_t begin);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,7 +2,7 @@
 
 #include "words/cpp_words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 TypeKind FindTypeKind(std::string_view name, const NameLookup& kindOf, bool hasIntegerMacros) {
   const Keyword keyword = FindKeyword(name);
@@ -20,4 +20,4 @@ TypeKind FindTypeKind(std::string_view name, const NameLookup& kindOf, bool hasI
   return kind == NameKind::Unknown ? TypeKind::Unknown : TypeKind::Elsewhere;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 
 #include "check/value.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What a name is where a type may stand.
 enum class TypeKind : std::uint8_t {
@@ -26,4 +26,4 @@ inline bool IsUnknown(TypeKind type) {
 /// Returns what a name in a value is. `None` is an item, a macro or a keyword.
 TypeKind FindTypeKind(std::string_view name, const NameLookup& kindOf, bool hasIntegerMacros);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include "findings/excerpt.h"
 #include "words/printable.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 std::string Line(const std::string& path, const char* kind, const Spot& spot,
@@ -44,4 +44,4 @@ std::string Lines(const std::string& path, const Diagnostic& diagnostic) {
   return lines;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -9,7 +9,7 @@
 #include "findings/places.h"
 #include "findings/rules.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A word that a diagnostic shows.
 struct Spot {
@@ -47,4 +47,4 @@ std::string Sentence(std::string_view pattern, std::string_view text, const std:
 /// Returns the lines of a diagnostic about the file at `path`.
 std::string Lines(const std::string& path, const Diagnostic& diagnostic);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

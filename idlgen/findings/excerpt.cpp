@@ -4,7 +4,7 @@
 
 #include "words/printable.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns how many columns a printable text takes: one for each character.
@@ -34,4 +34,4 @@ std::string Excerpt(std::size_t lineNumber, std::string_view line, std::size_t b
          std::string(Width(before), ' ') + "^" + std::string(width - 1, '~') + "\n";
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

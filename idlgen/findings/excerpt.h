@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A part of a line that contains the beginning of a word, and a second line that marks the word:
 ///
@@ -13,4 +13,4 @@ namespace zentho {
 std::string Excerpt(std::size_t lineNumber, std::string_view line, std::size_t begin,
                     std::size_t size);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

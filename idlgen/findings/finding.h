@@ -8,7 +8,7 @@
 #include "findings/rules.h"
 #include "schema/words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// No index of a declaration, file or namespace.
 constexpr std::size_t nothing = static_cast<std::size_t>(-1);
@@ -32,4 +32,4 @@ struct Finding {
 /// Puts findings in the order of their words.
 void sort(std::vector<Finding>& findings);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

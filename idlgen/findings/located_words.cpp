@@ -4,7 +4,7 @@
 
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns 1 for a word that opens a brace, -1 for one that closes one, and 0 for all others.
@@ -81,4 +81,4 @@ TypeNames DeclaredTypes(const LocatedWords& file) {
   return types;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

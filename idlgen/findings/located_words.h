@@ -8,7 +8,7 @@
 #include "findings/places.h"
 #include "schema/words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// The words of a file and where they stand, in two lists with the same indexes.
 struct LocatedWords {
@@ -57,4 +57,4 @@ using TypeNames = std::unordered_set<std::string_view>;
 
 TypeNames DeclaredTypes(const LocatedWords& file);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

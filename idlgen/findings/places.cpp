@@ -4,7 +4,7 @@
 
 #include "reader/idl.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 std::vector<Place> FindPlaces(std::string_view text, const std::vector<std::string_view>& words) {
   // The words follow each other in the text, with nothing but separators and comments between them.
@@ -45,4 +45,4 @@ std::string_view CodeAfter(const Place& place, std::string_view word) {
   return place.code.substr(std::min(place.offset + word.size(), place.code.size()));
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

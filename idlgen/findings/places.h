@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Where a word begins in the text of a file.
 struct Place {
@@ -24,4 +24,4 @@ bool HasColonsInWord(std::string_view text);
 /// Returns the rest of the line's code after the word at this place.
 std::string_view CodeAfter(const Place& place, std::string_view word);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 enum class Severity : std::uint8_t { Error, Warning };
 
@@ -156,4 +156,4 @@ inline constexpr Rule misfit{error, R"("%" is declared in an included file alrea
 inline constexpr Rule noExtension{warning, R"(% has no extension, such as ".idl")"};
 
 }  // namespace rules
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -34,7 +34,7 @@ std::string replace(std::string text, std::string pattern, std::string replaceme
 
 /// Returns the C++ type of a built-in keyword, and other names unchanged.
 std::string CheckAndTransStdType(std::string type) {
-  const BuiltinType* const builtin = FindBuiltinType(type);
+  const idlgen::BuiltinType* const builtin = idlgen::FindBuiltinType(type);
   return builtin != nullptr ? std::string(builtin->cppType) : type;
 }
 
@@ -197,7 +197,7 @@ void writeSerialization(LineWriter& header, const Schema& schema) {
 void Generator::generate(std::string idlPath) const {
   const std::string path = OutputPath(idlPath);
   util::FilePath::createFile(path.c_str());
-  FileLineWriter header(path);
+  idlgen::FileLineWriter header(path);
   write(header);
 }
 

@@ -8,7 +8,7 @@
 #include <array>
 #include <cerrno>
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Waits until the file is writable, or a signal arrives.
@@ -79,4 +79,4 @@ std::error_code writeAll(int descriptor, std::string_view bytes) {
   return {};
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Returns the reason why the last system call failed. Call it right after that.
 [[nodiscard]] std::error_code LastError();
@@ -47,4 +47,4 @@ class Descriptor {
 /// set O_NONBLOCK on a shared terminal or pipe, waits.
 [[nodiscard]] std::error_code writeAll(int descriptor, std::string_view bytes);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 void appendLine(std::string& text, std::initializer_list<std::string_view> pieces) {
@@ -33,4 +33,4 @@ void printLine(std::initializer_list<std::string_view> pieces) {
   standardOutput.writeLine(pieces);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

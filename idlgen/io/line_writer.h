@@ -17,6 +17,8 @@ class LineWriter {
   virtual void writeLine(std::initializer_list<std::string_view> pieces) = 0;
 };
 
+namespace idlgen {
+
 /// Writes each line to a file with one unbuffered write. This is slow but deliberate: anyone
 /// watching the output sees the progress, and an interrupted run keeps all lines so far.
 ///
@@ -49,4 +51,5 @@ class StringLineWriter final : public LineWriter {
 /// Writes one line to standard output, like `FileLineWriter`.
 void printLine(std::initializer_list<std::string_view> pieces);
 
+}  // namespace idlgen
 }  // namespace zentho

@@ -11,7 +11,7 @@
 
 #include "io/file.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Delays the signals that users end a program with.
@@ -85,4 +85,4 @@ std::error_code removeFile(const std::string& path) {
   return error;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Creates or replaces the file at `path`, whole or not at all: writes a temporary file in the same
 /// directory and renames it. Creates missing directories. SIGHUP, SIGINT, SIGQUIT and SIGTERM wait
@@ -14,4 +14,4 @@ namespace zentho {
 /// Removes the file at `path`, if there is one.
 [[nodiscard]] std::error_code removeFile(const std::string& path);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

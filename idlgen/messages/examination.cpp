@@ -9,7 +9,7 @@
 #include "words/printable.h"
 #include "words/similar.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 const LeftOut nothingLeftOut;
@@ -144,4 +144,4 @@ std::string Examination::typeAdvice(std::size_t file, std::string_view type) {
   return others.empty() ? DidYouMean(types.mostSimilar(type)) : std::string();
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -12,7 +12,7 @@
 #include "sources/source_file.h"
 #include "sources/sources.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Examines IDL files together: all that have been read in a run, which may include each other.
 class Examination {
@@ -49,4 +49,4 @@ class Examination {
   std::vector<std::unique_ptr<Recovery>> recoveries;  ///< Of files that have been recovered.
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -14,7 +14,7 @@
 #include "words/printable.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns what is missing in the record that the path begins with, or nothing.
@@ -106,4 +106,4 @@ Advice AdviceFor(const Finding& finding, const LocatedWords& file, const TypeNam
   return {};
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 #include "findings/finding.h"
 #include "findings/located_words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What follows the sentence of a finding, or nothing.
 struct Advice {
@@ -16,4 +16,4 @@ struct Advice {
 /// `declared` are the enums and messages of the file.
 Advice AdviceFor(const Finding& finding, const LocatedWords& file, const TypeNames& declared);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -6,7 +6,7 @@
 #include "words/similar.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 bool IsType(const Declaration& declaration) {
@@ -110,4 +110,4 @@ std::string KnownTypes::nameOf(const Declaration& declaration) const {
   return "." + name;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -7,7 +7,7 @@
 
 #include "check/files_check.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// The types that may be meant by a name that one of the files uses.
 class KnownTypes {
@@ -31,4 +31,4 @@ class KnownTypes {
   const Sight& sight;
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,10 +2,10 @@
 
 #include "words/printable.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 std::string ErrorLine(const std::string& path, const std::string& reason) {
   return "idlgen-header: " + Printable(path) + ": " + reason + "\n";
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What a run does about warnings.
 enum class Warnings : std::uint8_t {
@@ -24,4 +24,4 @@ constexpr const char* noMemory = "idlgen-header: Cannot allocate memory\n";
 /// Returns a message about a file: "idlgen-header: PATH: REASON" and a line feed.
 std::string ErrorLine(const std::string& path, const std::string& reason);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -10,7 +10,7 @@
 #include "sources/source_file.h"
 #include "words/printable.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// The number of errors and warnings that are shown.
@@ -215,4 +215,4 @@ Outcome reportAlone(const std::string& path, std::string text, Schema& schema, W
   return outcome;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

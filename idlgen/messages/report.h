@@ -7,7 +7,7 @@
 #include "messages/outcome.h"
 #include "schema/schema.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Returns the messages about one of the files, and whether it passes: those of its recovery, and
 /// what the check has found in the words that are left. They are in the order of the places. Of
@@ -19,4 +19,4 @@ namespace zentho {
 [[nodiscard]] Outcome reportAlone(const std::string& path, std::string text, Schema& schema,
                                   Warnings warnings = Warnings::Tell);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 void Declarations::add(const Words& words, const LeftOut& leftOut) {
   files.push_back({&words, &leftOut});
@@ -115,4 +115,4 @@ std::size_t Declarations::find(std::size_t file, std::string_view name, bool isI
   return i == nothing ? noWord : declarations[i].word;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

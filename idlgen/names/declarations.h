@@ -11,7 +11,7 @@
 #include "findings/finding.h"
 #include "schema/words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What stands in a file but is not among the words that are checked.
 struct LeftOut {
@@ -158,4 +158,4 @@ std::optional<ClashingWords> Declarations::firstTwo(const Clash& clash,
                        {files[file].namespaceWord, file}};
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 constexpr Found unknown = {Result::Unknown};
@@ -249,4 +249,4 @@ std::string_view Lookup::text(std::size_t declaration) const {
   return declarations.file(declared.file).words->texts[declared.word];
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -9,7 +9,7 @@
 #include "names/sight.h"
 #include "schema/words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Where a member is declared.
 struct Scope {
@@ -96,4 +96,4 @@ class Lookup {
   bool mayBeUnread;  ///< Whether any name may come from what has not been read.
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 void Sight::lookFrom(std::size_t file, const Includes& includes) {
   user = file;
@@ -28,4 +28,4 @@ bool Sight::hasNamespace(std::size_t space) const {
          (space < spaceMarks.size() && spaceMarks[space] == looks);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

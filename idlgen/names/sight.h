@@ -5,7 +5,7 @@
 
 #include "names/declarations.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// An include statement that leads to a file which is checked, too.
 struct Inclusion {
@@ -56,4 +56,4 @@ class Sight {
   std::vector<std::size_t> spaceMarks;  ///< The look that has last seen each namespace.
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -14,7 +14,7 @@
 #include "sources/source_tree.h"
 #include "sources/sources.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// One run of the check.
@@ -132,4 +132,4 @@ Outcome checkFiles(const CheckRequest& request) {
   return result;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -6,7 +6,7 @@
 
 #include "messages/outcome.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What `idlgen-header --check` is asked to do.
 struct CheckRequest {
@@ -26,4 +26,4 @@ struct CheckRequest {
 /// or depfile. After any other failure, removes an older stamp.
 [[nodiscard]] Outcome checkFiles(const CheckRequest& request);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -13,7 +13,7 @@
 #include "io/file.h"
 #include "messages/outcome.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// What getopt_long returns for the options without a letter.
@@ -187,4 +187,4 @@ CommandLine ParseCommandLine(std::vector<std::string> arguments) {
   return ArgumentReader(std::move(arguments)).read();
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

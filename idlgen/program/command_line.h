@@ -7,7 +7,7 @@
 #include "program/check_files.h"
 #include "program/generate_header.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What the command line of `idlgen-header` asks for.
 struct CommandLine {
@@ -22,4 +22,4 @@ struct CommandLine {
 /// Reads the command line, without the name of the program, and the argument files that it names.
 CommandLine ParseCommandLine(std::vector<std::string> arguments);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

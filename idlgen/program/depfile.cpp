@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Escapes a name as gcc does. make cannot read all names: ':' and '%' have no escapes.
@@ -36,4 +36,4 @@ std::string Depfile(std::string_view target, const std::vector<std::string>& fil
   return rule + "\n" + emptyRules;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

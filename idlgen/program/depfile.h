@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Returns how the rule of a target begins in a makefile: with its name, escaped, and a colon.
 std::string RuleBeginning(std::string_view target);
@@ -13,4 +13,4 @@ std::string RuleBeginning(std::string_view target);
 /// one rule, and an empty one for each file, so that the file can be deleted.
 std::string Depfile(std::string_view target, const std::vector<std::string>& files);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -15,7 +15,7 @@
 #include "schema/schema.h"
 #include "sources/source_tree.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns whether the file at `path` has this text. Errors count as no.
@@ -61,4 +61,4 @@ Outcome generateHeader(const HeaderRequest& request) {
   return result;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

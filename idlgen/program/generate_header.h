@@ -4,7 +4,7 @@
 
 #include "messages/outcome.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What `idlgen-header IDL HEADER` is asked to do.
 struct HeaderRequest {
@@ -22,4 +22,4 @@ struct HeaderRequest {
 /// header, so that nothing is compiled with it.
 [[nodiscard]] Outcome generateHeader(const HeaderRequest& request);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

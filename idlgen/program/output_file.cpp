@@ -10,7 +10,7 @@
 #include "messages/outcome.h"
 #include "words/printable.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns why no file can be created at a path where there is none.
@@ -61,4 +61,4 @@ void removeOutput(const std::string& path, std::string& messages) {
   if (error) messages += ErrorLine(path, "cannot be removed: " + error.message());
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

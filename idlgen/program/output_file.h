@@ -7,7 +7,7 @@
 
 #include "sources/source_tree.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A file that a run writes, and removes after an error.
 struct OutputFile {
@@ -24,4 +24,4 @@ std::optional<std::string> Refusal(const OutputFile& file);
 /// Removes the file. If that fails, appends why to the messages.
 void removeOutput(const std::string& path, std::string& messages);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

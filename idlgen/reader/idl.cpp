@@ -29,13 +29,13 @@ void printLines(const std::vector<std::list<std::string>>& lines, std::string_vi
   for (const std::list<std::string>& line : lines) {
     std::string text;
     for (const std::string& token : line) text.append(token).append(mark);
-    printLine({text});
+    idlgen::printLine({text});
   }
 }
 
 }  // namespace
 
-std::string_view WithoutComment(std::string_view line) {
+std::string_view idlgen::WithoutComment(std::string_view line) {
   const std::size_t hash = line.find('#');
   if (hash != std::string_view::npos) return line.substr(0, hash);
   const std::size_t slash = line.find('/');
@@ -46,9 +46,9 @@ std::string_view WithoutComment(std::string_view line) {
 }
 
 void IDL::load(std::string path) {
-  printLine({"idl path:", path});
+  idlgen::printLine({"idl path:", path});
   std::string text;
-  (void)readFile(path, text);  // What was read before an error counts.
+  (void)idlgen::readFile(path, text);  // What was read before an error counts.
   tokenize(text);
 }
 
@@ -57,7 +57,7 @@ void IDL::tokenize(std::string_view text) {
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     std::vector<std::string> stored;
-    stored.emplace_back(WithoutComment(text.substr(0, end)));
+    stored.emplace_back(idlgen::WithoutComment(text.substr(0, end)));
     text.remove_prefix(std::min(end + 1, text.size()));
 
     std::vector<std::list<std::string>> splitAtSpaces;
@@ -116,12 +116,12 @@ void IDL::splitByBrace(std::vector<std::list<std::string>> lines,
 }
 
 void IDL::outputFinal() const {
-  printLine({"output final idl:"});
+  idlgen::printLine({"output final idl:"});
   printLines(tokenLines, "");
 }
 
 void IDL::output(const std::vector<std::list<std::string>>& lines) {
-  printLine({"output idl:"});
+  idlgen::printLine({"output idl:"});
   printLines(lines, "[~]");
 }
 

@@ -7,9 +7,13 @@
 
 namespace zentho {
 
+namespace idlgen {
+
 /// Returns the line up to its comment, which starts at the first '#'. In a line without '#', it
 /// starts at "//" if that is the first '/' of the line.
 std::string_view WithoutComment(std::string_view line);
+
+}  // namespace idlgen
 
 /// The token lines of one IDL file, and the passes that split its text into them.
 ///

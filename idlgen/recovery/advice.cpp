@@ -10,7 +10,7 @@
 #include "words/tables.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 bool Contains(std::string_view text, std::string_view part) {
@@ -272,4 +272,4 @@ std::string FormAdvice(std::string_view part, Role role) {
   return "values are integers, items above, and expressions of them without spaces";
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

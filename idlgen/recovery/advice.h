@@ -8,7 +8,7 @@
 
 #include "schema/words.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What a word shows that cannot be what its place means.
 struct Sign {
@@ -26,4 +26,4 @@ std::optional<Sign> FindSign(Signs signs, const std::vector<Word>& words);
 /// Returns what to do about a word that cannot play its role, or nothing.
 std::string FormAdvice(std::string_view part, Role role);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

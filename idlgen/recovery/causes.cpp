@@ -8,7 +8,7 @@
 #include "words/printable.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns the words of a range with the roles that they would have in a line without mistakes. One
@@ -214,4 +214,4 @@ const Rule& FormRule(Role role) {
   }
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

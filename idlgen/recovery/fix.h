@@ -11,7 +11,7 @@
 #include "findings/rules.h"
 #include "recovery/advice.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What has been said before a fault that may only follow from it, so that nothing more is said.
 enum class MayFollow : std::uint8_t {
@@ -68,4 +68,4 @@ std::optional<Fix> FixForm(const LocatedWords& file, Signs signs, WordRange rang
 /// Returns the rule that a word breaks because of its form.
 const Rule& FormRule(Role role);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

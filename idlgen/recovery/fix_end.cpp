@@ -5,7 +5,7 @@
 #include "recovery/fix.h"
 #include "schema/statements.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end) {
   std::size_t i = end - 1;
@@ -47,4 +47,4 @@ Fix FixEnd(const LocatedWords& file) {
   return fix;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -7,7 +7,7 @@
 #include "words/foreign_words.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// Returns the index of the "{" of a block that a line opens, or of a declaration that begins in
@@ -226,4 +226,4 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
   return line.has_value() ? list.fixCount(*line) : at(FormRule(file.role(word)), word);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -11,7 +11,7 @@
 #include "words/similar.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 constexpr std::string_view anyStatement =
@@ -322,4 +322,4 @@ Fix FixStatement(const LocatedWords& file, std::size_t word) {
   }
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 bool IsChecked(Role role) {
@@ -27,4 +27,4 @@ std::size_t WordsInStep(const Words& words, std::size_t count) {
   return i;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

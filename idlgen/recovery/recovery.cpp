@@ -10,7 +10,7 @@
 #include "words/foreign_words.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 /// The number of faults after which the rest of a file is not read any more.
@@ -255,4 +255,4 @@ void Recovery::leaveOut(std::string_view word, bool isWholeLine) {
   }
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

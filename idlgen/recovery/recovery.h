@@ -15,7 +15,7 @@
 #include "recovery/fix.h"
 #include "schema/parser.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What is read of a file, and what is wrong with it.
 struct Recovered {
@@ -71,4 +71,4 @@ class Recovery {
   bool lacksBraces;               ///< Whether the file opens more braces than it closes.
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

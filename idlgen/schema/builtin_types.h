@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A type of the language and what it is in C++.
 struct BuiltinType {
@@ -35,4 +35,4 @@ inline const BuiltinType* FindBuiltinType(std::string_view keyword) {
   return found == builtinTypes.end() ? nullptr : found;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

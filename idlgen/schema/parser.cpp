@@ -19,7 +19,7 @@ namespace {
 
 /// Returns whether the type is an integer keyword.
 bool IsIntType(std::string type) {
-  const BuiltinType* const builtin = FindBuiltinType(type);
+  const idlgen::BuiltinType* const builtin = idlgen::FindBuiltinType(type);
   return builtin != nullptr && builtin->isInteger;
 }
 
@@ -78,30 +78,30 @@ class StatementParser {
 
 std::string_view StatementParser::parseStatement() {
   const std::string_view keyword = next(Role::Statement);
-  switch (FindStatement(keyword)) {
-    case Statement::Include:
+  switch (idlgen::FindStatement(keyword)) {
+    case idlgen::Statement::Include:
       parseInclude();
       break;
-    case Statement::Namespace:
+    case idlgen::Statement::Namespace:
       parseNamespace();
       break;
-    case Statement::Enum:
+    case idlgen::Statement::Enum:
       parseEnum();
       break;
-    case Statement::Message:
+    case idlgen::Statement::Message:
       parseMessage();
       break;
-    case Statement::Service:
+    case idlgen::Statement::Service:
       parseService();
       break;
-    case Statement::None:
+    case idlgen::Statement::None:
       failFormat(keyword);
   }
   return keyword;
 }
 
 void StatementParser::printWordsRead() const {
-  for (std::size_t i = 0; i < position; ++i) printLine({words.texts[i]});
+  for (std::size_t i = 0; i < position; ++i) idlgen::printLine({words.texts[i]});
 }
 
 void StatementParser::parseInclude() {
@@ -212,9 +212,9 @@ void StatementParser::failFormat(std::string_view token) const {
 [[noreturn]] void failPrinting(const std::string& reason,
                                const std::optional<StatementParser>& parser) {
   try {
-    if (!reason.empty()) printLine({reason});
-    printLine({});
-    printLine({"lines:"});
+    if (!reason.empty()) idlgen::printLine({reason});
+    idlgen::printLine({});
+    idlgen::printLine({"lines:"});
     if (parser.has_value()) parser->printWordsRead();
   } catch (const std::exception&) {
     // Memory has run out.
@@ -230,7 +230,7 @@ void Parser::parse(const IDL& idl, Schema& schema) const {
   try {
     words = AllWords(idl);
     parser.emplace(words, schema);
-    while (!parser->atEnd()) printLine({parser->parseStatement(), " done."});
+    while (!parser->atEnd()) idlgen::printLine({parser->parseStatement(), " done."});
   } catch (const ParseError& error) {
     failPrinting(error.reason, parser);
   } catch (const std::exception&) {

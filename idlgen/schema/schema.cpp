@@ -7,7 +7,7 @@ namespace {
 
 void printMembers(const std::vector<CommonMember>& members) {
   for (const CommonMember& member : members) {
-    printLine(
+    idlgen::printLine(
         {" - ", member.name, ", ", member.type, ", ", member.isVector != 0 ? "vector" : "base"});
   }
 }
@@ -15,34 +15,34 @@ void printMembers(const std::vector<CommonMember>& members) {
 }  // namespace
 
 void Schema::output() const {
-  printLine({"includes:"});
-  for (const std::string& include : includes) printLine({"include ", include});
+  idlgen::printLine({"includes:"});
+  for (const std::string& include : includes) idlgen::printLine({"include ", include});
 
-  printLine({"namespace:"});
+  idlgen::printLine({"namespace:"});
   std::string path;
   for (const std::string& component : namespaces) path.append(component).append(" ");
-  printLine({path});
+  idlgen::printLine({path});
 
-  printLine({"enum:"});
+  idlgen::printLine({"enum:"});
   for (const Enum& record : enums) {
-    printLine({"enum name ", record.name});
+    idlgen::printLine({"enum name ", record.name});
     for (const EnumItem& item : record.items) {
-      printLine({" - ", item.name, " = ", item.value});
+      idlgen::printLine({" - ", item.name, " = ", item.value});
     }
   }
 
-  printLine({"messages:"});
+  idlgen::printLine({"messages:"});
   for (const Message& message : messages) {
-    printLine({"message name: ", message.name});
+    idlgen::printLine({"message name: ", message.name});
     printMembers(message.members);
   }
 
-  printLine({"services:"});
+  idlgen::printLine({"services:"});
   for (const Service& service : services) {
-    printLine({"service name: ", service.name});
-    printLine({"request: "});
+    idlgen::printLine({"service name: ", service.name});
+    idlgen::printLine({"request: "});
     printMembers(service.request);
-    printLine({"response: "});
+    idlgen::printLine({"response: "});
     printMembers(service.response);
   }
 }

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// The statements of the language.
 enum class Statement : std::uint8_t { Include, Namespace, Enum, Message, Service, None };
@@ -28,4 +28,4 @@ inline bool IsDeclaration(Statement statement) {
          statement == Statement::Service;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -24,6 +24,8 @@ enum class Role : std::uint8_t {
   Unread  ///< The word stands after an error.
 };
 
+namespace idlgen {
+
 /// Returns whether a word of this role names an enum, a message or a service.
 inline bool IsRecordName(Role role) {
   return role == Role::EnumName || role == Role::MessageName || role == Role::ServiceName;
@@ -39,13 +41,15 @@ inline bool IsInList(Role role) {
   return role == Role::ItemName || role == Role::MemberName || IsSecondHalf(role);
 }
 
+/// No index of a word.
+constexpr std::size_t noWord = static_cast<std::size_t>(-1);
+
+}  // namespace idlgen
+
 struct Word {
   std::string_view text;
   Role role;
 };
-
-/// No index of a word.
-constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 
 /// The words of a file, and what the parser has taken them for. Refers to strings that others own.
 struct Words {

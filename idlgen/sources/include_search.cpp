@@ -8,7 +8,7 @@
 #include "sources/slip.h"
 #include "words/word_forms.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 using ResultKind = IncludeSearch::Result::Kind;
@@ -200,4 +200,4 @@ std::string IncludeSearch::shortestPath(const std::string& directory, const std:
   return {};
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -9,7 +9,7 @@
 
 #include "sources/source_tree.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Returns the directory of a path, with a '/' at its end, or nothing for the current directory.
 std::string DirectoryOf(const std::string& path);
@@ -71,4 +71,4 @@ class IncludeSearch {
   std::unordered_map<std::string, std::vector<Position>> positionsOf;
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

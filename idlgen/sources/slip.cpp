@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 bool HasDigit(std::string_view text) {
@@ -41,4 +41,4 @@ bool IsSlip(std::string_view written, std::string_view meant) {
   return isSwapped || (a.size() <= 1 && b.size() <= 1 && a.size() + b.size() > 0);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

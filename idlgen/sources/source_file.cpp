@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 std::string_view IncludedPath(std::string_view word) {
   const bool isQuoted = word.size() > 2 && ((word.front() == '"' && word.back() == '"') ||
@@ -29,4 +29,4 @@ SourceFile ParseSource(std::string path, std::string text) {
   return file;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -11,7 +11,7 @@
 #include "schema/parser.h"
 #include "schema/schema.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 constexpr std::size_t noFile = static_cast<std::size_t>(-1);  ///< No index of a file.
 
@@ -52,4 +52,4 @@ SourceFile ParseSource(std::string path, std::string text);
 /// not have both of them.
 std::string_view IncludedPath(std::string_view word);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

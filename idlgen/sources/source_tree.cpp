@@ -8,7 +8,7 @@
 
 #include "io/file.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 Entry Failure(const std::error_code& error) {
@@ -55,4 +55,4 @@ std::vector<std::string> DiskTree::list(const std::string& directory) {
   return names;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

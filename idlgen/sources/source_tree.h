@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Two paths with one identity lead to one file. On disk, the numbers of its device and inode.
 using FileId = std::pair<std::uint64_t, std::uint64_t>;
@@ -50,4 +50,4 @@ class DiskTree final : public SourceTree {
   std::vector<std::string> list(const std::string& directory) override;
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

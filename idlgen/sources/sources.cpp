@@ -3,7 +3,7 @@
 #include <string_view>
 #include <utility>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 Sources::Sources(SourceTree& sourceTree, std::vector<std::string> directories)
     : tree(sourceTree), search(sourceTree, std::move(directories)) {}
@@ -62,4 +62,4 @@ std::string Sources::includePath(std::size_t from, std::size_t to) {
   return search.shortestPath(DirectoryOf(sources[from].path), sources[to].path);
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -10,7 +10,7 @@
 #include "sources/source_file.h"
 #include "sources/source_tree.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// The IDL files of a run: those that it names, and all that these include, also indirectly. Each
 /// file is read and parsed once, also if several paths lead to it.
@@ -53,4 +53,4 @@ class Sources {
   std::map<FileId, std::size_t> indexes;  ///< `noFile` for those that cannot be read.
 };
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 
 #include "words/tables.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 struct Range {
@@ -62,4 +62,4 @@ bool HasControlCharacter(std::string_view text) {
   return false;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// A character of a text in UTF-8.
 struct Character {
@@ -34,4 +34,4 @@ bool IsInvisible(char32_t code);
 /// Returns whether the text contains a control character.
 bool HasControlCharacter(std::string_view text);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 #include "words/cpp_words.h"
 #include "words/tables.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 
 // The words that the functions of cpp_words.h know. All tables are sorted. cpp_words_test.cpp
 // compares them with the compiler.
@@ -167,4 +167,4 @@ inline constexpr auto literalMacros =
                              "UINT32_C", "UINT64_C", "UINT8_C", "UINTMAX_C"});
 static_assert(IsSorted(literalMacros));
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

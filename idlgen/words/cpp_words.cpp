@@ -4,7 +4,7 @@
 
 #include "words/cpp_word_tables.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 template <typename Words>
@@ -43,4 +43,4 @@ bool IsReserved(std::string_view name) {
   return name[1] == '_' || (name[1] >= 'A' && name[1] <= 'Z');
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// What a word is to C++, if it is a keyword.
 enum class Keyword : std::uint8_t {
@@ -37,4 +37,4 @@ bool IsLiteralMacro(std::string_view word);
 /// Returns whether the name begins with "__", or with "_" and a capital letter.
 bool IsReserved(std::string_view name);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

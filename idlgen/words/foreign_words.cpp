@@ -6,7 +6,7 @@
 #include "words/similar.h"
 #include "words/tables.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 struct ForeignKeyword {
@@ -48,4 +48,4 @@ bool IsQualifier(std::string_view word) {
   return std::find(qualifiers.begin(), qualifiers.end(), word) != qualifiers.end();
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

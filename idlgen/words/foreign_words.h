@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 // Words of other languages, and what they stand for in this one.
 
@@ -16,4 +16,4 @@ std::string_view SimilarKeyword(std::string_view word);
 /// Returns whether the word qualifies a declaration in another language, as in `optional x: int8`.
 bool IsQualifier(std::string_view word);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -5,7 +5,7 @@
 
 #include "words/characters.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 void appendEscape(std::string& result, const Character& character) {
@@ -57,4 +57,4 @@ std::string Quoted(std::string_view text) {
   return '"' + Shortened(text) + '"';
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Returns the text with escapes such as `\t`, `\x1b` or `\ufeff` for characters that cannot be
 /// seen and for bytes that are not valid UTF-8. The result is one line.
@@ -22,4 +22,4 @@ constexpr std::size_t maxShownSize = 200;
 /// Moves an index of the text back to the start of the UTF-8 character it is in.
 std::size_t CharacterBegin(std::string_view text, std::size_t index);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

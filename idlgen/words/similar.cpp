@@ -6,7 +6,7 @@
 
 #include "words/printable.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 char Lower(char letter) {
@@ -49,4 +49,4 @@ std::string DidYouMean(std::string_view word) {
   return word.empty() ? std::string() : "did you mean " + Quoted(word) + "?";
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

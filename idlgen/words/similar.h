@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Looks for the word that is most similar to another one. A third of the letters may differ. To a
 /// word of more than 40 letters none is similar, because comparing them takes long.
@@ -27,4 +27,4 @@ class SimilarWord {
 /// Returns the question whether this word is meant, or nothing if it is empty.
 std::string DidYouMean(std::string_view word);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 /// Makes an array of as many rows as are given.
 template <typename Row, std::size_t Size>
@@ -24,4 +24,4 @@ constexpr bool IsSorted(const std::array<Row, Size>& table) {
   return true;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -8,7 +8,7 @@
 #include "words/cpp_words.h"
 #include "words/tables.h"
 
-namespace zentho {
+namespace zentho::idlgen {
 namespace {
 
 struct CharacterRange {
@@ -185,4 +185,4 @@ IncludeForm FormOfInclude(std::string_view word) {
   return hasExtension ? IncludeForm::Path : IncludeForm::NoExtension;
 }
 
-}  // namespace zentho
+}  // namespace zentho::idlgen

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zentho {
+namespace zentho::idlgen {
 
 // What words must look like in their places. All of it is about their characters only.
 
@@ -61,4 +61,4 @@ enum class IncludeForm {
 /// Returns what the word, which is not empty, is.
 IncludeForm FormOfInclude(std::string_view word);
 
-}  // namespace zentho
+}  // namespace zentho::idlgen
