@@ -178,9 +178,10 @@ Files Split(const std::string& input) {
 }  // namespace zentho::idlgen
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const zentho::Files files = zentho::Split(std::string(reinterpret_cast<const char*>(data), size));
-  const std::string& first = files.at(zentho::firstPath);
-  zentho::checkAlone(zentho::firstPath, first, zentho::checkStages(first));
-  if (files.size() > 1) zentho::checkTogether(files);
+  const zentho::idlgen::Files files =
+      zentho::idlgen::Split(std::string(reinterpret_cast<const char*>(data), size));
+  const std::string& first = files.at(zentho::idlgen::firstPath);
+  zentho::idlgen::checkAlone(zentho::idlgen::firstPath, first, zentho::idlgen::checkStages(first));
+  if (files.size() > 1) zentho::idlgen::checkTogether(files);
   return 0;
 }
