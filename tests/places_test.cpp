@@ -1,6 +1,6 @@
-#include "findings/places.h"
+#include "words/places.h"
 
-#include "findings/located_words.h"
+#include "words/located_words.h"
 #include "sources/source_file.h"
 #include "support.h"
 

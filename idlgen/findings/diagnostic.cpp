@@ -6,28 +6,42 @@
 namespace zentho::idlgen {
 namespace {
 
-std::string Line(const std::string& path, const char* kind, const Spot& spot,
-                 const std::string& sentence) {
-  const Place& place = spot.place;
-  return Printable(path) + ":" + std::to_string(place.lineNumber) + ":" +
-         std::to_string(place.offset + 1) + ": " + kind + ": " + sentence + "\n" +
-         Excerpt(place.lineNumber, place.line, place.offset, spot.size);
+/// Returns the name of the enum, message or service that contains the word, or of its part, such
+/// as "Drive.Request".
+std::string RecordName(const Words& words, std::size_t word) {
+  std::string part;
+  for (std::size_t i = word; i-- > 0;) {
+    const Role role = words.role(i);
+    if (role == Role::Part && part.empty()) {
+      part = words.text(i) == "request" ? ".Request" : ".Response";
+    }
+    if (IsRecordName(role)) return Shortened(words.text(i)) + part;
+  }
+  return {};
+}
+
+Message MessageAt(SourceFile& file, std::size_t word, std::string sentence) {
+  locate(file);
+  return {file.path, file.words.places[word], file.words.text(word).size(), std::move(sentence)};
+}
+
+std::string Lines(const Message& message, const char* kind) {
+  const Place& place = message.place;
+  return Printable(message.path) + ":" + std::to_string(place.lineNumber) + ":" +
+         std::to_string(place.offset + 1) + ": " + kind + ": " + message.sentence + "\n" +
+         Excerpt(place.lineNumber, place.line, place.offset, message.size);
 }
 
 }  // namespace
 
-Spot SpotOf(const LocatedWords& file, std::size_t word) {
-  return {file.places[word], file.text(word).size()};
-}
-
 std::string Sentence(std::string_view pattern, std::string_view text, const std::string& advice,
-                     std::string_view record) {
+                     std::string_view name) {
   std::string sentence;
   for (const char letter : pattern) {
     if (letter == '%') {
       sentence += Shortened(text);
     } else if (letter == '@') {
-      sentence += record;
+      sentence += name;
     } else {
       sentence += letter;
     }
@@ -35,12 +49,22 @@ std::string Sentence(std::string_view pattern, std::string_view text, const std:
   return advice.empty() ? sentence : sentence + ": " + advice;
 }
 
-std::string Lines(const std::string& path, const Diagnostic& diagnostic) {
-  const char* const kind = diagnostic.severity == Severity::Error ? "error" : "warning";
-  std::string lines = Line(path, kind, diagnostic.spot, diagnostic.sentence);
-  for (const Note& note : diagnostic.notes) {
-    lines += Line(note.path.empty() ? path : note.path, "note", note.spot, note.sentence);
+Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
+  const Rule& rule = *finding.rule;
+  std::string record;
+  std::vector<Message> notes;
+  for (const auto& [other, word] : finding.others) {
+    record = RecordName(other->words, word);
+    notes.push_back(MessageAt(*other, word, Sentence(rule.note, "", "", other->words.text(word))));
   }
+  std::string sentence = Sentence(rule.sentence, finding.text, finding.advice, record);
+  return {rule.severity, MessageAt(file, finding.word, std::move(sentence)), std::move(notes)};
+}
+
+std::string Lines(const Diagnostic& diagnostic) {
+  const bool isError = diagnostic.severity == Severity::Error;
+  std::string lines = Lines(diagnostic.message, isError ? "error" : "warning");
+  for (const Message& note : diagnostic.notes) lines += Lines(note, "note");
   return lines;
 }
 

@@ -24,6 +24,7 @@ struct Rule {
   std::string_view sentence;
   std::string_view note = {};  ///< About the other place, if there is one.
   Hint hint = Hint::None;
+  bool doubtsRole = false;  ///< Though a warning: the word may be meant as something else.
 };
 
 namespace rules {
@@ -78,7 +79,11 @@ inline constexpr Rule laterKeyword{warning, R"("%" is a keyword since C++20)"};
 inline constexpr Rule reservedName{
     warning, R"("%" is reserved for the compiler: names should not begin like this)"};
 inline constexpr Rule builtinTypeAsName{
-    warning, R"("%" is a built-in type: put the name first, as in "x: int8")"};
+    warning,
+    R"("%" is a built-in type: put the name first, as in "x: int8")",
+    {},
+    Hint::None,
+    true};
 inline constexpr Rule emptyNamespace{warning, R"("%" has an empty part)"};
 inline constexpr Rule hidesStd{warning, R"("%" hides the namespace of the C++ library)"};
 inline constexpr Rule globalNamespace{error, R"("%" is a namespace already: choose another name)"};
@@ -141,7 +146,7 @@ inline constexpr Rule uncheckedValue{warning, R"("%" is C++ and is copied unchec
 inline constexpr Rule unusableType{
     error, R"("%" cannot be used in a value: of the types in this file, only the enums above can)"};
 inline constexpr Rule typeAsItem{error, R"("%" is a type, not an item)"};
-inline constexpr Rule notAnItem{warning, R"("%" is not an item above)", {}, Hint::ItemValue};
+inline constexpr Rule notAnItem{warning, R"("%" is not an item above)", {}, Hint::ItemValue, true};
 
 // Includes.
 inline constexpr Rule unquotedPath{warning,

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "recovery/advice.h"
+#include "recovery/symptoms.h"
 #include "schema/builtin_types.h"
 #include "words/cpp_words.h"
 #include "words/printable.h"
@@ -24,7 +24,7 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
   if (dot == std::string_view::npos || declared.count(first) == 0) return {};
   const std::string_view part = type.substr(dot + 1);
   for (std::size_t i = 0; i < words.size(); ++i) {
-    const bool isItem = words.roles[i] == Role::ItemName && words.texts[i] == part;
+    const bool isItem = words.role(i) == Role::ItemName && words.text(i) == part;
     if (isItem) return Quoted(part) + " is an item, not a type";
   }
   return Quoted(first) + " has no type " + Quoted(part);
@@ -33,7 +33,7 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
 /// Returns where to put a type, or what the record lacks that it begins with, or nothing.
 Advice TypeAdvice(std::string_view type, std::size_t word, const Words& words,
                   const TypeNames& declared) {
-  const std::string_view name = words.texts[word - 1];
+  const std::string_view name = words.text(word - 1);
   if (FindBuiltinType(name) != nullptr || FindKeyword(name) == Keyword::Type ||
       declared.count(name) > 0) {
     const std::string example = std::string(type) + ": " + std::string(name);
@@ -47,10 +47,10 @@ bool IsMessageIn(const Words& words, std::string_view other, std::string_view me
   std::unordered_map<std::string_view, std::vector<std::string_view>> elements;
   std::vector<std::string_view>* current = nullptr;
   for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.roles[i] == Role::MessageName) current = &elements[words.texts[i]];
-    if (words.roles[i] == Role::ServiceName) current = nullptr;
-    if (words.roles[i] != Role::MemberType || current == nullptr) continue;
-    const std::optional<std::string_view> element = ElementType(words.texts[i]);
+    if (words.role(i) == Role::MessageName) current = &elements[words.text(i)];
+    if (words.role(i) == Role::ServiceName) current = nullptr;
+    if (words.role(i) != Role::MemberType || current == nullptr) continue;
+    const std::optional<std::string_view> element = ElementType(words.text(i));
     if (element.has_value()) current->push_back(element->substr(element->rfind('.') + 1));
   }
   std::vector<std::string_view> pending = {message};
@@ -68,40 +68,41 @@ bool IsMessageIn(const Words& words, std::string_view other, std::string_view me
 /// Returns how to declare a message before those that use it.
 std::string OrderAdvice(const Finding& finding, const Words& words) {
   std::size_t user = finding.word;
-  while (words.roles[user] != Role::MessageName && words.roles[user] != Role::ServiceName) --user;
-  const std::string_view name = words.texts[user];
-  const std::string_view used = words.texts[finding.other.word];
-  return words.roles[user] == Role::MessageName && IsMessageIn(words, name, used)
+  while (words.role(user) != Role::MessageName && words.role(user) != Role::ServiceName) --user;
+  const std::string_view name = words.text(user);
+  const std::string_view used = words.text(finding.others.front().word);
+  return words.role(user) == Role::MessageName && IsMessageIn(words, name, used)
              ? Quoted(used) + " and " + Quoted(name) + " contain each other"
              : "move it above the types that use it";
 }
 
 }  // namespace
 
-Advice AdviceFor(const Finding& finding, const LocatedWords& file, const TypeNames& declared) {
+Advice AdviceFor(const Finding& finding, const LocatedWords& words, const TypeNames& declared) {
   const bool isForm = finding.rule->hint == Hint::Form;
   if (!finding.advice.empty()) return {finding.advice, isForm};
-  const Word word = file.words[finding.word];
+  const std::string_view word = words.text(finding.word);
+  const Role role = words.role(finding.word);
   switch (finding.rule->hint) {
     case Hint::None:
       return {};
     case Hint::Form: {
-      std::string advice = FormAdvice(finding.text, word.role);
-      const bool isType = word.role == Role::MemberType;
-      if (advice.empty() && isType) advice = FormAdvice(word.text, word.role);
+      std::string advice = FormAdvice(finding.text, role);
+      const bool isType = role == Role::MemberType;
+      if (advice.empty() && isType) advice = FormAdvice(word, role);
       return {std::move(advice), true};
     }
     case Hint::SimilarType:
-      if (word.text.find('<') == std::string_view::npos) {
-        return TypeAdvice(finding.text, finding.word, file.words, declared);
+      if (word.find('<') == std::string_view::npos) {
+        return TypeAdvice(finding.text, finding.word, words, declared);
       }
-      return {FormAdvice(word.text, word.role)};
+      return {FormAdvice(word, role)};
     case Hint::ItemValue:
       // A colon before the word shows that it is meant as a value.
-      if (finding.text != word.text || IsAfterColon(file, finding.word)) return {};
+      if (finding.text != word || IsAfterColon(words, finding.word)) return {};
       return {R"(each item needs a value, as in "A: 0")"};
     case Hint::Order:
-      return {OrderAdvice(finding, file.words)};
+      return {OrderAdvice(finding, words)};
   }
   return {};
 }

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "findings/finding.h"
-#include "findings/located_words.h"
+#include "words/located_words.h"
 
 namespace zentho::idlgen {
 
@@ -14,6 +14,6 @@ struct Advice {
 };
 
 /// `declared` are the enums and messages of the file.
-Advice AdviceFor(const Finding& finding, const LocatedWords& file, const TypeNames& declared);
+Advice AdviceFor(const Finding& finding, const LocatedWords& words, const TypeNames& declared);
 
 }  // namespace zentho::idlgen

@@ -1,5 +1,6 @@
 #include "messages/known_types.h"
 
+#include <cstddef>
 #include <utility>
 
 #include "schema/builtin_types.h"
@@ -9,52 +10,40 @@
 namespace zentho::idlgen {
 namespace {
 
-bool IsType(const Declaration& declaration) {
-  return declaration.role == Role::EnumName || declaration.role == Role::MessageName;
-}
-
 std::string_view LastPart(std::string_view type) {
   return type.substr(type.rfind('.') + 1);
 }
 
 /// Returns any place of a member in the file.
 Scope AnyScope(const Words& words) {
-  Scope scope;
-  for (std::size_t i = 0; i < words.size() && scope.record == noWord; ++i) {
-    if (words.roles[i] == Role::MessageName || words.roles[i] == Role::ServiceName) {
-      scope.record = i;
-    }
-  }
-  return scope;
+  std::size_t i = 0;
+  const auto isRecord = [](Role role) {
+    return role == Role::MessageName || role == Role::ServiceName;
+  };
+  while (i < words.size() && !isRecord(words.role(i))) ++i;
+  return {i < words.size() ? i : noWord};
 }
 
 }  // namespace
 
-KnownTypes::KnownTypes(FilesCheck& filesCheck, std::size_t userFile)
-    : declarations(filesCheck.allDeclarations()),
-      user(userFile),
-      lookup(filesCheck.lookupFrom(userFile)),
-      sight(filesCheck.lastSight()) {}
+KnownTypes::KnownTypes(const Declarations& allDeclarations, const File& user)
+    : declarations(allDeclarations), view(allDeclarations, user), lookup(allDeclarations, view) {}
 
-std::vector<std::size_t> KnownTypes::filesThatDeclare(std::string_view type) const {
+std::vector<const File*> KnownTypes::filesThatDeclare(std::string_view type) const {
   const std::vector<std::string_view> parts = Components(type);
   const bool isPart = parts.size() > 1 && (parts.back() == "Request" || parts.back() == "Response");
   const std::size_t last = parts.size() - (isPart ? 2 : 1);
-  const std::vector<std::size_t>& namespaces = declarations.file(user).namespaces;
-  std::vector<std::size_t> files;
-  for (std::size_t level = namespaces.size(); level-- > 0;) {
-    std::size_t space = namespaces[level];
-    for (std::size_t i = 0; i < last && space != nothing; ++i) {
-      space = declarations.nested(space, parts[i]);
-    }
-    if (space == nothing) continue;
-    std::size_t i = declarations.firstIn(space, parts[last]);
-    for (; i != nothing; i = declarations[i].next) {
-      const Declaration& found = declarations[i];
-      const bool isMeant = isPart ? found.role == Role::ServiceName : IsType(found);
-      if (isMeant && found.file != nothing && !sight.hasFile(found.file)) {
-        files.push_back(found.file);
-      }
+  const std::vector<const Namespace*>& namespaces = view.user().namespaces;
+  std::vector<const File*> files;
+  for (auto outer = namespaces.rbegin(); outer != namespaces.rend(); ++outer) {
+    const Namespace* space = *outer;
+    for (std::size_t i = 0; i < last && space != nullptr; ++i) space = space->inner(parts[i]);
+    if (space == nullptr) continue;
+    for (const Declaration* found = space->first(parts[last]); found != nullptr;
+         found = found->next) {
+      const bool isMeant = isPart ? found->role == Role::ServiceName : found->isType();
+      const bool isHidden = found->file != nullptr && !view.has(found->file);
+      if (isMeant && isHidden) files.push_back(found->file);
     }
   }
   return files;
@@ -67,20 +56,18 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
   for (const BuiltinType& row : builtinTypes) {
     if (!isPath) last.compare(row.keyword);
   }
-  std::vector<std::size_t> seenTypes;
-  for (std::size_t i = 0; i < declarations.count(); ++i) {
-    const Declaration& declaration = declarations[i];
-    const bool isSeen = declaration.file != nothing && sight.hasFile(declaration.file);
-    if (!isSeen || !IsType(declaration)) continue;
-    seenTypes.push_back(i);
-    last.compare(textOf(declaration));
+  std::vector<const Declaration*> seenTypes;
+  for (const Declaration& declaration : declarations.all()) {
+    if (!view.has(declaration.file) || !declaration.isType()) continue;
+    seenTypes.push_back(&declaration);
+    last.compare(declaration.name);
   }
   if (FindBuiltinType(last.found()) != nullptr) return std::string(last.found());
   constexpr std::size_t limit = 20;
   std::vector<std::string> sameNames;
-  for (const std::size_t i : seenTypes) {
-    if (textOf(declarations[i]) != last.found() || sameNames.size() == limit) continue;
-    std::string name = nameOf(declarations[i]);
+  for (const Declaration* const seen : seenTypes) {
+    if (seen->name != last.found() || sameNames.size() == limit) continue;
+    std::string name = nameOf(*seen);
     if (name != type) sameNames.push_back(std::move(name));
   }
   SimilarWord whole(type);
@@ -89,25 +76,17 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
   return sameNames.empty() ? std::string() : sameNames.front();
 }
 
-std::string_view KnownTypes::textOf(const Declaration& declaration) const {
-  return declarations.file(declaration.file).words->texts[declaration.word];
-}
-
 /// Returns the shortest name by which the user finds the type.
 std::string KnownTypes::nameOf(const Declaration& declaration) const {
-  const Declarations::File& file = declarations.file(declaration.file);
-  std::string name(file.words->texts[declaration.word]);
-  if (declaration.file == user) return name;
-  const Scope scope = AnyScope(*declarations.file(user).words);
-  const std::vector<std::string_view>& spaces = file.namespaceNames;
-  for (std::size_t level = spaces.size() + 1; level-- > 0;) {
-    const Found found = lookup.findType(name, scope);
-    if (found.declaration != nothing && &declarations[found.declaration] == &declaration) {
-      return name;
-    }
-    if (level > 0) name.insert(0, std::string(spaces[level - 1]) + ".");
+  std::string name(declaration.name);
+  if (declaration.file == &view.user()) return name;
+  const Scope scope = AnyScope(view.user().words());
+  const std::vector<const Namespace*>& spaces = declaration.file->namespaces;
+  for (auto space = spaces.rbegin(); space != spaces.rend(); ++space) {
+    if (lookup.findType(name, scope).declaration == &declaration) return name;
+    name.insert(0, std::string((*space)->name) + ".");
   }
-  return "." + name;
+  return name;  // It begins with a dot.
 }
 
 }  // namespace zentho::idlgen

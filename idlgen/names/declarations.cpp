@@ -6,113 +6,113 @@
 
 namespace zentho::idlgen {
 
-void Declarations::add(const Words& words, const LeftOut& leftOut) {
-  files.push_back({&words, &leftOut});
-  declareAll(files.size() - 1);
+const Declaration* Namespace::first(std::string_view wanted) const {
+  const auto found = names.find(wanted);
+  return found == names.end() ? nullptr : found->second;
 }
 
-void Declarations::replace(std::size_t file, const Words& words, const LeftOut& leftOut) {
-  for (Declaration& declaration : declarations) {
-    if (declaration.file == file) declaration.file = nothing;
+const Namespace* Namespace::inner(std::string_view wanted) const {
+  const auto found = nested.find(wanted);
+  return found == nested.end() ? nullptr : found->second;
+}
+
+Declarations::Declarations(const std::vector<SourceFile*>& sources) {
+  spaces.push_back({{}, 0});
+  for (SourceFile* const source : sources) {
+    fileOfSource.emplace(source, &files.emplace_back(File{source, files.size()}));
+    declareAll(files.back());
   }
-  files[file] = {&words, &leftOut};
+  for (File& file : files) findIncludes(file);
+}
+
+void Declarations::update(const SourceFile& source) {
+  File& file = *fileOfSource.at(&source);
+  for (std::size_t i = file.begin; i < file.end; ++i) declarations[i].file = nullptr;
+  file = {file.source, file.number};
   declareAll(file);
+  findIncludes(file);
+  knownClashes.reset();
 }
 
-void Declarations::declareAll(std::size_t file) {
-  File& own = files[file];
-  own.namespaces = {0};
-  const Words& words = *own.words;
+void Declarations::declareAll(File& file) {
+  const Words& words = file.words();
+  file.begin = declarations.size();
+  Namespace& space = enterNamespace(file);
   for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.roles[i] == Role::IncludePath) own.hasInclude = true;
-    if (words.roles[i] != Role::NamespacePath) continue;
-    own.namespaceWord = i;
-    for (const std::string_view part : Components(words.texts[i])) {
-      if (part.empty()) continue;
-      const auto [found, isNew] = spaces[own.namespaces.back()].nested.emplace(part, spaces.size());
-      own.namespaces.push_back(found->second);
-      own.namespaceNames.push_back(part);
-      if (isNew) spaces.emplace_back();
+    const Role role = words.role(i);
+    if (IsRecordName(role) || role == Role::ItemName) declare(space, file, i);
+    if (IsRecordName(role) && !IsIdentifier(words.text(i))) {
+      file.namesInOthers.insert(NameIn(words.text(i)));
     }
   }
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const Role role = words.roles[i];
-    if (IsRecordName(role) || role == Role::ItemName) declare(file, i, role);
-    if (IsRecordName(role) && !IsIdentifier(words.texts[i])) {
-      own.namesInOthers.insert(NameIn(words.texts[i]));
-    }
-  }
+  file.end = declarations.size();
 }
 
-std::vector<Clash> Declarations::clashes() const {
-  std::vector<Clash> clashes;
-  for (std::size_t space = 0; space < spaces.size(); ++space) {
-    for (const auto& [name, first] : spaces[space].names) {
-      const std::size_t inside = nested(space, name);
-      if (declarations[first].next != nothing || inside != nothing) {
-        clashes.push_back({first, inside});
-      }
+/// Finds the namespaces of the file. Returns the innermost one.
+Namespace& Declarations::enterNamespace(File& file) {
+  const Words& words = file.words();
+  Namespace* space = &spaces.front();
+  file.namespaces = {space};
+  const auto path = std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath);
+  if (path == words.roles.end()) return *space;
+  file.namespaceWord = static_cast<std::size_t>(path - words.roles.begin());
+  for (const std::string_view part : Components(words.text(file.namespaceWord))) {
+    if (part.empty()) continue;
+    Namespace*& inner = space->nested[part];
+    if (inner == nullptr) inner = &spaces.emplace_back(Namespace{part, spaces.size()});
+    space = inner;
+    file.namespaces.push_back(space);
+  }
+  return *space;
+}
+
+void Declarations::declare(Namespace& space, const File& file, std::size_t word) {
+  const Role role = file.words().role(word);
+  Declaration** last = &space.names[file.words().text(word)];
+  while (*last != nullptr) {
+    const bool isItem = role == Role::ItemName;
+    if ((*last)->file == &file && (*last)->isItem() == isItem) return;
+    last = &(*last)->next;
+  }
+  *last =
+      &declarations.emplace_back(Declaration{file.words().text(word), role, &file, word, &space});
+}
+
+/// Finds the includes among the words, and whether all of them lead to files that are checked.
+void Declarations::findIncludes(File& file) {
+  file.completeness = file.source->isDamaged ? Completeness::Damaged : Completeness::Complete;
+  const Words& words = file.words();
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words.role(i) != Role::IncludePath) continue;
+    file.hasInclude = true;
+    const auto include = file.source->includes.find(words.text(i));
+    const bool isFound = include != file.source->includes.end();
+    const auto found = fileOfSource.find(isFound ? include->second.file : nullptr);
+    if (found != fileOfSource.end()) {
+      file.includes.push_back({i, found->second});
+    } else {
+      file.completeness = Completeness::Incomplete;
     }
   }
-  const auto isBefore = [](const Clash& a, const Clash& b) {
-    return a.declaration < b.declaration;
-  };
-  std::sort(clashes.begin(), clashes.end(), isBefore);
-  return clashes;
 }
 
 bool Declarations::hasItem(std::string_view name) const {
-  for (std::size_t space = 0; space < spaces.size(); ++space) {
-    std::size_t i = firstIn(space, name);
-    while (i != nothing && !(declarations[i].isItem() && declarations[i].file != nothing)) {
-      i = declarations[i].next;
-    }
-    if (i != nothing) return true;
+  return std::any_of(spaces.begin(), spaces.end(), [&](const Namespace& space) {
+    return FirstThat(space.first(name), [](const Declaration& declaration) {
+             return declaration.isItem() && declaration.file != nullptr;
+           }) != nullptr;
+  });
+}
+
+const std::vector<Clash>& Declarations::clashes() const {
+  if (knownClashes.has_value()) return *knownClashes;
+  std::vector<Clash>& clashes = knownClashes.emplace();
+  for (const Declaration& declaration : declarations) {
+    if (declaration.space->first(declaration.name) != &declaration) continue;
+    const Namespace* const inner = declaration.space->inner(declaration.name);
+    if (declaration.next != nullptr || inner != nullptr) clashes.push_back({&declaration, inner});
   }
-  return false;
-}
-
-void Declarations::declare(std::size_t file, std::size_t word, Role role) {
-  Namespace& space = spaces[files[file].namespaces.back()];
-  const std::string_view name = files[file].words->texts[word];
-  const auto [found, isNew] = space.names.emplace(name, declarations.size());
-  if (!isNew) {
-    std::size_t last = found->second;
-    while (true) {
-      const Declaration& other = declarations[last];
-      if (other.file == file && other.isItem() == (role == Role::ItemName)) return;
-      if (other.next == nothing) break;
-      last = other.next;
-    }
-    declarations[last].next = declarations.size();
-  }
-  declarations.push_back({file, word, role, nothing});
-}
-
-std::size_t Declarations::firstIn(std::size_t space, std::string_view name) const {
-  const auto found = spaces[space].names.find(name);
-  return found == spaces[space].names.end() ? nothing : found->second;
-}
-
-std::size_t Declarations::nested(std::size_t space, std::string_view name) const {
-  const auto found = spaces[space].nested.find(name);
-  return found == spaces[space].nested.end() ? nothing : found->second;
-}
-
-std::size_t Declarations::record(std::size_t file, std::string_view name) const {
-  return find(file, name, false);
-}
-
-std::size_t Declarations::item(std::size_t file, std::string_view name) const {
-  return find(file, name, true);
-}
-
-std::size_t Declarations::find(std::size_t file, std::string_view name, bool isItem) const {
-  std::size_t i = firstIn(files[file].namespaces.back(), name);
-  while (i != nothing && !(declarations[i].file == file && declarations[i].isItem() == isItem)) {
-    i = declarations[i].next;
-  }
-  return i == nothing ? noWord : declarations[i].word;
+  return clashes;
 }
 
 }  // namespace zentho::idlgen

@@ -7,10 +7,10 @@
 namespace zentho::idlgen {
 namespace {
 
-constexpr Found unknown = {Result::Unknown};
+constexpr Found unknown = {Meaning::Unknown};
 
-Found Near(Found found) {
-  found.isNear = true;
+Found Innermost(Found found) {
+  found.isInnermost = true;
   return found;
 }
 
@@ -29,224 +29,213 @@ bool IsNestedAbove(std::string_view name, Scope::Part part) {
   return name == "Request" || (name == "Response" && part == Scope::Part::Response);
 }
 
-bool BeginsInZentho(const Declarations& declarations, std::size_t file) {
-  const std::vector<std::size_t>& namespaces = declarations.file(file).namespaces;
-  return namespaces.size() > 1 && namespaces[1] == declarations.nested(0, "zentho");
+/// Returns whether the file declares its names in the namespace of the framework, which has more.
+bool IsInFramework(const File& file) {
+  return file.namespaces.size() > 1 && file.namespaces[1]->name == "zentho";
 }
 
 }  // namespace
 
-Lookup::Lookup(const Declarations& fileDeclarations, const Sight& fileSight, std::size_t userFile,
-               bool isOpen)
-    : declarations(fileDeclarations),
-      sight(fileSight),
-      file(userFile),
-      words(*fileDeclarations.file(userFile).words),
-      namespaces(fileDeclarations.file(userFile).namespaces),
-      mayBeUnread(isOpen || BeginsInZentho(fileDeclarations, userFile)) {}
+Lookup::Lookup(const Declarations& allDeclarations, const View& viewOfUser)
+    : declarations(allDeclarations),
+      view(viewOfUser),
+      file(viewOfUser.user()),
+      words(file.words()),
+      namespaces(file.namespaces),
+      mayBeUnread(view.isOpen() || IsInFramework(file)) {}
 
 Found Lookup::findType(std::string_view type, const Scope& user) const {
   const bool isPath = type.find('.') != std::string_view::npos;
   const Path path = isPath ? Components(type) : Path{type};
   const Found found = isPath ? findPath(path, user) : findName(type, user);
-  const bool isMissing = found.result == Result::Unknown || found.result == Result::Namespace;
-  const bool isNoType = found.result == Result::Item || found.result == Result::Service;
-  const bool isLeftOut = std::any_of(path.begin(), path.end(),
-                                     [&](std::string_view name) { return mayBeLeftOut(name); });
-  if (isMissing && isLeftOut) return {Result::Elsewhere};
-  if ((isMissing || isNoType) && mayBeUnread && !found.isNear) return {Result::Elsewhere};
+  const bool isMissing = found.meaning == Meaning::Unknown || found.meaning == Meaning::Namespace;
+  const bool isNoType = found.meaning == Meaning::Item || found.meaning == Meaning::Service;
+  const bool isDropped = std::any_of(path.begin(), path.end(),
+                                     [&](std::string_view name) { return mayBeDropped(name); });
+  if (isMissing && isDropped) return {Meaning::Elsewhere};
+  if ((isMissing || isNoType) && mayBeUnread && !found.isInnermost) return {Meaning::Elsewhere};
   const bool isLater =
-      found.result == Result::Unknown && user.part == Scope::Part::Request && type == "Response";
-  return isLater ? Found{Result::LaterPart} : found;
+      found.meaning == Meaning::Unknown && user.part == Scope::Part::Request && type == "Response";
+  return isLater ? Found{Meaning::LaterPart} : found;
 }
 
 bool Lookup::mayBeElsewhere(std::string_view name) const {
-  return mayBeUnread || mayBeLeftOut(name);
+  return mayBeUnread || mayBeDropped(name);
 }
 
-bool Lookup::mayBeLeftOut(std::string_view name) const {
-  const Declarations::File& own = declarations.file(file);
-  return own.leftOut->mayDeclareAnything || own.leftOut->names.count(name) > 0 ||
-         own.namesInOthers.count(name) > 0;
+/// Returns whether words that have been dropped may declare the name.
+bool Lookup::mayBeDropped(std::string_view name) const {
+  const DroppedWords& dropped = file.source->dropped;
+  return dropped.mayDeclareAnything || dropped.names.count(name) > 0 ||
+         file.namesInOthers.count(name) > 0;
 }
 
 Found Lookup::findName(std::string_view name, const Scope& user) const {
-  if (name == PartName(user.part)) return {Result::Itself};
-  if (IsNestedAbove(name, user.part)) return {Result::Type};
+  if (name == PartName(user.part)) return {Meaning::Itself};
+  if (IsNestedAbove(name, user.part)) return {Meaning::Type};
   Found below = unknown;
-  for (std::size_t level = namespaces.size(); level-- > 0;) {
-    const Found found = findIn(namespaces[level], name, user);
-    if (found.result == Result::Below) {
+  for (auto space = namespaces.rbegin(); space != namespaces.rend(); ++space) {
+    const Found found = findIn(**space, name, user);
+    if (found.meaning == Meaning::Below) {
       below = found;
-    } else if (found.result != Result::Unknown) {
-      const bool isOther = below.result == Result::Below && found.result != Result::Namespace;
-      if (isOther) return {Result::NotBelow, below.declaration};
-      return level + 1 == namespaces.size() ? Near(found) : found;
+    } else if (found.meaning != Meaning::Unknown) {
+      const bool isOther = below.meaning == Meaning::Below && found.meaning != Meaning::Namespace;
+      if (isOther) return {Meaning::NotBelow, below.declaration};
+      return space == namespaces.rbegin() ? Innermost(found) : found;
     }
   }
   return below;
 }
 
 /// Looks up a name in one namespace. Items come before all members, and hide a type of their name.
-Found Lookup::findIn(std::size_t space, std::string_view name, const Scope& user) const {
+Found Lookup::findIn(const Namespace& space, std::string_view name, const Scope& user) const {
   Found record = unknown;
-  for (std::size_t i = declarations.firstIn(space, name); i != nothing; i = declarations[i].next) {
-    const Declaration& declaration = declarations[i];
-    if (!sight.hasFile(declaration.file)) continue;
-    if (declaration.isItem()) return {Result::Item, i};
-    if (record.result == Result::Unknown || record.result == Result::Below) record = use(i, user);
-  }
-  if (record.result == Result::Unknown && seenNamespace(space, name) != nothing) {
-    return {Result::Namespace};
+  const Declaration* const item = view.find(space, name, [&](const Declaration& declaration) {
+    const bool isBetter = record.meaning == Meaning::Unknown || record.meaning == Meaning::Below;
+    if (!declaration.isItem() && isBetter) record = use(declaration, user);
+    return declaration.isItem();
+  });
+  if (item != nullptr) return {Meaning::Item, item};
+  if (record.meaning == Meaning::Unknown && view.inner(space, name) != nullptr) {
+    return {Meaning::Namespace};
   }
   return record;
 }
 
 /// Returns what a record is to its user.
-Found Lookup::use(std::size_t declaration, const Scope& user) const {
-  const bool isService = declarations[declaration].role == Role::ServiceName;
-  if (isOwn(declaration, user)) return {isService ? Result::Service : Result::Itself, declaration};
-  if (!isAbove(declaration, user)) return {Result::Below, declaration};
-  return {isService ? Result::Service : Result::Type, declaration};
+Found Lookup::use(const Declaration& record, const Scope& user) const {
+  const bool isService = record.role == Role::ServiceName;
+  if (isOwn(record, user)) return {isService ? Meaning::Service : Meaning::Itself, &record};
+  if (!isAbove(record, user)) return {Meaning::Below, &record};
+  return {isService ? Meaning::Service : Meaning::Type, &record};
 }
 
 /// The first name is looked up from the inside out. Once it is found, there is no way back.
 Found Lookup::findPath(const Path& path, const Scope& user) const {
   const std::string_view first = path.front();
-  if (first == "std" || first == "zentho") return {Result::Elsewhere};
+  if (first == "std" || first == "zentho") return {Meaning::Elsewhere};
   if (first.empty()) {
     // The C library has many more names in the global namespace, but no namespaces.
     const bool isOther = path.size() < 3 || path[1] == "std" || path[1] == "zentho";
-    return isOther ? Found{Result::Elsewhere} : findFrom(0, path, 1, user);
+    return isOther ? Found{Meaning::Elsewhere} : findFrom(*namespaces.front(), path, 1, user);
   }
-  if (IsNestedAbove(first, user.part)) return Near(unknown);
-  if (first == words.texts[user.record]) {
-    return Near(findNested(ownRecord(user), path, 1, user));
+  if (IsNestedAbove(first, user.part)) return Innermost(unknown);
+  if (first == words.text(user.record)) {
+    return Innermost(findNested(*ownRecord(user), path, 1, user));
   }
-  std::size_t below = nothing;
-  for (std::size_t level = namespaces.size(); level-- > 0;) {
-    const std::size_t record = recordIn(namespaces[level], first);
-    const std::size_t space = seenNamespace(namespaces[level], first);
-    if (record != nothing && isAbove(record, user)) {
+  const Declaration* below = nullptr;
+  for (auto space = namespaces.rbegin(); space != namespaces.rend(); ++space) {
+    const Declaration* const record = recordIn(**space, first);
+    const Namespace* const inner = view.inner(**space, first);
+    if (record != nullptr && isAbove(*record, user)) {
       // A type and a namespace of one name have been reported where they are declared.
-      if (space != nothing) return {Result::Elsewhere};
-      const Found found = findNested(record, path, 1, user);
-      return level + 1 == namespaces.size() ? Near(found) : found;
+      if (inner != nullptr) return {Meaning::Elsewhere};
+      const Found found = findNested(*record, path, 1, user);
+      return space == namespaces.rbegin() ? Innermost(found) : found;
     }
-    if (record != nothing) below = record;
-    if (space != nothing) return findFrom(space, path, 1, user);
+    if (record != nullptr) below = record;
+    if (inner != nullptr) return findFrom(*inner, path, 1, user);
   }
-  if (below == nothing) return unknown;
+  if (below == nullptr) return unknown;
   // An included file may have a namespace of that name, but not the global one of this file.
-  if (mayBeElsewhere(first)) return namespaces.size() > 1 ? unknown : Found{Result::Below, below};
-  const Found nested = findNested(below, path, 1, user);
-  return nested.result == Result::Unknown ? unknown : Found{Result::Below, below};
+  if (mayBeElsewhere(first)) return namespaces.size() > 1 ? unknown : Found{Meaning::Below, below};
+  const Found nested = findNested(*below, path, 1, user);
+  return nested.meaning == Meaning::Unknown ? unknown : Found{Meaning::Below, below};
 }
 
 /// Looks up the rest of a path in a namespace.
-Found Lookup::findFrom(std::size_t space, const Path& path, std::size_t next,
+Found Lookup::findFrom(const Namespace& space, const Path& path, std::size_t next,
                        const Scope& user) const {
-  while (next + 1 < path.size()) {
-    const std::size_t record = recordIn(space, path[next]);
-    if (record != nothing && seenNamespace(space, path[next]) != nothing) {
-      return {Result::Elsewhere};
+  const Namespace* outer = &space;
+  for (; next + 1 < path.size(); ++next) {
+    const Declaration* const record = recordIn(*outer, path[next]);
+    const Namespace* const inner = view.inner(*outer, path[next]);
+    if (record != nullptr && inner != nullptr) return {Meaning::Elsewhere};
+    if (record != nullptr) {
+      const Found found = findNested(*record, path, next + 1, user);
+      const bool isBelow = !isOwn(*record, user) && !isAbove(*record, user);
+      return isBelow && found.meaning != Meaning::Unknown ? Found{Meaning::Below, record} : found;
     }
-    if (record != nothing) {
-      const Found found = findNested(record, path, next + 1, user);
-      const bool isBelow = !isOwn(record, user) && !isAbove(record, user);
-      return isBelow && found.result != Result::Unknown ? Found{Result::Below, record} : found;
-    }
-    space = seenNamespace(space, path[next]);
-    if (space == nothing) return unknown;
-    ++next;
+    if (inner == nullptr) return unknown;
+    outer = inner;
   }
-  return findIn(space, path[next], user);
+  return findIn(*outer, path[next], user);
 }
 
 /// Looks up the rest of a path in a record. Only services have types inside, among them themselves.
-Found Lookup::findNested(std::size_t declaration, const Path& path, std::size_t next,
+Found Lookup::findNested(const Declaration& record, const Path& path, std::size_t next,
                          const Scope& user) const {
-  if (declarations[declaration].role != Role::ServiceName) return unknown;
-  while (next + 1 < path.size() && path[next] == text(declaration)) ++next;
+  if (record.role != Role::ServiceName) return unknown;
+  while (next + 1 < path.size() && path[next] == record.name) ++next;
   const std::string_view name = path[next];
   if (next + 1 < path.size() || !IsPartName(name)) return unknown;
-  if (!isOwn(declaration, user)) return {Result::Type, declaration};
-  if (name == PartName(user.part)) return {Result::Itself, declaration};
-  return {IsNestedAbove(name, user.part) ? Result::Type : Result::LaterPart, declaration};
+  if (!isOwn(record, user)) return {Meaning::Type, &record};
+  if (name == PartName(user.part)) return {Meaning::Itself, &record};
+  return {IsNestedAbove(name, user.part) ? Meaning::Type : Meaning::LaterPart, &record};
 }
 
 /// Returns the declaration of the record that contains the user, or the first one of its name.
-std::size_t Lookup::ownRecord(const Scope& user) const {
-  const std::size_t first = recordIn(namespaces.back(), words.texts[user.record]);
-  std::size_t i = first;
-  while (i != nothing && !isOwn(i, user)) i = declarations[i].next;
-  return i == nothing ? first : i;
+const Declaration* Lookup::ownRecord(const Scope& user) const {
+  const Declaration* const first = recordIn(*namespaces.back(), words.text(user.record));
+  const Declaration* const own =
+      FirstThat(first, [&](const Declaration& record) { return isOwn(record, user); });
+  return own == nullptr ? first : own;
 }
 
 Found Lookup::findInValue(std::string_view name, std::size_t word, std::size_t enumName) const {
   Found below = unknown;
-  for (std::size_t level = namespaces.size(); level-- > 0;) {
+  for (auto space = namespaces.rbegin(); space != namespaces.rend(); ++space) {
     Found record = unknown;
-    std::size_t i = declarations.firstIn(namespaces[level], name);
-    for (; i != nothing; i = declarations[i].next) {
-      const Declaration& declaration = declarations[i];
-      if (!sight.hasFile(declaration.file)) continue;
-      const bool isOther = declaration.file != file;
+    const Declaration* const found = view.find(**space, name, [&](const Declaration& declared) {
+      const bool isOther = declared.file != &file;
       // The item itself is the word before its value.
-      if (declaration.isItem() && (isOther || declaration.word + 1 < word)) {
-        return {Result::Item, i};
-      }
-      if (declaration.isItem()) continue;
-      if (!isOther && declaration.word == enumName) return {Result::Itself, i};
+      if (declared.isItem()) return isOther || declared.word + 1 < word;
+      if (!isOther && declared.word == enumName) return true;
       const bool isEnumAbove =
-          declaration.role == Role::EnumName && (isOther || declaration.word < enumName);
-      record = {isOther || isEnumAbove ? Result::Type : Result::Below, i};
-    }
-    if (record.result == Result::Type) return record;
-    if (record.result == Result::Below) below = record;
-    if (seenNamespace(namespaces[level], name) != nothing) return {Result::Namespace};
+          declared.role == Role::EnumName && (isOther || declared.word < enumName);
+      record = {isOther || isEnumAbove ? Meaning::Type : Meaning::Below, &declared};
+      return false;
+    });
+    if (found != nullptr) return {found->isItem() ? Meaning::Item : Meaning::Itself, found};
+    if (record.meaning == Meaning::Type) return record;
+    if (record.meaning == Meaning::Below) below = record;
+    if (view.inner(**space, name) != nullptr) return {Meaning::Namespace};
   }
-  if (below.result == Result::Below) return below;
+  if (below.meaning == Meaning::Below) return below;
   // Macros and the library have many more names, which a file with includes may use.
-  const bool isNoItem = declarations.file(file).hasInclude && !declarations.hasItem(name);
-  return isNoItem || mayBeElsewhere(name) ? Found{Result::Elsewhere} : unknown;
+  const bool isNoItem = file.hasInclude && !declarations.hasItem(name);
+  return isNoItem || mayBeElsewhere(name) ? Found{Meaning::Elsewhere} : unknown;
 }
 
 bool Lookup::hasRecord(std::string_view name) const {
   return std::any_of(namespaces.begin(), namespaces.end(),
-                     [&](std::size_t space) { return recordIn(space, name) != nothing; });
+                     [&](const Namespace* space) { return recordIn(*space, name) != nullptr; });
 }
 
-/// Returns the first record of this name in a namespace, as far as the file sees it, or `nothing`.
-std::size_t Lookup::recordIn(std::size_t space, std::string_view name) const {
-  std::size_t i = declarations.firstIn(space, name);
-  while (i != nothing && (declarations[i].isItem() || !sight.hasFile(declarations[i].file))) {
-    i = declarations[i].next;
-  }
-  return i;
+std::size_t Lookup::ownWord(std::string_view name, bool isItem) const {
+  const Declaration* const own =
+      FirstThat(namespaces.back()->first(name), [&](const Declaration& declaration) {
+        return declaration.file == &file && declaration.isItem() == isItem;
+      });
+  return own == nullptr ? noWord : own->word;
 }
 
-std::size_t Lookup::seenNamespace(std::size_t space, std::string_view name) const {
-  const std::size_t nested = declarations.nested(space, name);
-  return nested != nothing && sight.hasNamespace(nested) ? nested : nothing;
+/// Returns the first record of this name in a namespace, as far as the file sees it, or nullptr.
+const Declaration* Lookup::recordIn(const Namespace& space, std::string_view name) const {
+  return view.find(space, name,
+                   [](const Declaration& declaration) { return !declaration.isItem(); });
 }
 
-bool Lookup::isAbove(std::size_t declaration, const Scope& user) const {
-  const Declaration& declared = declarations[declaration];
-  if (declared.file != file) return true;
-  const Role userRole = words.roles[user.record];
+bool Lookup::isAbove(const Declaration& record, const Scope& user) const {
+  if (record.file != &file) return true;
+  const Role userRole = words.role(user.record);
   // The roles are in the order of the header.
-  if (declared.role != userRole) return declared.role < userRole;
-  return declared.word < user.record;
+  if (record.role != userRole) return record.role < userRole;
+  return record.word < user.record;
 }
 
-bool Lookup::isOwn(std::size_t declaration, const Scope& user) const {
-  return declarations[declaration].file == file && declarations[declaration].word == user.record;
-}
-
-std::string_view Lookup::text(std::size_t declaration) const {
-  const Declaration& declared = declarations[declaration];
-  return declarations.file(declared.file).words->texts[declared.word];
+bool Lookup::isOwn(const Declaration& record, const Scope& user) const {
+  return record.file == &file && record.word == user.record;
 }
 
 }  // namespace zentho::idlgen

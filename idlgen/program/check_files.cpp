@@ -68,8 +68,8 @@ class Run {
   }
 
   Outcome examineNamed(Examination& examination, const Sources::Named& named) const {
-    if (named.file == noFile) return {false, ErrorLine(named.path, named.reason)};
-    return reportOn(examination, named.file, request.warnings);
+    if (named.file == nullptr) return {false, ErrorLine(named.path, named.reason)};
+    return reportOn(examination, *named.file, request.warnings);
   }
 
   OutputFile output(const std::string& path, std::string beginning) const {

@@ -4,68 +4,84 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
-#include "findings/located_words.h"
-#include "findings/rules.h"
-#include "recovery/advice.h"
+#include "findings/finding.h"
+#include "recovery/symptoms.h"
+#include "sources/source_file.h"
+#include "words/located_words.h"
 
 namespace zentho::idlgen {
 
-/// What has been said before a fault that may only follow from it, so that nothing more is said.
+/// Which earlier message makes a fix a mere consequence, so that nothing more is said.
 enum class MayFollow : std::uint8_t {
   Nothing,
-  FaultInStatement,  ///< A line of the same statement is at fault.
-  FaultInOther,      ///< The line of the word that the note is about is.
-  AnyFault           ///< Any line is, and the file closes all braces that it opens.
+  FaultInStatement,  ///< One about a line of the same statement.
+  FaultInOther,      ///< One about the line of the word that the note is about.
+  AnyFault           ///< Any one, if the file closes all braces that it opens.
 };
+
+using Texts = std::vector<std::string>;
 
 /// What is wrong with some words, and what to read in place of them.
 struct Fix {
-  const Rule* rule;
-  std::size_t word;       ///< The word that shows the cause.
-  std::string_view text;  ///< For the sentence of the rule.
-  std::string advice;
-
-  WordRange replaced;                   ///< May be empty.
-  std::vector<std::string> texts = {};  ///< What is read there.
-  std::size_t other = noWord;           ///< The word that the note of the rule is about.
-  std::size_t closing = noWord;         ///< A brace further on that is left out, too.
+  Finding finding;     ///< About the word that shows the cause.
+  WordRange replaced;  ///< May be empty.
+  Texts texts = {};    ///< What is read there.
   MayFollow mayFollow = MayFollow::Nothing;
   bool mayDeclare = true;  ///< Whether names among the words that are not read may be declared.
+  std::size_t closing = noWord;  ///< A brace further on that is left out, too.
 };
 
+/// Returns a finding about a word.
+inline Finding At(const Rule& rule, const Words& words, std::size_t word, std::string advice = {}) {
+  return {&rule, word, words.text(word), std::move(advice)};
+}
+
+/// Returns a fix that leaves out some words.
+inline Fix Drop(Finding finding, WordRange words) {
+  return {std::move(finding), words};
+}
+
+/// Returns a fix that reads other words in place of some.
+inline Fix Replace(Finding finding, WordRange words, Texts texts) {
+  return {std::move(finding), words, std::move(texts)};
+}
+
+/// Returns a fix that reads more words before one.
+inline Fix Insert(Finding finding, std::size_t before, Texts texts) {
+  return {std::move(finding), {before, before}, std::move(texts)};
+}
+
 /// Returns the fix for a word that stands in a list of members or items.
-Fix FixList(const LocatedWords& file, std::size_t word);
+Fix FixList(const LocatedWords& words, std::size_t word);
 
 /// Returns the fix for a word that stands anywhere else.
-Fix FixStatement(const LocatedWords& file, std::size_t word);
+Fix FixStatement(const LocatedWords& words, std::size_t word);
 
 /// Returns the fix for a statement that is not complete at the end of the file.
-Fix FixEnd(const LocatedWords& file);
+Fix FixEnd(SourceFile& file);
 
 /// Returns what is missing before this word to complete the statement that is open there.
-std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end);
+Texts MissingBraces(const Words& words, std::size_t end);
 
 /// Returns whether the list that contains this word has a line, up to that of the word, which opens
 /// a block or whose words cannot be read as names followed by types or values. A pair may stand on
 /// two lines.
-bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word);
+bool HasWrongLine(const LocatedWords& words, const TypeNames& types, std::size_t word);
 
 /// Returns the first of some words of one list whose line is wrong as a whole, although it may
 /// consist of pairs: another word qualifies a declaration, as in `1: required int32 x`, or the line
 /// has a comment. `noWord` if there is none.
-std::size_t FirstInMixedLine(const LocatedWords& file, const TypeNames& types,
-                             const std::vector<std::size_t>& words);
+std::size_t FirstInMixedLine(const LocatedWords& words, const TypeNames& types,
+                             const std::vector<std::size_t>& ofList);
 
 /// Returns the fix if the cause is in the characters of the words or in two colons between them.
-std::optional<Fix> FixCharacters(const LocatedWords& file, WordRange range);
+std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range);
 
 /// Returns the fix if the cause is in the form of one of the words. It leaves out `line`.
-std::optional<Fix> FixForm(const LocatedWords& file, Signs signs, WordRange range, WordRange line);
-
-/// Returns the rule that a word breaks because of its form.
-const Rule& FormRule(Role role);
+std::optional<Fix> FixForm(const LocatedWords& words, Symptoms symptoms, WordRange range,
+                           WordRange line);
 
 }  // namespace zentho::idlgen

@@ -1,49 +1,57 @@
+#include <algorithm>
 #include <cstddef>
-#include <string>
-#include <vector>
 
 #include "recovery/fix.h"
 #include "schema/statements.h"
 
 namespace zentho::idlgen {
 
-std::vector<std::string> MissingBraces(const LocatedWords& file, std::size_t end) {
+Texts MissingBraces(const Words& words, std::size_t end) {
   std::size_t i = end - 1;
-  while (file.role(i) != Role::Part && file.role(i) != Role::Statement) --i;
-  const bool isService = FindStatement(file.text(i)) == Statement::Service;
-  if (file.role(i) != Role::Part && !isService) return {"}"};
-  std::vector<std::string> missing;
-  if (file.text(end - 1) != "}" && !isService) missing = {"}"};
+  while (words.role(i) != Role::Part && words.role(i) != Role::Statement) --i;
+  const bool isService = FindStatement(words.text(i)) == Statement::Service;
+  if (words.role(i) != Role::Part && !isService) return {"}"};
+  Texts missing;
+  if (words.text(end - 1) != "}" && !isService) missing = {"}"};
   if (isService) missing = {"request", "{", "}"};
-  if (isService || file.text(i) == "request") {
+  if (isService || words.text(i) == "request") {
     missing.insert(missing.end(), {"response", "{", "}"});
   }
   missing.emplace_back("}");
   return missing;
 }
 
-Fix FixEnd(const LocatedWords& file) {
-  const std::size_t last = file.size() - 1;
+Fix FixEnd(SourceFile& file) {
+  const Words& words = file.words;
+  const std::size_t last = words.size() - 1;
   std::size_t keyword = last;
-  while (file.role(keyword) != Role::Statement) --keyword;
-  Fix fix{&rules::endOfFile, last, R"(a "}")", "", {file.size(), file.size()}};
-  fix.other = keyword;
-  switch (file.role(last)) {
-    case Role::Statement:
-      fix.text = FindStatement(file.text(last)) == Statement::Include ? "a path" : "a name";
-      fix.replaced.first = keyword;
-      break;
+  while (words.role(keyword) != Role::Statement) --keyword;
+  const WordRange statement = {keyword, words.size()};
+  const auto isMissing = [&](std::string_view what) {
+    return Finding{&rules::endOfFile, last, what, {}, {{&file, keyword}}};
+  };
+  switch (words.role(last)) {
+    case Role::Statement: {
+      const bool isInclude = FindStatement(words.text(last)) == Statement::Include;
+      return Drop(isMissing(isInclude ? "a path" : "a name"), statement);
+    }
     case Role::EnumName:
     case Role::MessageName:
     case Role::ServiceName:
     case Role::Part:
-      fix.text = R"(a "{")";
-      fix.replaced.first = keyword;
+      return Drop(isMissing(R"(a "{")"), statement);
+    case Role::Brace:
+    case Role::IncludePath:
+    case Role::NamespacePath:
+    case Role::ItemName:
+    case Role::ItemValue:
+    case Role::MemberName:
+    case Role::MemberType:
+    case Role::Unread:
       break;
-    default:
-      fix.texts = MissingBraces(file, file.size());
-      fix.mayFollow = MayFollow::AnyFault;
   }
+  Fix fix = Insert(isMissing(R"(a "}")"), words.size(), MissingBraces(words, words.size()));
+  fix.mayFollow = MayFollow::AnyFault;
   return fix;
 }
 

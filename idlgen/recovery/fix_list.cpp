@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <optional>
+#include <utility>
 
-#include "recovery/advice.h"
 #include "recovery/fix.h"
 #include "schema/statements.h"
 #include "words/foreign_words.h"
@@ -74,7 +74,7 @@ class List {
   /// Returns the fix of a line in which words are missing or too many.
   [[nodiscard]] Fix fixCount(WordRange line) const {
     const auto at = [&](const Rule& rule, std::size_t word) {
-      return Fix{&rule, word, file.text(word), {}, line};
+      return Drop(At(rule, file, word), line);
     };
     const std::size_t last = line.end - 1;
     const Rule& missing = isEnum() ? rules::missingValue : rules::missingType;
@@ -146,32 +146,28 @@ bool BeginsWithType(const LocatedWords& file, WordRange line) {
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
 Fix FixBlock(const LocatedWords& file, WordRange line, std::size_t brace, const List& list) {
   const std::size_t before = brace - line.first;
-  if (before > 0 && file.text(brace - 1).back() == '\'') {
-    return {&rules::notAValue, brace - 1, "'{'", "write the number of the character", line};
+  const std::size_t last = brace - 1;  // Before the brace.
+  if (before > 0 && file.text(last).back() == '\'') {
+    return Drop({&rules::notAValue, last, "'{'", "write the number of the character"}, line);
   }
   const WordRange block = {line.first, ClosingBrace(file, brace) + 1};
-  const auto at = [&](const Rule& rule, std::size_t word) {
-    return Fix{&rule, word, file.text(word), {}, block};
-  };
-  if (before >= 2 && IsDeclaration(FindStatement(file.text(brace - 2)))) {
-    Fix fix = at(rules::missingEnd, brace - 2);
-    if (OpenBraces(file) <= 0) return fix;  // It is nested, and has its own end.
-    fix.replaced = {brace - 2, brace - 2};
-    fix.texts = MissingBraces(file, brace - 2);
-    return fix;
+  if (before >= 2 && IsDeclaration(FindStatement(file.text(last - 1)))) {
+    const std::size_t keyword = last - 1;
+    Finding finding = At(rules::missingEnd, file, keyword);
+    const bool hasOwnEnd = OpenBraces(file) <= 0;  // It is nested.
+    return hasOwnEnd ? Drop(std::move(finding), block)
+                     : Insert(std::move(finding), keyword, MissingBraces(file, keyword));
   }
-  if (before >= 1 && list.isRequest() && file.text(brace - 1) == "response") {
-    Fix fix = at(rules::missingEndOfPart, brace - 1);
-    fix.replaced = {brace - 1, brace - 1};
-    fix.texts = {"}"};
-    return fix;
+  if (before >= 1 && list.isRequest() && file.text(last) == "response") {
+    return Insert(At(rules::missingEndOfPart, file, last), last, {"}"});
   }
-  if (before % 2 == 1 && IsBeforeColon(file, brace - 1)) {
-    Fix fix = at(list.isEnum() ? rules::notAValue : rules::notAType, brace);
-    if (!list.isEnum()) fix.advice = "declare a message for it";
-    return fix;
+  if (before % 2 == 1 && IsBeforeColon(file, last)) {
+    return Drop(list.isEnum() ? At(rules::notAValue, file, brace)
+                              : At(rules::notAType, file, brace, "declare a message for it"),
+                block);
   }
-  return at(list.isEnum() ? rules::blockInEnum : rules::blockInMembers, line.first);
+  const Rule& rule = list.isEnum() ? rules::blockInEnum : rules::blockInMembers;
+  return Drop(At(rule, file, line.first), block);
 }
 
 }  // namespace
@@ -206,24 +202,21 @@ Fix FixList(const LocatedWords& file, std::size_t word) {
   const bool isWhole = IsJoinedByColons(file, word) || list.isQualified(list.lineOf(word));
   const WordRange range = line.value_or(isWhole ? list.lineOf(word) : pair);
 
-  const auto at = [&](const Rule& rule, std::size_t i) {
-    return Fix{&rule, i, file.text(i), {}, range};
-  };
   if (const std::optional<Fix> fix = FixCharacters(file, range)) return *fix;
   const std::optional<std::size_t> brace = line ? BlockBegin(file, *line) : std::nullopt;
   if (brace.has_value()) return FixBlock(file, *line, *brace, list);
   if (list.isQualified(range)) {
-    return at(list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType,
-              list.qualifierIn(range));
+    const Rule& rule = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
+    return Drop(At(rule, file, list.qualifierIn(range)), range);
   }
-  if (const std::optional<Fix> fix = FixForm(file, Signs::Assignments, range, range)) return *fix;
+  if (const auto fix = FixForm(file, Symptoms::Assignments, range, range)) return *fix;
   if (line.has_value() && !list.isEnum() && BeginsWithType(file, *line)) {
-    Fix fix = at(rules::notAName, line->first);
-    fix.advice = FormAdvice(fix.text, Role::MemberName);
-    return fix;
+    std::string advice = FormAdvice(file.text(line->first), Role::MemberName);
+    return Drop(At(rules::notAName, file, line->first, std::move(advice)), range);
   }
-  if (const std::optional<Fix> fix = FixForm(file, Signs::Forms, range, range)) return *fix;
-  return line.has_value() ? list.fixCount(*line) : at(FormRule(file.role(word)), word);
+  if (const auto fix = FixForm(file, Symptoms::Forms, range, range)) return *fix;
+  return line.has_value() ? list.fixCount(*line)
+                          : Drop(At(FormRule(file.role(word)), file, word), range);
 }
 
 }  // namespace zentho::idlgen

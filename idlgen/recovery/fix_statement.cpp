@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <optional>
+#include <string_view>
 #include <utility>
 
-#include "recovery/advice.h"
 #include "recovery/fix.h"
 #include "schema/statements.h"
 #include "words/cpp_words.h"
@@ -14,115 +14,104 @@
 namespace zentho::idlgen {
 namespace {
 
-constexpr std::string_view anyStatement =
+constexpr const char* anyStatement =
     "a statement begins with include, namespace, enum, message or service";
+constexpr const char* partsInOrder = "a service has a request and a response, in this order";
 
-/// A word that is not what the grammar wants outside of a list, with its line.
-class Fault {
+/// A word that is not what the grammar wants outside of a list, and the line that it begins.
+class Stray {
  public:
-  Fault(const LocatedWords& located, std::size_t i)
-      : file(located), word(i), end(LineEnd(located, i)) {}
+  Stray(const LocatedWords& fileWords, std::size_t i)
+      : words(fileWords),
+        word(i),
+        end(LineEnd(fileWords, i)),
+        text(fileWords.text(i)),
+        before(i > 0 ? fileWords.role(i - 1) : Role::Statement) {}
 
-  [[nodiscard]] Fix atStatement() const;
-  [[nodiscard]] Fix atBrace() const;
-  [[nodiscard]] Fix atPart() const;
-
-  /// Returns the fix that leaves out the rest of the line, and the block that it opens.
-  [[nodiscard]] Fix leaveOut(const Rule& rule, std::string_view advice) const {
-    return {&rule, word, file.text(word), std::string(advice), rest()};
+  [[nodiscard]] Finding finding(const Rule& rule, std::string advice = {}) const {
+    return At(rule, words, word, std::move(advice));
   }
+  [[nodiscard]] WordRange itself() const { return {word, word + 1}; }
 
- private:
-  /// Returns the rest of the line up to a brace that closes what is open before it.
+  /// Returns the rest of the line, with the block that it opens, up to a brace that closes what is
+  /// open before it.
   [[nodiscard]] WordRange rest() const {
-    const std::size_t brace = OpeningBrace(file, word);
-    if (brace != noWord && brace >= end) return {word, ClosingBrace(file, brace) + 1};
+    const std::size_t brace = OpeningBrace(words, word);
+    if (brace != noWord && brace >= end) return {word, ClosingBrace(words, brace) + 1};
     std::size_t i = word;
-    while (i < end && BraceOf(file.text(i)) != '}') {
-      i = file.text(i) == "{" ? ClosingBrace(file, i) + 1 : i + 1;
+    while (i < end && BraceOf(words.text(i)) != '}') {
+      i = words.text(i) == "{" ? ClosingBrace(words, i) + 1 : i + 1;
     }
     return {word, std::max(i, word + 1)};
   }
 
-  [[nodiscard]] bool isInLineOf(std::size_t other) const { return AreOnOneLine(file, word, other); }
-
-  [[nodiscard]] bool beginsStatement(std::size_t i) const {
-    return FindStatement(file.text(i)) != Statement::None;
+  [[nodiscard]] bool isOnLineOfWordBefore() const { return AreOnOneLine(words, word - 1, word); }
+  [[nodiscard]] bool isClosing() const { return BraceOf(text) == '}'; }
+  [[nodiscard]] bool beginsStatement() const { return FindStatement(text) != Statement::None; }
+  [[nodiscard]] bool isBefore(std::string_view next) const {
+    return word + 1 < words.size() && words.text(word + 1) == next;
   }
 
-  void leaveOutBraces(Fix& fix) const;
-  [[nodiscard]] bool isMissingName(std::size_t name) const;
-  [[nodiscard]] Fix afterPath() const;
-  [[nodiscard]] std::vector<std::string> laterDeclaration() const;
-  [[nodiscard]] std::string_view meantKeyword() const;
-  [[nodiscard]] bool declares(std::string_view keyword, std::size_t brace) const;
-  [[nodiscard]] std::size_t endOfClosedList() const;
+  [[nodiscard]] bool followsMissingName() const;
   [[nodiscard]] bool isClosed() const;
-  [[nodiscard]] Fix atOpening() const;
+  [[nodiscard]] std::string pathWithDots(std::size_t& pathEnd) const;
+  [[nodiscard]] Texts laterDeclaration(std::size_t brace) const;
+  [[nodiscard]] std::string_view meantKeyword() const;
+  [[nodiscard]] std::size_t endOfClosedList() const;
   [[nodiscard]] std::string_view openingAdvice() const;
 
-  const LocatedWords& file;
-  std::size_t word;
-  std::size_t end;
+  const LocatedWords& words;
+  const std::size_t word;
+  const std::size_t end;  ///< Of the line.
+  const std::string_view text;
+  const Role before;  ///< The role of the word before it.
+
+ private:
+  [[nodiscard]] bool declares(std::string_view keyword, std::size_t brace) const;
 };
 
-/// Leaves out a "{" and its "}", but not what stands between them.
-void Fault::leaveOutBraces(Fix& fix) const {
-  fix.replaced = {word, word + 1};
-  const std::size_t closing = ClosingBrace(file, word);
-  if (closing > word && BraceOf(file.text(closing)) == '}') fix.closing = closing;
+/// Returns whether the word before it, in place of a name, is the keyword of the next statement.
+bool Stray::followsMissingName() const {
+  const std::size_t name = word - 1;
+  return IsDeclaration(FindStatement(words.text(name))) && !AreOnOneLine(words, name - 1, name) &&
+         name + 2 < words.size() && words.text(name + 2) == "{";
 }
 
-/// Returns whether a word in place of a name is the keyword of the statement on the next line.
-bool Fault::isMissingName(std::size_t name) const {
-  return IsDeclaration(FindStatement(file.text(name))) && !AreOnOneLine(file, name - 1, name) &&
-         name + 2 < file.size() && file.text(name + 2) == "{";
+/// Returns whether a list that begins with the word has an end before other braces.
+bool Stray::isClosed() const {
+  std::size_t i = word;
+  while (i < words.size() && BraceOf(words.text(i)) == '\0' &&
+         FindStatement(words.text(i)) == Statement::None) {
+    ++i;
+  }
+  return i < words.size() && BraceOf(words.text(i)) == '}';
 }
 
-/// More words on the line of a path: of an include, or of a namespace.
-Fix Fault::afterPath() const {
-  const std::string_view text = file.text(word);
-  Fix fix = leaveOut(rules::notAStatement, "a path is one word, without spaces");
-  if (file.role(word - 1) == Role::IncludePath) return fix;
-  fix.advice = "a namespace is one word";
-  if (isMissingName(word - 1)) {
-    const std::string_view keyword = file.text(word - 1);
-    return {&rules::missingName, word - 1, keyword, {}, {word - 2, word - 1}};
+/// Returns the path before the word and what two colons join to it, with dots.
+std::string Stray::pathWithDots(std::size_t& pathEnd) const {
+  std::string path(words.text(word - 1));
+  for (pathEnd = word; pathEnd < end && IsJoinedByColons(words, pathEnd - 1); ++pathEnd) {
+    path.append(".").append(words.text(pathEnd));
   }
-  if (text == "{") {
-    fix.advice = "a namespace has no braces";
-    leaveOutBraces(fix);
-  } else if (IsJoinedByColons(file, word - 1)) {
-    std::string path(file.text(word - 1));
-    std::size_t last = word;
-    while (last < end && IsJoinedByColons(file, last - 1)) {
-      path += "." + std::string(file.text(last++));
-    }
-    fix.advice = "write dots: " + Quoted(path);
-    fix.replaced = {word - 1, last};
-    fix.texts = {path};
-  }
-  return fix;
+  return path;
 }
 
 /// Returns what a line is read as that declares something after other words, as in
 /// `public message P {` or `type P struct {`, or nothing.
-std::vector<std::string> Fault::laterDeclaration() const {
-  const std::size_t brace = OpeningBrace(file, word);
-  if (brace == noWord) return {};
-  for (std::size_t i = word + 1; i < brace; ++i) {
-    const std::string_view keyword = KeywordFor(file.text(i));
+Texts Stray::laterDeclaration(std::size_t brace) const {
+  for (std::size_t i = word + 1; brace != noWord && i < brace; ++i) {
+    const std::string_view keyword = KeywordFor(words.text(i));
     if (!declares(keyword, brace)) continue;
     const std::size_t name = i + 1 < brace ? i + 1 : i - 1;
-    return {std::string(keyword), std::string(file.text(name))};
+    return {std::string(keyword), std::string(words.text(name))};
   }
   return {};
 }
 
 /// Returns the keyword that the word stands for, if the rest of the line fits, or nothing.
-std::string_view Fault::meantKeyword() const {
-  const std::string_view keyword = SimilarKeyword(file.text(word));
-  const std::size_t brace = OpeningBrace(file, word);
+std::string_view Stray::meantKeyword() const {
+  const std::string_view keyword = SimilarKeyword(text);
+  const std::size_t brace = OpeningBrace(words, word);
   const bool fits = IsDeclaration(FindStatement(keyword))
                         ? brace != noWord && brace > word + 1 && declares(keyword, brace)
                         : end == word + 2 || brace == word + 2;  // As in `module a {`.
@@ -130,196 +119,212 @@ std::string_view Fault::meantKeyword() const {
 }
 
 /// Returns whether the keyword begins a declaration, which the words after this brace fit.
-bool Fault::declares(std::string_view keyword, std::size_t brace) const {
+bool Stray::declares(std::string_view keyword, std::size_t brace) const {
   const Statement statement = FindStatement(keyword);
-  const bool hasRequest = brace + 1 < file.size() && file.text(brace + 1) == "request";
+  const bool hasRequest = brace + 1 < words.size() && words.text(brace + 1) == "request";
   return IsDeclaration(statement) && (statement != Statement::Service || hasRequest);
 }
 
 /// If lines of pairs follow up to a brace, which belong to a list that has been closed too early,
 /// returns the index after that brace, or `noWord`.
-std::size_t Fault::endOfClosedList() const {
+std::size_t Stray::endOfClosedList() const {
   std::size_t i = word;
-  while (i < file.size() && !beginsStatement(i) && file.text(i) != "{") {
-    if (file.text(i).front() == '}') return i == word ? noWord : i + 1;
-    const std::size_t next = LineEnd(file, i);
-    if ((next - i) % 2 == 1 || !IsIdentifier(file.text(i)) || file.text(i + 1) == "=") break;
+  while (i < words.size() && FindStatement(words.text(i)) == Statement::None &&
+         words.text(i) != "{") {
+    if (words.text(i).front() == '}') return i == word ? noWord : i + 1;
+    const std::size_t next = LineEnd(words, i);
+    if ((next - i) % 2 == 1 || !IsIdentifier(words.text(i)) || words.text(i + 1) == "=") break;
     i = next;
   }
   return noWord;
 }
 
-Fix Fault::atStatement() const {
-  const std::string_view text = file.text(word);
-  const Role before = word > 0 ? file.role(word - 1) : Role::Statement;
-  const bool isAfterPath = before == Role::NamespacePath || before == Role::IncludePath;
-  if (isAfterPath && (isInLineOf(word - 1) || text == "{")) return afterPath();
-  Fix fix = leaveOut(rules::notAStatement, anyStatement);
-  if (BraceOf(text) == '}') {
-    fix.advice = R"(there is no "{" for it)";
-    fix.replaced = {word, word + 1};
-    return fix;
-  }
-  if (text == "{") {
-    leaveOutBraces(fix);
-    return fix;
-  }
-  if (std::optional<Fix> form = FixForm(file, Signs::Forms, {word, word + 1}, fix.replaced)) {
-    return *std::move(form);
-  }
-  if (std::vector<std::string> declaration = laterDeclaration(); !declaration.empty()) {
-    fix.replaced = {word, OpeningBrace(file, word)};
-    fix.texts = std::move(declaration);
-  } else if (const std::string_view similar = SimilarKeyword(text); !similar.empty()) {
-    fix.advice = DidYouMean(similar);
-    const std::string_view keyword = meantKeyword();
-    if (keyword.empty()) return fix;
-    fix.replaced = {word, word + 1};
-    fix.texts = {std::string(keyword)};
-  } else if (const std::size_t listEnd = endOfClosedList(); listEnd != noWord) {
-    fix.advice = R"(is a "}" too many above it?)";
-    fix.replaced = {word, listEnd};
-  }
-  return fix;
-}
-
 /// Returns what to do about a word between a name and its brace.
-std::string_view Fault::openingAdvice() const {
-  const std::string_view text = file.text(word);
-  const Role name = file.role(word - 1);
-  if (IsJoinedByColons(file, word - 1)) return "a name is one word, without colons";
-  if (name == Role::Part) return "a request or response is members in braces";
+std::string_view Stray::openingAdvice() const {
+  const std::size_t name = word - 1;
+  if (IsJoinedByColons(words, name)) return "a name is one word, without colons";
+  if (before == Role::Part) return "a request or response is members in braces";
   const bool isBase =
-      IsIdentifier(file.text(word - 1)) && (IsBeforeColon(file, word - 1) || text == "extends");
-  if (isBase && name == Role::EnumName) return "the underlying type of an enum cannot be chosen";
-  if (isBase) return name == Role::ServiceName ? "services have no base" : "messages have no base";
+      IsIdentifier(words.text(name)) && (IsBeforeColon(words, name) || text == "extends");
+  if (isBase && before == Role::EnumName) return "the underlying type of an enum cannot be chosen";
+  if (isBase)
+    return before == Role::ServiceName ? "services have no base" : "messages have no base";
   return "only a name stands before it";
 }
 
-/// Returns whether a list that begins with the word has an end before other braces.
-bool Fault::isClosed() const {
-  std::size_t i = word;
-  while (i < file.size() && BraceOf(file.text(i)) == '\0' && !beginsStatement(i)) ++i;
-  return i < file.size() && BraceOf(file.text(i)) == '}';
-}
-
-/// A word in place of the "{" after a name.
-Fix Fault::atOpening() const {
-  const std::size_t name = word - 1;
-  const bool isPart = file.role(name) == Role::Part;
-  Fix fix{&rules::missingOpening, name, file.text(name), {}, {word, word}, {"{"}};
-  if (isMissingName(name)) {
-    return {&rules::missingName, name, file.text(name), {}, {name - 1, name}};
-  }
-  if (!isInLineOf(name)) {
-    const bool isService = file.role(name) == Role::ServiceName && file.text(word) == "request";
-    if (isPart || isService || isClosed()) return fix;
-    fix.replaced = {name - 1, word};
-    fix.texts = {};
-    return fix;
-  }
-  fix = {&rules::notAnOpening, word, file.text(word), std::string(openingAdvice()), {word, end}};
-  fix.mayDeclare = false;
-  const std::size_t brace = OpeningBrace(file, word);
-  const bool isKeyword = FindKeyword(file.text(name)) != Keyword::None;
-  if (brace != noWord && isKeyword && brace > word) {  // As in `enum class E {`.
-    fix = {&rules::extraWordOfName, name, file.text(name), {}, {name, word}};
-  } else if (brace != noWord) {
-    fix.replaced = {name, brace};
-    const std::string_view nameOnly = NameIn(file.text(name));
-    fix.texts = {nameOnly.empty() ? "_" : std::string(nameOnly)};
-  } else if (isPart) {
-    fix.replaced.end = word + 1;
-    fix.texts = {"{", "}"};
-  } else {
-    fix.replaced.first = name - 1;
-    fix.mayDeclare = true;
-  }
+/// Leaves out a "{" and its "}", but not what stands between them.
+Fix DropBraces(const Stray& at, Finding finding) {
+  Fix fix = Drop(std::move(finding), at.itself());
+  const std::size_t closing = ClosingBrace(at.words, at.word);
+  if (closing > at.word && BraceOf(at.words.text(closing)) == '}') fix.closing = closing;
   return fix;
 }
 
-Fix Fault::atBrace() const {
-  const Role before = file.role(word - 1);
-  if (before != Role::Brace) return atOpening();
-  Fix fix = leaveOut(rules::missingEndOfService, "");
-  if (beginsStatement(word)) {
-    fix.replaced = {word, word};
-    fix.texts = {"}"};
-  } else if (BraceOf(file.text(word)) == '}') {
-    fix.rule = &rules::notAnEnd;
-    fix.advice = FormAdvice(file.text(word), Role::Statement);
-    fix.replaced = {word, word + 1};
-    fix.texts = {"}"};
-  } else {
-    fix.rule = &rules::notAnEnd;
-    if (file.text(word) == "request") fix.mayFollow = MayFollow::FaultInStatement;
-    fix.advice = "a service has one request and one response, in this order";
+/// A keyword in place of a name, which begins the next statement.
+Fix DropStatementBefore(const Stray& at) {
+  const std::size_t name = at.word - 1;
+  return Drop(At(rules::missingName, at.words, name), {name - 1, name});
+}
+
+/// More words on the line of a path: of an include, or of a namespace.
+Fix AfterPath(const Stray& at) {
+  const Rule& rule = rules::notAStatement;
+  if (at.before == Role::IncludePath) {
+    return Drop(at.finding(rule, "a path is one word, without spaces"), at.rest());
   }
+  if (at.followsMissingName()) return DropStatementBefore(at);
+  if (at.text == "{") return DropBraces(at, at.finding(rule, "a namespace has no braces"));
+  std::size_t end = at.word;
+  const std::string path = at.pathWithDots(end);
+  if (end == at.word) return Drop(at.finding(rule, "a namespace is one word"), at.rest());
+  return Replace(at.finding(rule, "write dots: " + Quoted(path)), {at.word - 1, end}, {path});
+}
+
+/// A word in place of the keyword of a statement.
+Fix AtStatement(const Stray& at) {
+  const Rule& rule = rules::notAStatement;
+  const bool isAfterPath = at.before == Role::NamespacePath || at.before == Role::IncludePath;
+  if (isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{")) return AfterPath(at);
+  if (at.isClosing()) return Drop(at.finding(rule, R"(there is no "{" for it)"), at.itself());
+  if (at.text == "{") return DropBraces(at, at.finding(rule, anyStatement));
+  if (auto form = FixForm(at.words, Symptoms::Forms, at.itself(), at.rest())) {
+    return *std::move(form);
+  }
+  const std::size_t brace = OpeningBrace(at.words, at.word);
+  if (Texts declaration = at.laterDeclaration(brace); !declaration.empty()) {
+    return Replace(at.finding(rule, anyStatement), {at.word, brace}, std::move(declaration));
+  }
+  if (const std::string_view similar = SimilarKeyword(at.text); !similar.empty()) {
+    const std::string_view keyword = at.meantKeyword();
+    Finding finding = at.finding(rule, DidYouMean(similar));
+    return keyword.empty() ? Drop(std::move(finding), at.rest())
+                           : Replace(std::move(finding), at.itself(), {std::string(keyword)});
+  }
+  if (const std::size_t end = at.endOfClosedList(); end != noWord) {
+    return Drop(at.finding(rule, R"(is a "}" too many above it?)"), {at.word, end});
+  }
+  return Drop(at.finding(rule, anyStatement), at.rest());
+}
+
+/// A word between a name and its brace, which stands on the same line or below.
+Fix BetweenNameAndBrace(const Stray& at, std::size_t brace) {
+  const std::size_t name = at.word - 1;
+  const bool isKeyword = FindKeyword(at.words.text(name)) != Keyword::None;
+  if (isKeyword && brace > at.word) {  // As in `enum class E {`.
+    return Drop(At(rules::extraWordOfName, at.words, name), {name, at.word});
+  }
+  const std::string nameOnly(NameIn(at.words.text(name)));
+  return Replace(at.finding(rules::notAnOpening, std::string(at.openingAdvice())), {name, brace},
+                 {nameOnly.empty() ? "_" : nameOnly});
+}
+
+/// A word in place of the "{" after a name.
+Fix AtOpening(const Stray& at) {
+  const std::size_t name = at.word - 1;
+  const bool isPart = at.before == Role::Part;
+  if (at.followsMissingName()) return DropStatementBefore(at);
+  if (!at.isOnLineOfWordBefore()) {
+    const bool isService = at.before == Role::ServiceName && at.text == "request";
+    Finding finding = At(rules::missingOpening, at.words, name);
+    return isPart || isService || at.isClosed() ? Insert(std::move(finding), at.word, {"{"})
+                                                : Drop(std::move(finding), {name - 1, at.word});
+  }
+  const std::size_t brace = OpeningBrace(at.words, at.word);
+  if (brace != noWord) {
+    Fix fix = BetweenNameAndBrace(at, brace);
+    fix.mayDeclare = fix.finding.rule == &rules::extraWordOfName;
+    return fix;
+  }
+  Finding finding = at.finding(rules::notAnOpening, std::string(at.openingAdvice()));
+  if (!isPart) return Drop(std::move(finding), {name - 1, at.end});
+  Fix fix = Replace(std::move(finding), at.itself(), {"{", "}"});
+  fix.mayDeclare = false;
+  return fix;
+}
+
+/// A word in place of a brace.
+Fix AtBrace(const Stray& at) {
+  if (at.before != Role::Brace) return AtOpening(at);
+  if (at.beginsStatement()) return Insert(at.finding(rules::missingEndOfService), at.word, {"}"});
+  if (at.isClosing()) {
+    return Replace(at.finding(rules::notAnEnd, FormAdvice(at.text, Role::Statement)), at.itself(),
+                   {"}"});
+  }
+  Fix fix =
+      Drop(at.finding(rules::notAnEnd, "a service has one request and one response, in this order"),
+           at.rest());
+  if (at.text == "request") fix.mayFollow = MayFollow::FaultInStatement;
   return fix;
 }
 
 /// A word in place of `request` or `response`.
-Fix Fault::atPart() const {
-  const std::string_view text = file.text(word);
-  const bool isRequest = file.role(word - 2) == Role::ServiceName;
+Fix AtPart(const Stray& at) {
+  const bool isRequest = at.words.role(at.word - 2) == Role::ServiceName;
   const std::string part = isRequest ? "request" : "response";
-  Fix fix = leaveOut(isRequest ? rules::notARequest : rules::notAResponse,
-                     "a service has a request and a response, in this order");
-  SimilarWord similar(text);
+  const Rule& rule = isRequest ? rules::notARequest : rules::notAResponse;
+  const Texts emptyPart = {part, "{", "}"};
+  Texts emptyParts = emptyPart;
+  if (isRequest) emptyParts.insert(emptyParts.end(), {"response", "{", "}"});
+  SimilarWord similar(at.text);
   similar.compare(part);
-  if (text == "}" && word + 1 < file.size() && file.text(word + 1) == part) {
-    fix.replaced = {word, word + 1};
-  } else if (!similar.found().empty() && text != "request" && text != "response") {
-    fix.advice = DidYouMean(part);
-    fix.replaced = {word, word + 1};
-    fix.texts = {part};
-  } else if (text == "}" || text == "response") {
-    fix.replaced = {word, word};
-    fix.texts = {part, "{", "}"};
-    if (text == "}") fix.mayFollow = MayFollow::FaultInStatement;
-    if (text == "}" && isRequest) fix.texts.insert(fix.texts.end(), {"response", "{", "}"});
-    if (text == "response") fix.advice = "a service begins with its request";
-  } else if (beginsStatement(word)) {
-    fix.rule = &rules::missingEndOfService;
-    fix.advice = {};
-    fix.replaced = {word, word};
-    fix.texts = {part, "{", "}", "}"};
-    if (isRequest) fix.texts.insert(fix.texts.begin() + 3, {"response", "{", "}"});
+  const bool isOtherPart = at.text == "request" || at.text == "response";
+
+  if (at.text == "}" && at.isBefore(part)) {
+    return Drop(at.finding(rule, partsInOrder), at.itself());
   }
-  return fix;
+  if (!similar.found().empty() && !isOtherPart) {
+    return Replace(at.finding(rule, DidYouMean(part)), at.itself(), {part});
+  }
+  if (at.text == "}") {
+    Fix fix = Insert(at.finding(rule, partsInOrder), at.word, emptyParts);
+    fix.mayFollow = MayFollow::FaultInStatement;
+    return fix;
+  }
+  if (at.text == "response") {
+    return Insert(at.finding(rule, "a service begins with its request"), at.word, emptyPart);
+  }
+  if (at.beginsStatement()) {
+    emptyParts.emplace_back("}");
+    return Insert(at.finding(rules::missingEndOfService), at.word, emptyParts);
+  }
+  return Drop(at.finding(rule, partsInOrder), at.rest());
 }
 
 /// A word that is glued to a brace, or a brace in place of a name.
-Fix FixName(const LocatedWords& file, std::size_t word) {
-  const std::string_view text = file.text(word);
-  Fix fix = Fault(file, word).leaveOut(FormRule(file.role(word)), "");
-  if (text == "{") {
-    fix.rule = &rules::missingName;
-    fix.replaced = {word, word};
-    fix.texts = {"_"};
-  } else if (BraceOf(text) == '}') {
-    fix.replaced = {word - 1, word};
-  }
-  return fix;
+Fix AtName(const Stray& at) {
+  if (at.text == "{") return Insert(at.finding(rules::missingName), at.word, {"_"});
+  Finding finding = at.finding(FormRule(at.words.role(at.word)));
+  if (at.isClosing()) return Drop(std::move(finding), {at.word - 1, at.word});
+  return Drop(std::move(finding), at.rest());
 }
 
 }  // namespace
 
-Fix FixStatement(const LocatedWords& file, std::size_t word) {
-  if (std::optional<Fix> fix = FixCharacters(file, {word, LineEnd(file, word)})) {
+Fix FixStatement(const LocatedWords& words, std::size_t word) {
+  if (std::optional<Fix> fix = FixCharacters(words, {word, LineEnd(words, word)})) {
     return *std::move(fix);
   }
-  const Fault fault(file, word);
-  switch (file.role(word)) {
+  const Stray stray(words, word);
+  switch (words.role(word)) {
     case Role::Statement:
-      return fault.atStatement();
+      return AtStatement(stray);
     case Role::Brace:
-      return fault.atBrace();
+      return AtBrace(stray);
     case Role::Part:
-      return fault.atPart();
-    default:
-      return FixName(file, word);
+      return AtPart(stray);
+    case Role::IncludePath:
+    case Role::NamespacePath:
+    case Role::EnumName:
+    case Role::MessageName:
+    case Role::ServiceName:
+    case Role::ItemName:
+    case Role::ItemValue:
+    case Role::MemberName:
+    case Role::MemberType:
+    case Role::Unread:
+      break;
   }
+  return AtName(stray);
 }
 
 }  // namespace zentho::idlgen

@@ -12,18 +12,18 @@ bool IsChecked(Role role) {
          role != Role::Unread;
 }
 
-bool IsOutOfStep(const Word& word) {
+bool IsMisplaced(std::string_view word, Role role) {
   const auto isLetter = [](char byte) { return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z'; };
-  if (isLetter(word.text.front()) && isLetter(word.text.back())) return false;  // For speed.
-  if (word.text.find_first_not_of(";,\t\r") == std::string_view::npos) return true;
-  return BraceOf(word.text) != '\0' || (word.text == "=" && IsSecondHalf(word.role));
+  if (isLetter(word.front()) && isLetter(word.back())) return false;  // Most words.
+  if (word.find_first_not_of(";,\t\r") == std::string_view::npos) return true;
+  return BraceOf(word) != '\0' || (word == "=" && IsSecondHalf(role));
 }
 
 }  // namespace
 
-std::size_t WordsInStep(const Words& words, std::size_t count) {
+std::size_t FirstMisplacedWord(const Words& words, std::size_t count) {
   std::size_t i = 0;
-  while (i < count && !(IsChecked(words.roles[i]) && IsOutOfStep(words[i]))) ++i;
+  while (i < count && !(IsChecked(words.role(i)) && IsMisplaced(words.text(i), words.role(i)))) ++i;
   return i;
 }
 

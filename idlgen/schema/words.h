@@ -46,15 +46,11 @@ constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 
 }  // namespace idlgen
 
-struct Word {
-  std::string_view text;
-  Role role;
-};
-
 /// The words of a file, and what the parser has taken them for. Refers to strings that others own.
 struct Words {
   [[nodiscard]] std::size_t size() const { return texts.size(); }
-  [[nodiscard]] Word operator[](std::size_t i) const { return {texts[i], roles[i]}; }
+  [[nodiscard]] std::string_view text(std::size_t i) const { return texts[i]; }
+  [[nodiscard]] Role role(std::size_t i) const { return roles[i]; }
 
   std::vector<std::string_view> texts;
   std::vector<Role> roles;

@@ -20,13 +20,11 @@ SourceFile ParseSource(std::string path, std::string text) {
   } catch (const ParseError& error) {
     file.error = error;
   }
-  for (std::size_t i = 0; i < file.words.size(); ++i) {
-    if (file.words.roles[i] != Role::IncludePath) continue;
-    const std::string_view included = IncludedPath(file.words.texts[i]);
-    const bool isHeader = included.size() >= 2 && included.substr(included.size() - 2) == ".h";
-    file.includes.push_back({i, isHeader ? Include::Kind::Header : Include::Kind::NotFound});
-  }
   return file;
+}
+
+void locate(SourceFile& file) {
+  if (file.words.places.size() != file.words.size()) locate(file.words, file.text);
 }
 
 }  // namespace zentho::idlgen

@@ -1,21 +1,23 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "reader/idl.h"
 #include "schema/parser.h"
 #include "schema/schema.h"
+#include "words/located_words.h"
 
 namespace zentho::idlgen {
 
-constexpr std::size_t noFile = static_cast<std::size_t>(-1);  ///< No index of a file.
+struct SourceFile;
 
-/// What an include statement of a file leads to.
+/// What an include statement leads to.
 struct Include {
   enum class Kind : std::uint8_t {
     Header,    ///< A C++ header, which nobody looks for.
@@ -23,13 +25,19 @@ struct Include {
     Found
   };
 
-  std::size_t word;  ///< The index of the path.
   Kind kind = Kind::NotFound;
-  std::size_t file = noFile;    ///< The index of the file that was found.
+  SourceFile* file = nullptr;   ///< The file that was found.
   std::string correction = {};  ///< If none was found: a path that differs by one slip, or nothing.
 };
 
-/// An IDL file that has been read and parsed. Is moved, never copied: the words refer to `idl`.
+/// What recovery has taken out of a file.
+struct DroppedWords {
+  std::unordered_set<std::string_view> names;  ///< May be declared there.
+  bool mayDeclareAnything = false;             ///< Such as an include.
+};
+
+/// An IDL file: as it was read, and as recovery has it read instead. Is moved, never copied: the
+/// words refer to `idl`.
 struct SourceFile {
   SourceFile() = default;
   SourceFile(SourceFile&&) = default;
@@ -38,15 +46,20 @@ struct SourceFile {
   std::string path;  ///< By which it was opened.
   std::string text;
   IDL idl;
-  Schema schema;  ///< Of the statements before an error.
-  Words words;
-  std::optional<ParseError> error;
-  std::vector<Include> includes;  ///< In the order of the file.
+  Schema schema;  ///< Of the statements before the first error.
+  LocatedWords words;
+  std::optional<ParseError> error;                         ///< Why the parser refuses these words.
+  std::unordered_map<std::string_view, Include> includes;  ///< By the word of the path.
+  std::list<std::string> ownTexts;  ///< What recovery has put in place of words of the text.
+  DroppedWords dropped;
+  bool isDamaged = false;  ///< Whether recovery has found a fault.
 };
 
-/// Splits and parses the text. Prints nothing. The includes have their words, and those of C++
-/// headers their kind.
+/// Splits and parses the text. Prints nothing. Nothing is included yet.
 SourceFile ParseSource(std::string path, std::string text);
+
+/// Finds the places of the words, unless that has been done.
+void locate(SourceFile& file);
 
 /// Returns the path between the quotes or brackets of an include statement, or nothing if it does
 /// not have both of them.

@@ -1,6 +1,6 @@
 #include "sources/sources.h"
 
-#include <string_view>
+#include <cstddef>
 #include <utility>
 
 namespace zentho::idlgen {
@@ -18,14 +18,14 @@ void Sources::load(const std::vector<std::string>& paths) {
 void Sources::loadNamed(const std::string& path) {
   Entry entry = tree.look(path);
   if (entry.kind == Entry::Kind::File) {
-    if (!indexes.emplace(entry.id, noFile).second) return;
+    if (!filesById.emplace(entry.id, nullptr).second) return;
     entry = read(path);
   }
   if (entry.kind == Entry::Kind::File) {
-    namedFiles.push_back({path, sources.size() - 1});
+    namedFiles.push_back({path, &sources.back()});
   } else {
     namedFiles.push_back(
-        {path, noFile, entry.error ? entry.error.message() : "is not a regular file"});
+        {path, nullptr, entry.error ? entry.error.message() : "is not a regular file"});
   }
 }
 
@@ -34,32 +34,40 @@ Entry Sources::read(const std::string& path) {
   std::string text;
   Entry entry = tree.read(path, text);
   if (entry.kind == Entry::Kind::File) {
-    indexes[entry.id] = sources.size();
-    sources.push_back(ParseSource(path, std::move(text)));
+    filesById[entry.id] = &sources.emplace_back(ParseSource(path, std::move(text)));
   }
   return entry;
 }
 
 void Sources::findIncludes(SourceFile& file) {
   const std::string directory = DirectoryOf(file.path);
-  for (Include& include : file.includes) {
-    const std::string_view word = file.words.texts[include.word];
-    const std::string_view path = IncludedPath(word);
-    if (include.kind == Include::Kind::Header || path.empty()) continue;
-    const IncludeSearch::Result& result = search.find(directory, path);
-    if (result.kind == IncludeSearch::Result::Kind::Missing && word.front() == '"') {
-      include.correction = search.correction(directory, path);
-    }
-    if (result.kind != IncludeSearch::Result::Kind::Found) continue;
-    const auto [known, isNew] = indexes.emplace(result.id, noFile);
-    if (isNew) (void)read(result.path);
-    include.file = known->second;
-    if (include.file != noFile) include.kind = Include::Kind::Found;
+  for (std::size_t i = 0; i < file.words.size(); ++i) {
+    if (file.words.role(i) != Role::IncludePath) continue;
+    const auto [include, isNew] = file.includes.try_emplace(file.words.text(i));
+    if (isNew) include->second = find(directory, include->first);
   }
 }
 
-std::string Sources::includePath(std::size_t from, std::size_t to) {
-  return search.shortestPath(DirectoryOf(sources[from].path), sources[to].path);
+/// Finds the file that a file in this directory includes, and reads it if that has not been done.
+Include Sources::find(const std::string& directory, std::string_view word) {
+  const std::string_view path = IncludedPath(word);
+  if (path.size() >= 2 && path.substr(path.size() - 2) == ".h") return {Include::Kind::Header};
+  if (path.empty()) return {};
+  Include include;
+  const IncludeSearch::Result& result = search.find(directory, path);
+  if (result.kind == IncludeSearch::Result::Kind::Missing && word.front() == '"') {
+    include.correction = search.correction(directory, path);
+  }
+  if (result.kind != IncludeSearch::Result::Kind::Found) return include;
+  const auto [known, isNew] = filesById.emplace(result.id, nullptr);
+  if (isNew) (void)read(result.path);
+  include.file = known->second;
+  if (include.file != nullptr) include.kind = Include::Kind::Found;
+  return include;
+}
+
+std::string Sources::includePath(const SourceFile& from, const SourceFile& to) {
+  return search.shortestPath(DirectoryOf(from.path), to.path);
 }
 
 }  // namespace zentho::idlgen

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstddef>
 #include <deque>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "sources/include_search.h"
@@ -19,10 +19,10 @@ class Sources {
   /// `directories` are searched for included files, in this order.
   Sources(SourceTree& sourceTree, std::vector<std::string> directories);
 
-  /// A file that the run names: its index, or why it cannot be read.
+  /// A file that the run names, or why it cannot be read.
   struct Named {
     std::string path;
-    std::size_t file = noFile;
+    SourceFile* file = nullptr;
     std::string reason = {};
   };
 
@@ -33,24 +33,26 @@ class Sources {
   [[nodiscard]] const std::vector<Named>& named() const { return namedFiles; }
 
   /// Returns all files: the named ones first.
+  [[nodiscard]] std::deque<SourceFile>& files() { return sources; }
   [[nodiscard]] const std::deque<SourceFile>& files() const { return sources; }
 
   /// Returns whether the run has read this file, or has tried to.
-  [[nodiscard]] bool contains(const FileId& id) const { return indexes.count(id) > 0; }
+  [[nodiscard]] bool contains(const FileId& id) const { return filesById.count(id) > 0; }
 
   /// Returns the shortest path by which the file `from` can include the file `to`, or nothing.
-  std::string includePath(std::size_t from, std::size_t to);
+  std::string includePath(const SourceFile& from, const SourceFile& to);
 
  private:
   void loadNamed(const std::string& path);
   Entry read(const std::string& path);
   void findIncludes(SourceFile& file);
+  Include find(const std::string& directory, std::string_view word);
 
   SourceTree& tree;
   IncludeSearch search;
   std::vector<Named> namedFiles;
   std::deque<SourceFile> sources;
-  std::map<FileId, std::size_t> indexes;  ///< `noFile` for those that cannot be read.
+  std::map<FileId, SourceFile*> filesById;  ///< nullptr for those that cannot be read.
 };
 
 }  // namespace zentho::idlgen

@@ -2,7 +2,6 @@
 #include <optional>
 #include <utility>
 
-#include "recovery/advice.h"
 #include "recovery/fix.h"
 #include "words/characters.h"
 #include "words/printable.h"
@@ -13,19 +12,19 @@ namespace {
 
 /// Returns the words of a range with the roles that they would have in a line without mistakes. One
 /// too many at its end is no name.
-std::vector<Word> WithRoles(const LocatedWords& file, WordRange range) {
+std::vector<MeantWord> WithRoles(const LocatedWords& file, WordRange range) {
   const Role first = file.role(range.first);
   const bool isItem = first == Role::ItemName || first == Role::ItemValue;
   const Role second = isItem ? Role::ItemValue : Role::MemberType;
   const Role name = isItem ? Role::ItemName : Role::MemberName;
-  std::vector<Word> words;
+  std::vector<MeantWord> words;
   for (std::size_t i = range.first; i < range.end; ++i) {
     const bool isExtra = i > range.first && i + 1 == range.end;
     const bool isName = !isExtra && ((i - range.first) % 2 == 0) != IsSecondHalf(first);
     // After a pair, "=" begins a default value.
     const bool isDefault = i >= range.first + 2 && file.text(i) == "=";
     const Role role = !IsInList(first) ? Role::Statement : isName || isDefault ? name : second;
-    words.push_back({file.text(i), role});
+    words.push_back({i, file.text(i), role});
   }
   if (!IsInList(first)) words.front().role = first;
   return words;
@@ -53,8 +52,7 @@ std::size_t CommentEnd(const LocatedWords& file, std::size_t i) {
 }
 
 /// Appends the parts of a word between separators.
-void appendParts(std::string_view word, std::string_view separators,
-                 std::vector<std::string>& parts) {
+void appendParts(std::string_view word, std::string_view separators, Texts& parts) {
   while (true) {
     const std::size_t begin = word.find_first_not_of(separators);
     if (begin == std::string_view::npos) return;
@@ -66,8 +64,8 @@ void appendParts(std::string_view word, std::string_view separators,
 }
 
 /// Returns what a word with a brace beside other characters is read as.
-std::vector<std::string> SplitAtBraces(std::string_view word) {
-  std::vector<std::string> parts;
+Texts SplitAtBraces(std::string_view word) {
+  Texts parts;
   while (!word.empty()) {
     const std::size_t brace = word.find_first_of("{}");
     appendParts(word.substr(0, brace), ";,", parts);
@@ -78,8 +76,8 @@ std::vector<std::string> SplitAtBraces(std::string_view word) {
   return parts;
 }
 
-std::vector<std::string> SplitAtBlanks(const LocatedWords& file, WordRange range) {
-  std::vector<std::string> parts;
+Texts SplitAtBlanks(const LocatedWords& file, WordRange range) {
+  Texts parts;
   for (std::size_t i = range.first; i < range.end; ++i) {
     std::string_view word = file.text(i);
     if (word.substr(0, byteOrderMark.size()) == byteOrderMark) {
@@ -90,25 +88,19 @@ std::vector<std::string> SplitAtBlanks(const LocatedWords& file, WordRange range
   return parts;
 }
 
-/// Returns the fix for the sign at one of the words of a range.
-Fix FixSign(WordRange range, const std::vector<Word>& words, Sign sign) {
-  const Word& word = words[sign.word];
-  return {&FormRule(word.role), range.first + sign.word, word.text, std::move(sign.advice), range};
-}
-
-/// Reads the range without what the sign at one of its words shows.
-void readWithout(const LocatedWords& file, Fix& fix) {
-  const std::size_t i = fix.word;
-  const std::string_view word = file.text(i);
-  if (CommentBegin(word) < word.size()) {
-    fix.replaced = {i, CommentEnd(file, i)};
-    if (CommentBegin(word) > 0) fix.texts.emplace_back(word.substr(0, CommentBegin(word)));
-  } else if (BraceOf(word) != '\0' && word.find_first_of("\t\r") == std::string_view::npos) {
-    fix.replaced = {i, i + 1};
-    fix.texts = SplitAtBraces(word);
-  } else {
-    fix.texts = SplitAtBlanks(file, fix.replaced);
+/// Returns the fix that reads the range without what one of its words shows.
+Fix WithoutSymptom(const LocatedWords& file, Finding finding, WordRange range) {
+  const std::size_t i = finding.word;
+  const std::string_view word = finding.text;
+  const std::size_t comment = CommentBegin(word);
+  if (comment < word.size()) {
+    Texts before = comment > 0 ? Texts{std::string(word.substr(0, comment))} : Texts{};
+    return Replace(std::move(finding), {i, CommentEnd(file, i)}, std::move(before));
   }
+  if (BraceOf(word) != '\0' && word.find_first_of("\t\r") == std::string_view::npos) {
+    return Replace(std::move(finding), {i, i + 1}, SplitAtBraces(word));
+  }
+  return Replace(std::move(finding), range, SplitAtBlanks(file, range));
 }
 
 /// Returns the C++ name that begins the text, with template arguments but without blanks.
@@ -137,7 +129,7 @@ std::string WithDots(std::string_view name) {
 /// Returns whether one of the words declares an item of this name.
 bool IsItem(const Words& words, std::string_view name) {
   for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.roles[i] == Role::ItemName && words.texts[i] == name) return true;
+    if (words.role(i) == Role::ItemName && words.text(i) == name) return true;
   }
   return false;
 }
@@ -149,7 +141,7 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
   if (role == Role::ItemValue) {
     std::string_view item = text.substr(0, text.find_first_of(" ;,})\t\r"));
     item = item.substr(item.rfind(':') + 1);
-    return IsItem(file.words, item) ? "write only the item: " + Quoted(item) : std::string();
+    return IsItem(file, item) ? "write only the item: " + Quoted(item) : std::string();
   }
   const std::string name = CppName(text);
   constexpr std::string_view vector = "std::vector<";
@@ -165,53 +157,27 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
 }  // namespace
 
 std::optional<Fix> FixCharacters(const LocatedWords& file, WordRange range) {
-  const std::vector<Word> words = WithRoles(file, range);
-  if (std::optional<Sign> sign = FindSign(Signs::Characters, words)) {
-    Fix fix = FixSign(range, words, *std::move(sign));
-    readWithout(file, fix);
-    return fix;
+  const std::vector<MeantWord> words = WithRoles(file, range);
+  if (std::optional<Finding> finding = FindSymptom(Symptoms::Characters, words)) {
+    return WithoutSymptom(file, *std::move(finding), range);
   }
   if (!IsInList(words.front().role)) return std::nullopt;
-  for (std::size_t i = range.first; i < range.end; ++i) {
+  for (const auto& [i, text, role] : words) {
     if (!IsJoinedByColons(file, i)) continue;
-    const Role role = words[i - range.first].role;
     const Rule& rule = role == Role::ItemValue ? rules::colonsInValue : rules::colonsInType;
-    return Fix{&rule, i, file.text(i), ColonsAdvice(file, i, role), range};
+    return Drop(At(rule, file, i, ColonsAdvice(file, i, role)), range);
   }
   return std::nullopt;
 }
 
-std::optional<Fix> FixForm(const LocatedWords& file, Signs signs, WordRange range, WordRange line) {
-  const std::vector<Word> words = WithRoles(file, range);
-  std::optional<Sign> sign = FindSign(signs, words);
-  if (!sign.has_value()) return std::nullopt;
-  Fix fix = FixSign(range, words, *std::move(sign));
-  fix.replaced = line;
-  if (BraceOf(fix.text) != '\0') {  // Such as `};`.
-    fix.replaced = {fix.word, fix.word + 1};
-    fix.texts = SplitAtBraces(fix.text);
-  }
-  return fix;
-}
-
-const Rule& FormRule(Role role) {
-  switch (role) {
-    case Role::Statement:
-    case Role::Unread:
-      return rules::notAStatement;
-    case Role::Part:
-      return rules::notAPart;
-    case Role::Brace:
-      return rules::notABrace;
-    case Role::IncludePath:
-      return rules::notAPath;
-    case Role::ItemValue:
-      return rules::notAValue;
-    case Role::MemberType:
-      return rules::notAType;
-    default:
-      return rules::notAName;
-  }
+std::optional<Fix> FixForm(const LocatedWords& file, Symptoms symptoms, WordRange range,
+                           WordRange line) {
+  std::optional<Finding> finding = FindSymptom(symptoms, WithRoles(file, range));
+  if (!finding.has_value()) return std::nullopt;
+  if (BraceOf(finding->text) == '\0') return Drop(*std::move(finding), line);
+  const std::size_t word = finding->word;  // Such as `};`.
+  Texts parts = SplitAtBraces(finding->text);
+  return Replace(*std::move(finding), {word, word + 1}, std::move(parts));
 }
 
 }  // namespace zentho::idlgen

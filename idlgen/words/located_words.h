@@ -5,20 +5,25 @@
 #include <unordered_set>
 #include <vector>
 
-#include "findings/places.h"
 #include "schema/words.h"
 
 namespace zentho::idlgen {
 
-/// The words of a file and where they stand, in two lists with the same indexes.
-struct LocatedWords {
-  [[nodiscard]] std::size_t size() const { return words.size(); }
-  [[nodiscard]] std::string_view text(std::size_t i) const { return words.texts[i]; }
-  [[nodiscard]] Role role(std::size_t i) const { return words.roles[i]; }
+/// Where a word begins in the text of a file.
+struct Place {
+  std::size_t lineNumber;  ///< Counts from 1.
+  std::string_view line;
+  std::string_view code;  ///< The line without its comment.
+  std::size_t offset;     ///< In the line, in bytes.
+};
 
-  Words words;
+/// The words of a file, and where they stand. A valid file needs no places: `locate` finds them.
+struct LocatedWords : Words {
   std::vector<Place> places;
 };
+
+/// Finds the places of the words of a text, which it has in this order.
+void locate(LocatedWords& words, std::string_view text);
 
 /// Some words that follow each other: those from `first` on, up to `end`.
 struct WordRange {
@@ -27,34 +32,34 @@ struct WordRange {
 };
 
 /// Returns whether the two words stand on one line.
-bool AreOnOneLine(const LocatedWords& file, std::size_t a, std::size_t b);
+bool AreOnOneLine(const LocatedWords& words, std::size_t a, std::size_t b);
 
 /// Returns the index of the first word after this one that stands on a later line.
-std::size_t LineEnd(const LocatedWords& file, std::size_t i);
+std::size_t LineEnd(const LocatedWords& words, std::size_t i);
 
 /// Returns whether the next character after the word, apart from spaces, is a colon.
-bool IsBeforeColon(const LocatedWords& file, std::size_t i);
+bool IsBeforeColon(const LocatedWords& words, std::size_t i);
 
 /// Returns whether the last character before the word, apart from spaces, is a colon.
-bool IsAfterColon(const LocatedWords& file, std::size_t i);
+bool IsAfterColon(const LocatedWords& words, std::size_t i);
 
 /// Returns whether two colons join the word to the next one, as in `a::B`.
-bool IsJoinedByColons(const LocatedWords& file, std::size_t i);
+bool IsJoinedByColons(const LocatedWords& words, std::size_t i);
 
 /// Returns the index of the brace that closes the one at `opening`, also with other characters
 /// beside it, as in `};`. If there is none, that of the last word of its line.
-std::size_t ClosingBrace(const LocatedWords& file, std::size_t opening);
+std::size_t ClosingBrace(const LocatedWords& words, std::size_t opening);
 
 /// Returns the index of the first "{" of the line that begins with this word, or of the next line
 /// if that begins with it. `noWord` if there is none.
-std::size_t OpeningBrace(const LocatedWords& file, std::size_t i);
+std::size_t OpeningBrace(const LocatedWords& words, std::size_t i);
 
 /// Returns how many more braces are opened than closed.
-std::ptrdiff_t OpenBraces(const LocatedWords& file);
+std::ptrdiff_t OpenBraces(const Words& words);
 
 /// The names of the enums and messages of a file.
 using TypeNames = std::unordered_set<std::string_view>;
 
-TypeNames DeclaredTypes(const LocatedWords& file);
+TypeNames DeclaredTypes(const Words& words);
 
 }  // namespace zentho::idlgen

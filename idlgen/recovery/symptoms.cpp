@@ -1,7 +1,8 @@
-#include "recovery/advice.h"
+#include "recovery/symptoms.h"
 
 #include <algorithm>
 #include <initializer_list>
+#include <iterator>
 
 #include "check/value.h"
 #include "words/characters.h"
@@ -44,7 +45,7 @@ constexpr Roles names = Only(Role::EnumName) | Only(Role::MessageName) | Only(Ro
                         items | members | dottedNames;
 
 /// What a word shows in one of the roles, and what to do about it.
-struct SignRow {
+struct SymptomRow {
   Roles roles;
   bool (*isShown)(std::string_view word);
   std::string_view advice;
@@ -106,7 +107,7 @@ constexpr std::string_view noDefault = "there are no default values or field num
 constexpr std::string_view hashComments = R"(comments start with "#")";
 
 /// Of characters that no word contains.
-constexpr auto characterRows = Table<SignRow>({
+constexpr auto characterRows = Table<SymptomRow>({
     {all, [](std::string_view word) { return StartsWith(word, "//"); },
      R"(here, only "#" starts a comment)"},
     {all, StartsComment, hashComments},
@@ -132,7 +133,7 @@ constexpr auto characterRows = Table<SignRow>({
 });
 
 /// Of equals signs, and of parentheses around them.
-constexpr auto assignmentRows = Table<SignRow>({
+constexpr auto assignmentRows = Table<SymptomRow>({
     {types, Has<'('>, R"(it contains "(")"},
     {items, Has<'='>, valueColon},
     {values, [](std::string_view word) { return word == "=" || IsAssignment(word); }, valueColon},
@@ -141,7 +142,7 @@ constexpr auto assignmentRows = Table<SignRow>({
     {names | types, Has<'='>, noDefault},
 });
 
-constexpr auto formRows = Table<SignRow>({
+constexpr auto formRows = Table<SymptomRow>({
     {members,
      [](std::string_view word) {
        return LooksLikeType(word) || (Contains(word, "<") && IsTemplate(word));
@@ -221,25 +222,20 @@ bool IsValue(std::string_view word) {
 }
 
 /// Returns whether the word is right in its place.
-bool Fits(const Word& word) {
+bool Fits(const MeantWord& word) {
   if (Contains(word.text, byteOrderMark)) return false;
-  switch (word.role) {
-    case Role::MemberType:
-      return IsTypeForm(word.text);
-    case Role::ItemValue:
-      return IsValue(word.text);
-    default:
-      return IsIdentifier(word.text);
-  }
+  if (word.role == Role::MemberType) return IsTypeForm(word.text);
+  return word.role == Role::ItemValue ? IsValue(word.text) : IsIdentifier(word.text);
 }
 
 /// Looks through a table of rows, row by row.
 template <typename Rows>
-std::optional<Sign> FindIn(const Rows& rows, const std::vector<Word>& words) {
-  for (const SignRow& row : rows) {
-    for (std::size_t i = 0; i < words.size(); ++i) {
-      const bool hasRole = (row.roles & Only(words[i].role)) != 0;
-      if (hasRole && row.isShown(words[i].text)) return Sign{i, std::string(row.advice)};
+std::optional<Finding> FindIn(const Rows& rows, const std::vector<MeantWord>& words) {
+  for (const SymptomRow& row : rows) {
+    for (const auto& [word, text, role] : words) {
+      const bool hasRole = (row.roles & Only(role)) != 0;
+      if (!hasRole || !row.isShown(text)) continue;
+      return Finding{&FormRule(role), word, text, std::string(row.advice)};
     }
   }
   return std::nullopt;
@@ -247,29 +243,56 @@ std::optional<Sign> FindIn(const Rows& rows, const std::vector<Word>& words) {
 
 }  // namespace
 
-std::optional<Sign> FindSign(Signs signs, const std::vector<Word>& words) {
-  std::vector<Word> unfit;
-  std::vector<std::size_t> indexes;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (Fits(words[i])) continue;
-    unfit.push_back(words[i]);
-    indexes.push_back(i);
+std::optional<Finding> FindSymptom(Symptoms symptoms, const std::vector<MeantWord>& words) {
+  std::vector<MeantWord> unfit;
+  std::copy_if(words.begin(), words.end(), std::back_inserter(unfit),
+               [](const MeantWord& word) { return !Fits(word); });
+  switch (symptoms) {
+    case Symptoms::Characters:
+      return FindIn(characterRows, unfit);
+    case Symptoms::Assignments:
+      return FindIn(assignmentRows, unfit);
+    case Symptoms::Forms:
+      return FindIn(formRows, unfit);
   }
-  std::optional<Sign> sign = signs == Signs::Characters    ? FindIn(characterRows, unfit)
-                             : signs == Signs::Assignments ? FindIn(assignmentRows, unfit)
-                                                           : FindIn(formRows, unfit);
-  if (sign.has_value()) sign->word = indexes[sign->word];
-  return sign;
+  return std::nullopt;
 }
 
 std::string FormAdvice(std::string_view part, Role role) {
-  if (const auto sign = FindIn(characterRows, {{part, role}})) return sign->advice;
-  if (const auto sign = FindIn(assignmentRows, {{part, role}})) return sign->advice;
-  if (const auto sign = FindIn(formRows, {{part, role}})) return sign->advice;
+  const std::vector<MeantWord> words = {{0, part, role}};
+  if (const auto finding = FindIn(characterRows, words)) return finding->advice;
+  if (const auto finding = FindIn(assignmentRows, words)) return finding->advice;
+  if (const auto finding = FindIn(formRows, words)) return finding->advice;
   const std::string_view odd = OddCharacter(part);
   if (!odd.empty() && !Contains(part, "'")) return "it contains " + Quoted(odd);
   if (role != Role::ItemValue) return {};
   return "values are integers, items above, and expressions of them without spaces";
+}
+
+const Rule& FormRule(Role role) {
+  switch (role) {
+    case Role::Statement:
+    case Role::Unread:
+      return rules::notAStatement;
+    case Role::Part:
+      return rules::notAPart;
+    case Role::Brace:
+      return rules::notABrace;
+    case Role::IncludePath:
+      return rules::notAPath;
+    case Role::ItemValue:
+      return rules::notAValue;
+    case Role::MemberType:
+      return rules::notAType;
+    case Role::NamespacePath:
+    case Role::EnumName:
+    case Role::MessageName:
+    case Role::ServiceName:
+    case Role::ItemName:
+    case Role::MemberName:
+      return rules::notAName;
+  }
+  return rules::notAName;
 }
 
 }  // namespace zentho::idlgen

@@ -1,0 +1,104 @@
+#include "check/check_file.h"
+
+#include <cstddef>
+#include <utility>
+
+#include "check/file_check.h"
+#include "check/include_check.h"
+#include "check/member_check.h"
+#include "check/name_check.h"
+#include "check/value.h"
+#include "words/word_forms.h"
+
+namespace zentho::idlgen {
+namespace {
+
+/// One pass over the words of a file, which looks at each of them.
+class WordCheck {
+ public:
+  explicit WordCheck(FileCheck& fileCheck)
+      : check(fileCheck), nameCheck(fileCheck), memberCheck(fileCheck) {}
+
+  void checkWord(std::size_t i) {
+    switch (check.words.role(i)) {
+      case Role::IncludePath:
+        return nameCheck.checkInclude(i);
+      case Role::NamespacePath:
+        return nameCheck.checkNamespace(i);
+      case Role::EnumName:
+        enumName = i;
+        return nameCheck.checkRecordName(i);
+      case Role::MessageName:
+      case Role::ServiceName:
+        memberCheck.startRecord(i);
+        return nameCheck.checkRecordName(i);
+      case Role::Part:
+        return memberCheck.startPart(i);
+      case Role::ItemName:
+        return nameCheck.checkItemName(i);
+      case Role::ItemValue:
+        return checkValue(i);
+      case Role::MemberName:
+        return memberCheck.checkName(i);
+      case Role::MemberType:
+        return memberCheck.checkType(i);
+      case Role::Statement:
+      case Role::Brace:
+      case Role::Unread:
+        return;
+    }
+  }
+
+ private:
+  void checkValue(std::size_t i) {
+    if (IsPunctuation(check.words.text(i - 1))) return;  // The name has been reported.
+    const auto kindOf = [this, i](std::string_view name) { return kindInValue(name, i); };
+    for (ValueFault& fault : CheckValue(check.words.text(i), kindOf, check.headers().cstdint)) {
+      // An item of another file may have the name of an enum.
+      const bool mayBeItem = fault.rule == &rules::typeAsItem;
+      if (mayBeItem && check.lookup.mayBeElsewhere(fault.text)) continue;
+      check.findings.push_back({fault.rule, i, fault.text, std::move(fault.advice)});
+    }
+  }
+
+  [[nodiscard]] NameKind kindInValue(std::string_view name, std::size_t value) const {
+    const Found found = check.lookup.findInValue(name, value, enumName);
+    switch (found.meaning) {
+      case Meaning::Item:
+        return NameKind::Item;
+      case Meaning::Type:
+        return found.declaration->role == Role::EnumName ? NameKind::EnumType : NameKind::OtherType;
+      case Meaning::Itself:
+        return NameKind::OtherType;
+      case Meaning::Below:
+        return check.lookup.mayBeElsewhere(name) ? NameKind::Elsewhere : NameKind::OtherType;
+      case Meaning::Elsewhere:
+        return NameKind::Elsewhere;
+      case Meaning::Service:
+      case Meaning::Namespace:
+      case Meaning::LaterPart:
+      case Meaning::NotBelow:
+      case Meaning::Unknown:
+        return NameKind::Unknown;
+    }
+    return NameKind::Unknown;
+  }
+
+  FileCheck& check;
+  NameCheck nameCheck;
+  MemberCheck memberCheck;
+  std::size_t enumName = noWord;  ///< The word of the last one.
+};
+
+}  // namespace
+
+std::vector<Finding> CheckFile(const Declarations& declarations, const View& view) {
+  FileCheck check(declarations, view);
+  WordCheck words(check);
+  for (std::size_t i = 0; i < check.words.size(); ++i) words.checkWord(i);
+  checkIncludes(check);
+  sort(check.findings);
+  return std::move(check.findings);
+}
+
+}  // namespace zentho::idlgen

@@ -1,0 +1,73 @@
+#include "names/view.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace zentho::idlgen {
+
+View::View(const Declarations& allDeclarations, const File& fileThatLooks)
+    : file(&fileThatLooks),
+      sees(allDeclarations.allFiles().size()),
+      seesNamespace(allDeclarations.countNamespaces()) {
+  include(fileThatLooks);
+  // No recursion, because a chain of files may be long.
+  for (std::size_t next = 0; next < included.size(); ++next) include(*included[next]);
+}
+
+/// Sees a file, and puts the files that it includes on the list.
+void View::include(const File& other) {
+  sees[other.number] = true;
+  for (const Namespace* const space : other.namespaces) seesNamespace[space->number] = true;
+  for (const Inclusion& inclusion : other.includes) {
+    isIncluded = isIncluded || inclusion.file == file;
+    if (sees[inclusion.file->number]) continue;
+    sees[inclusion.file->number] = true;
+    included.push_back(inclusion.file);
+  }
+}
+
+bool View::isOpen() const {
+  return file->completeness == Completeness::Incomplete ||
+         std::any_of(included.begin(), included.end(), [](const File* other) {
+           return other->completeness != Completeness::Complete;
+         });
+}
+
+std::vector<const File*> View::filesThatIncludeUser() const {
+  std::vector<const File*> found;
+  if (!isIncluded) return found;
+  std::vector<bool> leadsBack(sees.size());
+  leadsBack[file->number] = true;
+  // Files mostly come after those that include them, so that one pass from the end finds them all.
+  std::size_t before = 0;
+  do {
+    before = found.size();
+    for (auto other = included.rbegin(); other != included.rend(); ++other) {
+      const std::vector<Inclusion>& includes = (*other)->includes;
+      const bool doesLead = std::any_of(includes.begin(), includes.end(), [&](const Inclusion& to) {
+        return leadsBack[to.file->number];
+      });
+      if (!doesLead || leadsBack[(*other)->number]) continue;
+      leadsBack[(*other)->number] = true;
+      found.push_back(*other);
+    }
+  } while (found.size() > before);
+  return found;
+}
+
+const File* View::firstIn(const Namespace& space) const {
+  const File* first = nullptr;
+  for (const File* const other : included) {
+    const std::vector<const Namespace*>& own = other->namespaces;
+    const bool isIn = std::find(own.begin(), own.end(), &space) != own.end();
+    if (isIn && (first == nullptr || other->number < first->number)) first = other;
+  }
+  return first;
+}
+
+const Namespace* View::inner(const Namespace& space, std::string_view name) const {
+  const Namespace* const inner = space.inner(name);
+  return inner != nullptr && has(*inner) ? inner : nullptr;
+}
+
+}  // namespace zentho::idlgen

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "names/declarations.h"
+
+namespace zentho::idlgen {
+
+/// What one file sees: itself, and all that it includes, also through others.
+class View {
+ public:
+  View(const Declarations& allDeclarations, const File& fileThatLooks);
+
+  [[nodiscard]] const File& user() const { return *file; }
+
+  /// The files that are seen, apart from the user.
+  [[nodiscard]] const std::vector<const File*>& others() const { return included; }
+
+  [[nodiscard]] bool has(const File* other) const {
+    return other != nullptr && sees[other->number];
+  }
+  [[nodiscard]] bool has(const Namespace& space) const { return seesNamespace[space.number]; }
+
+  /// Returns whether names may come from what has not been read.
+  [[nodiscard]] bool isOpen() const;
+
+  /// Returns the files that include the user, also through others, among those that are seen.
+  [[nodiscard]] std::vector<const File*> filesThatIncludeUser() const;
+
+  /// Returns the first of the others that declares names in a namespace, or nullptr.
+  [[nodiscard]] const File* firstIn(const Namespace& space) const;
+
+  /// Returns the namespace of this name in another one, if it is seen, or nullptr.
+  [[nodiscard]] const Namespace* inner(const Namespace& space, std::string_view name) const;
+
+  /// Returns the first declaration of a name in a namespace that is seen and for which this holds,
+  /// or nullptr.
+  template <typename Predicate>
+  [[nodiscard]] const Declaration* find(const Namespace& space, std::string_view name,
+                                        const Predicate& holds) const {
+    return FirstThat(space.first(name), [&](const Declaration& declaration) {
+      return has(declaration.file) && holds(declaration);
+    });
+  }
+
+ private:
+  void include(const File& other);
+
+  const File* file;
+  bool isIncluded = false;  ///< Whether one of the others includes the user.
+  std::vector<const File*> included;
+  std::vector<bool> sees;           ///< By the number of the file.
+  std::vector<bool> seesNamespace;  ///< By the number of the namespace.
+};
+
+}  // namespace zentho::idlgen
