@@ -41,23 +41,48 @@ inline constexpr Rule notAPath{error, R"(% is not a path)", {}, Hint::Form};
 // Words that the grammar does not want, or that give all after them another role.
 inline constexpr Rule carriageReturns{error, "lines end with CR LF: end them with LF"};
 inline constexpr Rule notAStatement{error, R"("%" is not a statement)"};
+inline constexpr Rule unknownStatement{
+    error,
+    R"("%" is not a statement: a statement begins with include, namespace, enum, message or service)"};
+inline constexpr Rule afterIncludePath{
+    error, R"("%" is not a statement: a path is one word, without spaces)"};
+inline constexpr Rule afterNamespace{error, R"("%" is not a statement: a namespace is one word)"};
+inline constexpr Rule namespaceWithBraces{error,
+                                          R"("%" is not a statement: a namespace has no braces)"};
+inline constexpr Rule unopened{error, R"("%" is not a statement: there is no "{" for it)"};
 inline constexpr Rule secondNamespace{error, "the namespace is set already: a file has only one",
                                       "the first one is here"};
 inline constexpr Rule endOfFile{error, "% is missing at the end of the file",
                                 "this @ is not complete"};
 inline constexpr Rule missingOpening{error, R"(a "{" is missing after "%")"};
-inline constexpr Rule notAnOpening{error, R"("%" is not "{")"};
+inline constexpr Rule afterName{error, R"("%" is not "{": only a name stands before it)"};
+inline constexpr Rule colonsInName{error, R"("%" is not "{": a name is one word, without colons)"};
+inline constexpr Rule partWithoutBraces{
+    error, R"("%" is not "{": a request or response is members in braces)"};
+inline constexpr Rule underlyingType{
+    error, R"("%" is not "{": the underlying type of an enum cannot be chosen)"};
+inline constexpr Rule baseOfMessage{error, R"("%" is not "{": messages have no base)"};
+inline constexpr Rule baseOfService{error, R"("%" is not "{": services have no base)"};
 inline constexpr Rule notAnEnd{error, R"("%" is not "}")"};
+inline constexpr Rule afterResponse{
+    error, R"("%" is not "}": a service has one request and one response, in this order)"};
 inline constexpr Rule notABrace{error, R"("%" is not a brace)"};
 inline constexpr Rule notAPart{error, R"("%" is neither "request" nor "response")"};
 inline constexpr Rule notARequest{error, R"("%" is not "request")"};
 inline constexpr Rule notAResponse{error, R"("%" is not "response")"};
+inline constexpr Rule missingRequest{
+    error, R"("%" is not "request": a service has a request and a response, in this order)"};
+inline constexpr Rule missingResponse{
+    error, R"("%" is not "response": a service has a request and a response, in this order)"};
+inline constexpr Rule responseFirst{error,
+                                    R"("%" is not "request": a service begins with its request)"};
 inline constexpr Rule missingEndOfService{error, R"(a "}" is missing before this "%")"};
 inline constexpr Rule missingEndOfPart{error, R"(a "}" is missing before this "%")"};
 inline constexpr Rule missingEnd{
     error, R"(a "}" is missing before this "%": declarations cannot be nested)"};
 inline constexpr Rule blockInMembers{
     error, R"("%" is not a member: a member is a name and one word for the type)"};
+inline constexpr Rule blockAsType{error, R"("%" is not a type: declare a message for it)"};
 inline constexpr Rule blockInEnum{
     error, R"("%" is not an item: an item is a name and one word for the value)"};
 inline constexpr Rule missingName{error, R"(a name is missing before the "%")"};

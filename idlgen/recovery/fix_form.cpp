@@ -12,22 +12,22 @@ namespace {
 
 /// Returns the words of a range with the roles that they would have in a line without mistakes. One
 /// too many at its end is no name.
-std::vector<MeantWord> WithRoles(const LocatedWords& file, WordRange range) {
-  const Role first = file.role(range.first);
+std::vector<MeantWord> WithRoles(const LocatedWords& words, WordRange range) {
+  const Role first = words.role(range.first);
   const bool isItem = first == Role::ItemName || first == Role::ItemValue;
   const Role second = isItem ? Role::ItemValue : Role::MemberType;
   const Role name = isItem ? Role::ItemName : Role::MemberName;
-  std::vector<MeantWord> words;
+  std::vector<MeantWord> meant;
   for (std::size_t i = range.first; i < range.end; ++i) {
     const bool isExtra = i > range.first && i + 1 == range.end;
     const bool isName = !isExtra && ((i - range.first) % 2 == 0) != IsSecondHalf(first);
     // After a pair, "=" begins a default value.
-    const bool isDefault = i >= range.first + 2 && file.text(i) == "=";
+    const bool isDefault = i >= range.first + 2 && words.text(i) == "=";
     const Role role = !IsInList(first) ? Role::Statement : isName || isDefault ? name : second;
-    words.push_back({i, file.text(i), role});
+    meant.push_back({i, words.text(i), role});
   }
-  if (!IsInList(first)) words.front().role = first;
-  return words;
+  if (!IsInList(first)) meant.front().role = first;
+  return meant;
 }
 
 /// Returns where a comment of another language begins in the word, or its size.
@@ -38,15 +38,15 @@ std::size_t CommentBegin(std::string_view word) {
 }
 
 /// Returns the index after the last word of the comment that begins in this one.
-std::size_t CommentEnd(const LocatedWords& file, std::size_t i) {
-  const std::string_view comment = file.text(i).substr(CommentBegin(file.text(i)));
+std::size_t CommentEnd(const LocatedWords& words, std::size_t i) {
+  const std::string_view comment = words.text(i).substr(CommentBegin(words.text(i)));
   if (comment.substr(0, 2) == "*/") return i + 1;
-  const std::size_t lineEnd = LineEnd(file, i);
+  const std::size_t lineEnd = LineEnd(words, i);
   if (comment.substr(0, 2) != "/*" || comment.find("*/", 2) != std::string_view::npos) {
     return comment.substr(0, 2) == "/*" ? i + 1 : lineEnd;
   }
-  for (std::size_t end = i + 1; end < file.size(); ++end) {
-    if (file.text(end).find("*/") != std::string_view::npos) return end + 1;
+  for (std::size_t end = i + 1; end < words.size(); ++end) {
+    if (words.text(end).find("*/") != std::string_view::npos) return end + 1;
   }
   return lineEnd;
 }
@@ -76,10 +76,10 @@ Texts SplitAtBraces(std::string_view word) {
   return parts;
 }
 
-Texts SplitAtBlanks(const LocatedWords& file, WordRange range) {
+Texts SplitAtBlanks(const LocatedWords& words, WordRange range) {
   Texts parts;
   for (std::size_t i = range.first; i < range.end; ++i) {
-    std::string_view word = file.text(i);
+    std::string_view word = words.text(i);
     if (word.substr(0, byteOrderMark.size()) == byteOrderMark) {
       word.remove_prefix(byteOrderMark.size());
     }
@@ -89,18 +89,18 @@ Texts SplitAtBlanks(const LocatedWords& file, WordRange range) {
 }
 
 /// Returns the fix that reads the range without what one of its words shows.
-Fix WithoutSymptom(const LocatedWords& file, Finding finding, WordRange range) {
+Fix WithoutSymptom(const LocatedWords& words, Finding finding, WordRange range) {
   const std::size_t i = finding.word;
   const std::string_view word = finding.text;
   const std::size_t comment = CommentBegin(word);
   if (comment < word.size()) {
     Texts before = comment > 0 ? Texts{std::string(word.substr(0, comment))} : Texts{};
-    return Replace(std::move(finding), {i, CommentEnd(file, i)}, std::move(before));
+    return Replace(std::move(finding), {i, CommentEnd(words, i)}, std::move(before));
   }
   if (BraceOf(word) != '\0' && word.find_first_of("\t\r") == std::string_view::npos) {
     return Replace(std::move(finding), {i, i + 1}, SplitAtBraces(word));
   }
-  return Replace(std::move(finding), range, SplitAtBlanks(file, range));
+  return Replace(std::move(finding), range, SplitAtBlanks(words, range));
 }
 
 /// Returns the C++ name that begins the text, with template arguments but without blanks.
@@ -135,13 +135,13 @@ bool IsItem(const Words& words, std::string_view name) {
 }
 
 /// Returns how to write the C++ name with "::" that begins with this word.
-std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
-  const Place& place = file.places[i];
+std::string ColonsAdvice(const LocatedWords& words, std::size_t i, Role role) {
+  const Place& place = words.places[i];
   const std::string_view text = place.code.substr(place.offset);
   if (role == Role::ItemValue) {
     std::string_view item = text.substr(0, text.find_first_of(" ;,})\t\r"));
     item = item.substr(item.rfind(':') + 1);
-    return IsItem(file, item) ? "write only the item: " + Quoted(item) : std::string();
+    return IsItem(words, item) ? "write only the item: " + Quoted(item) : std::string();
   }
   const std::string name = CppName(text);
   constexpr std::string_view vector = "std::vector<";
@@ -156,23 +156,23 @@ std::string ColonsAdvice(const LocatedWords& file, std::size_t i, Role role) {
 
 }  // namespace
 
-std::optional<Fix> FixCharacters(const LocatedWords& file, WordRange range) {
-  const std::vector<MeantWord> words = WithRoles(file, range);
-  if (std::optional<Finding> finding = FindSymptom(Symptoms::Characters, words)) {
-    return WithoutSymptom(file, *std::move(finding), range);
+std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
+  const std::vector<MeantWord> meant = WithRoles(words, range);
+  if (std::optional<Finding> finding = FindSymptom(Symptoms::Characters, meant)) {
+    return WithoutSymptom(words, *std::move(finding), range);
   }
-  if (!IsInList(words.front().role)) return std::nullopt;
-  for (const auto& [i, text, role] : words) {
-    if (!IsJoinedByColons(file, i)) continue;
+  if (!IsInList(meant.front().role)) return std::nullopt;
+  for (const auto& [i, text, role] : meant) {
+    if (!IsJoinedByColons(words, i)) continue;
     const Rule& rule = role == Role::ItemValue ? rules::colonsInValue : rules::colonsInType;
-    return Drop(At(rule, file, i, ColonsAdvice(file, i, role)), range);
+    return Drop(At(rule, words, i, ColonsAdvice(words, i, role)), range);
   }
   return std::nullopt;
 }
 
-std::optional<Fix> FixForm(const LocatedWords& file, Symptoms symptoms, WordRange range,
+std::optional<Fix> FixForm(const LocatedWords& words, Symptoms symptoms, WordRange range,
                            WordRange line) {
-  std::optional<Finding> finding = FindSymptom(symptoms, WithRoles(file, range));
+  std::optional<Finding> finding = FindSymptom(symptoms, WithRoles(words, range));
   if (!finding.has_value()) return std::nullopt;
   if (BraceOf(finding->text) == '\0') return Drop(*std::move(finding), line);
   const std::size_t word = finding->word;  // Such as `};`.

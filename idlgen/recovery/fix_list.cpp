@@ -12,11 +12,11 @@ namespace {
 
 /// Returns the index of the "{" of a block that a line opens, or of a declaration that begins in
 /// the line, or nothing.
-std::optional<std::size_t> BlockBegin(const LocatedWords& file, WordRange line) {
+std::optional<std::size_t> BlockBegin(const LocatedWords& words, WordRange line) {
   for (std::size_t i = line.first; i < line.end; ++i) {
-    if (file.text(i) == "{") return i;
-    const bool isKeyword = IsDeclaration(FindStatement(file.text(i))) && !IsBeforeColon(file, i);
-    if (isKeyword && i + 2 < file.size() && file.text(i + 2) == "{") return i + 2;
+    if (words.text(i) == "{") return i;
+    const bool isKeyword = IsDeclaration(FindStatement(words.text(i))) && !IsBeforeColon(words, i);
+    if (isKeyword && i + 2 < words.size() && words.text(i + 2) == "{") return i + 2;
   }
   return std::nullopt;
 }
@@ -25,19 +25,19 @@ std::optional<std::size_t> BlockBegin(const LocatedWords& file, WordRange line) 
 class List {
  public:
   List(const LocatedWords& located, const TypeNames& typeNames, std::size_t word)
-      : file(located), types(typeNames), begin(word) {
-    while (IsInList(file.role(begin - 1))) --begin;
+      : words(located), types(typeNames), begin(word) {
+    while (IsInList(words.role(begin - 1))) --begin;
   }
 
-  [[nodiscard]] bool isEnum() const { return file.role(begin) == Role::ItemName; }
+  [[nodiscard]] bool isEnum() const { return words.role(begin) == Role::ItemName; }
 
   /// Returns the first line up to this word that opens a block or does not consist of pairs.
   [[nodiscard]] std::optional<WordRange> firstWrongLine(std::size_t last) const {
     std::size_t i = begin;
-    while (i <= last && i < file.size() && file.text(i).front() != '}') {
+    while (i <= last && i < words.size() && words.text(i).front() != '}') {
       const std::size_t end = lineEnd(i);
       const bool isOdd = (end - i) % 2 == 1;
-      if (BlockBegin(file, {i, end}).has_value() || (isOdd && !goesOn({i, end})))
+      if (BlockBegin(words, {i, end}).has_value() || (isOdd && !goesOn({i, end})))
         return WordRange{i, end};
       i = isOdd ? end + 1 : end;
     }
@@ -48,12 +48,12 @@ class List {
   /// may begin with a brace.
   [[nodiscard]] WordRange lineOf(std::size_t word) const {
     std::size_t first = word;
-    while (first > begin && AreOnOneLine(file, first - 1, word)) --first;
+    while (first > begin && AreOnOneLine(words, first - 1, word)) --first;
     return {first, std::max(lineEnd(word), word + 1)};
   }
 
   [[nodiscard]] bool isRequest() const {
-    return file.role(begin - 2) == Role::Part && file.text(begin - 2) == "request";
+    return words.role(begin - 2) == Role::Part && words.text(begin - 2) == "request";
   }
 
   /// Returns whether a word qualifies a declaration on the line, as in other languages. If it has a
@@ -63,8 +63,8 @@ class List {
   [[nodiscard]] std::size_t qualifierIn(WordRange line) const {
     const auto isQualifier = [&](std::size_t i) {
       const bool isType =
-          IsAfterColon(file, i) && (i + 1 == line.end || IsBeforeColon(file, i + 1));
-      return IsQualifier(file.text(i)) && !IsBeforeColon(file, i) && !isType;
+          IsAfterColon(words, i) && (i + 1 == line.end || IsBeforeColon(words, i + 1));
+      return IsQualifier(words.text(i)) && !IsBeforeColon(words, i) && !isType;
     };
     std::size_t i = line.end - line.first < 3 ? line.end : line.first;
     while (i < line.end && !isQualifier(i)) ++i;
@@ -74,16 +74,16 @@ class List {
   /// Returns the fix of a line in which words are missing or too many.
   [[nodiscard]] Fix fixCount(WordRange line) const {
     const auto at = [&](const Rule& rule, std::size_t word) {
-      return Drop(At(rule, file, word), line);
+      return Drop(At(rule, words, word), line);
     };
     const std::size_t last = line.end - 1;
     const Rule& missing = isEnum() ? rules::missingValue : rules::missingType;
     const Rule& extra = isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
     for (std::size_t i = line.first; i < last; i += 2) {
-      if (!IsBeforeColon(file, i + 1) || looksLikeSecondHalf(i + 1)) continue;
-      return at(IsBeforeColon(file, i) ? missing : extra, i);
+      if (!IsBeforeColon(words, i + 1) || looksLikeSecondHalf(i + 1)) continue;
+      return at(IsBeforeColon(words, i) ? missing : extra, i);
     }
-    const bool isName = IsBeforeColon(file, last) || !looksLikeSecondHalf(last);
+    const bool isName = IsBeforeColon(words, last) || !looksLikeSecondHalf(last);
     if (isName) return at(missing, last);
     return at(line.first == last ? rules::nameless : extra, last);
   }
@@ -92,8 +92,8 @@ class List {
   /// Returns the index after the last word that stands on the line of this one, in the list.
   [[nodiscard]] std::size_t lineEnd(std::size_t i) const {
     std::size_t end = i;
-    while (end < file.size() && AreOnOneLine(file, i, end)) {
-      if (BraceOf(file.text(end)) == '}') return end + (file.text(end).front() == '}' ? 0 : 1);
+    while (end < words.size() && AreOnOneLine(words, i, end)) {
+      if (BraceOf(words.text(end)) == '}') return end + (words.text(end).front() == '}' ? 0 : 1);
       ++end;
     }
     return end;
@@ -107,116 +107,117 @@ class List {
   [[nodiscard]] bool goesOn(WordRange line) const {
     const std::size_t next = line.end;
     const bool isSingle = line.end - line.first == 1;
-    if (next >= file.size() || IsBeforeColon(file, next)) return false;
+    if (next >= words.size() || IsBeforeColon(words, next)) return false;
     // A brace may be glued to a type, as in `int8}`.
-    if (file.text(next).front() == '}' || BraceOf(file.text(next)) == '{') return false;
-    const bool beginsWithType = LooksLikeType(file.text(line.first)) &&
-                                !IsBeforeColon(file, line.first) && !IsAfterColon(file, line.first);
-    if (!isSingle && (beginsWithType || IsAfterColon(file, next - 1))) return false;
-    const std::size_t nextEnd = BlockBegin(file, {next, lineEnd(next)}).value_or(lineEnd(next));
+    if (words.text(next).front() == '}' || BraceOf(words.text(next)) == '{') return false;
+    const bool beginsWithType = LooksLikeType(words.text(line.first)) &&
+                                !IsBeforeColon(words, line.first) &&
+                                !IsAfterColon(words, line.first);
+    if (!isSingle && (beginsWithType || IsAfterColon(words, next - 1))) return false;
+    const std::size_t nextEnd = BlockBegin(words, {next, lineEnd(next)}).value_or(lineEnd(next));
     const bool leavesPairs = (nextEnd - next) % 2 == 1;
-    if (IsAfterColon(file, next) || IsBeforeColon(file, next - 1)) {
+    if (IsAfterColon(words, next) || IsBeforeColon(words, next - 1)) {
       return leavesPairs || looksLikeSecondHalf(next);
     }
-    if (looksLikeSecondHalf(next)) return leavesPairs || IsBeforeColon(file, nextEnd - 1);
-    return !isEnum() && isSingle && nextEnd - next == 1 && IsIdentifier(file.text(next)) &&
-           IsIdentifier(file.text(line.first));
+    if (looksLikeSecondHalf(next)) return leavesPairs || IsBeforeColon(words, nextEnd - 1);
+    return !isEnum() && isSingle && nextEnd - next == 1 && IsIdentifier(words.text(next)) &&
+           IsIdentifier(words.text(line.first));
   }
 
   /// Returns whether the word is rather a type or a value than a name.
   [[nodiscard]] bool looksLikeSecondHalf(std::size_t i) const {
-    std::string_view text = file.text(i);
+    std::string_view text = words.text(i);
     text = text.substr(0, text.find_last_not_of(";,") + 1);
     const bool isName = IsIdentifier(text) && !LooksLikeType(text);
     if (!isName) return text.find('=') == std::string_view::npos;
-    return !isEnum() && types.count(text) > 0 && !IsBeforeColon(file, i);
+    return !isEnum() && types.count(text) > 0 && !IsBeforeColon(words, i);
   }
 
-  const LocatedWords& file;
+  const LocatedWords& words;
   const TypeNames& types;
   std::size_t begin;
 };
 
 /// Returns whether a line of members begins with a type.
-bool BeginsWithType(const LocatedWords& file, WordRange line) {
-  return line.end - line.first > 1 && LooksLikeType(file.text(line.first)) &&
-         !IsBeforeColon(file, line.first);
+bool BeginsWithType(const LocatedWords& words, WordRange line) {
+  return line.end - line.first > 1 && LooksLikeType(words.text(line.first)) &&
+         !IsBeforeColon(words, line.first);
 }
 
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
-Fix FixBlock(const LocatedWords& file, WordRange line, std::size_t brace, const List& list) {
+Fix FixBlock(const LocatedWords& words, WordRange line, std::size_t brace, const List& list) {
   const std::size_t before = brace - line.first;
   const std::size_t last = brace - 1;  // Before the brace.
-  if (before > 0 && file.text(last).back() == '\'') {
+  if (before > 0 && words.text(last).back() == '\'') {
     return Drop({&rules::notAValue, last, "'{'", "write the number of the character"}, line);
   }
-  const WordRange block = {line.first, ClosingBrace(file, brace) + 1};
-  if (before >= 2 && IsDeclaration(FindStatement(file.text(last - 1)))) {
+  const WordRange block = {line.first, ClosingBrace(words, brace) + 1};
+  if (before >= 2 && IsDeclaration(FindStatement(words.text(last - 1)))) {
     const std::size_t keyword = last - 1;
-    Finding finding = At(rules::missingEnd, file, keyword);
-    const bool hasOwnEnd = OpenBraces(file) <= 0;  // It is nested.
+    Finding finding = At(rules::missingEnd, words, keyword);
+    const bool hasOwnEnd = OpenBraces(words) <= 0;  // It is nested.
     return hasOwnEnd ? Drop(std::move(finding), block)
-                     : Insert(std::move(finding), keyword, MissingBraces(file, keyword));
+                     : Insert(std::move(finding), keyword, MissingBraces(words, keyword));
   }
-  if (before >= 1 && list.isRequest() && file.text(last) == "response") {
-    return Insert(At(rules::missingEndOfPart, file, last), last, {"}"});
+  if (before >= 1 && list.isRequest() && words.text(last) == "response") {
+    return Insert(At(rules::missingEndOfPart, words, last), last, {"}"});
   }
-  if (before % 2 == 1 && IsBeforeColon(file, last)) {
-    return Drop(list.isEnum() ? At(rules::notAValue, file, brace)
-                              : At(rules::notAType, file, brace, "declare a message for it"),
-                block);
+  if (before % 2 == 1 && IsBeforeColon(words, last)) {
+    return Drop(
+        list.isEnum() ? At(rules::notAValue, words, brace) : At(rules::blockAsType, words, brace),
+        block);
   }
   const Rule& rule = list.isEnum() ? rules::blockInEnum : rules::blockInMembers;
-  return Drop(At(rule, file, line.first), block);
+  return Drop(At(rule, words, line.first), block);
 }
 
 }  // namespace
 
-std::size_t FirstInMixedLine(const LocatedWords& file, const TypeNames& types,
-                             const std::vector<std::size_t>& words) {
-  const List list(file, types, words.front());
+std::size_t FirstInMixedLine(const LocatedWords& words, const TypeNames& types,
+                             const std::vector<std::size_t>& ofList) {
+  const List list(words, types, ofList.front());
   std::size_t end = 0;
-  for (const std::size_t word : words) {
+  for (const std::size_t word : ofList) {
     if (word < end) continue;  // Its line has been looked at.
     const WordRange line = list.lineOf(word);
     end = line.end;
     bool isMixed = list.isQualified(line);
     for (std::size_t i = line.first; i < line.end; ++i) {
-      isMixed = isMixed || file.text(i).substr(0, 2) == "/*";
+      isMixed = isMixed || words.text(i).substr(0, 2) == "/*";
     }
     if (isMixed) return word;
   }
   return noWord;
 }
 
-bool HasWrongLine(const LocatedWords& file, const TypeNames& types, std::size_t word) {
-  return List(file, types, word).firstWrongLine(word).has_value();
+bool HasWrongLine(const LocatedWords& words, const TypeNames& types, std::size_t word) {
+  return List(words, types, word).firstWrongLine(word).has_value();
 }
 
-Fix FixList(const LocatedWords& file, std::size_t word) {
-  const TypeNames types = DeclaredTypes(file);
-  const List list(file, types, word);
+Fix FixList(const LocatedWords& words, std::size_t word) {
+  const TypeNames types = DeclaredTypes(words);
+  const List list(words, types, word);
   const std::optional<WordRange> line = list.firstWrongLine(word);
-  const WordRange pair = {IsSecondHalf(file.role(word)) ? word - 1 : word, word + 1};
+  const WordRange pair = {IsSecondHalf(words.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
-  const bool isWhole = IsJoinedByColons(file, word) || list.isQualified(list.lineOf(word));
+  const bool isWhole = IsJoinedByColons(words, word) || list.isQualified(list.lineOf(word));
   const WordRange range = line.value_or(isWhole ? list.lineOf(word) : pair);
 
-  if (const std::optional<Fix> fix = FixCharacters(file, range)) return *fix;
-  const std::optional<std::size_t> brace = line ? BlockBegin(file, *line) : std::nullopt;
-  if (brace.has_value()) return FixBlock(file, *line, *brace, list);
+  if (const std::optional<Fix> fix = FixCharacters(words, range)) return *fix;
+  const std::optional<std::size_t> brace = line ? BlockBegin(words, *line) : std::nullopt;
+  if (brace.has_value()) return FixBlock(words, *line, *brace, list);
   if (list.isQualified(range)) {
     const Rule& rule = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
-    return Drop(At(rule, file, list.qualifierIn(range)), range);
+    return Drop(At(rule, words, list.qualifierIn(range)), range);
   }
-  if (const auto fix = FixForm(file, Symptoms::Assignments, range, range)) return *fix;
-  if (line.has_value() && !list.isEnum() && BeginsWithType(file, *line)) {
-    std::string advice = FormAdvice(file.text(line->first), Role::MemberName);
-    return Drop(At(rules::notAName, file, line->first, std::move(advice)), range);
+  if (const auto fix = FixForm(words, Symptoms::Assignments, range, range)) return *fix;
+  if (line.has_value() && !list.isEnum() && BeginsWithType(words, *line)) {
+    std::string advice = FormAdvice(words.text(line->first), Role::MemberName);
+    return Drop(At(rules::notAName, words, line->first, std::move(advice)), range);
   }
-  if (const auto fix = FixForm(file, Symptoms::Forms, range, range)) return *fix;
+  if (const auto fix = FixForm(words, Symptoms::Forms, range, range)) return *fix;
   return line.has_value() ? list.fixCount(*line)
-                          : Drop(At(FormRule(file.role(word)), file, word), range);
+                          : Drop(At(FormRule(words.role(word)), words, word), range);
 }
 
 }  // namespace zentho::idlgen

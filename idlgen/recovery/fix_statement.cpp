@@ -14,10 +14,6 @@
 namespace zentho::idlgen {
 namespace {
 
-constexpr const char* anyStatement =
-    "a statement begins with include, namespace, enum, message or service";
-constexpr const char* partsInOrder = "a service has a request and a response, in this order";
-
 /// A word that is not what the grammar wants outside of a list, and the line that it begins.
 class Stray {
  public:
@@ -58,7 +54,7 @@ class Stray {
   [[nodiscard]] Texts laterDeclaration(std::size_t brace) const;
   [[nodiscard]] std::string_view meantKeyword() const;
   [[nodiscard]] std::size_t endOfClosedList() const;
-  [[nodiscard]] std::string_view openingAdvice() const;
+  [[nodiscard]] const Rule& openingRule() const;
 
   const LocatedWords& words;
   const std::size_t word;
@@ -139,17 +135,16 @@ std::size_t Stray::endOfClosedList() const {
   return noWord;
 }
 
-/// Returns what to do about a word between a name and its brace.
-std::string_view Stray::openingAdvice() const {
+/// Returns the rule that a word between a name and its brace breaks.
+const Rule& Stray::openingRule() const {
   const std::size_t name = word - 1;
-  if (IsJoinedByColons(words, name)) return "a name is one word, without colons";
-  if (before == Role::Part) return "a request or response is members in braces";
+  if (IsJoinedByColons(words, name)) return rules::colonsInName;
+  if (before == Role::Part) return rules::partWithoutBraces;
   const bool isBase =
       IsIdentifier(words.text(name)) && (IsBeforeColon(words, name) || text == "extends");
-  if (isBase && before == Role::EnumName) return "the underlying type of an enum cannot be chosen";
-  if (isBase)
-    return before == Role::ServiceName ? "services have no base" : "messages have no base";
-  return "only a name stands before it";
+  if (!isBase) return rules::afterName;
+  if (before == Role::EnumName) return rules::underlyingType;
+  return before == Role::ServiceName ? rules::baseOfService : rules::baseOfMessage;
 }
 
 /// Leaves out a "{" and its "}", but not what stands between them.
@@ -168,42 +163,39 @@ Fix DropStatementBefore(const Stray& at) {
 
 /// More words on the line of a path: of an include, or of a namespace.
 Fix AfterPath(const Stray& at) {
-  const Rule& rule = rules::notAStatement;
-  if (at.before == Role::IncludePath) {
-    return Drop(at.finding(rule, "a path is one word, without spaces"), at.rest());
-  }
+  if (at.before == Role::IncludePath) return Drop(at.finding(rules::afterIncludePath), at.rest());
   if (at.followsMissingName()) return DropStatementBefore(at);
-  if (at.text == "{") return DropBraces(at, at.finding(rule, "a namespace has no braces"));
+  if (at.text == "{") return DropBraces(at, at.finding(rules::namespaceWithBraces));
   std::size_t end = at.word;
   const std::string path = at.pathWithDots(end);
-  if (end == at.word) return Drop(at.finding(rule, "a namespace is one word"), at.rest());
-  return Replace(at.finding(rule, "write dots: " + Quoted(path)), {at.word - 1, end}, {path});
+  if (end == at.word) return Drop(at.finding(rules::afterNamespace), at.rest());
+  return Replace(at.finding(rules::notAStatement, "write dots: " + Quoted(path)),
+                 {at.word - 1, end}, {path});
 }
 
 /// A word in place of the keyword of a statement.
 Fix AtStatement(const Stray& at) {
-  const Rule& rule = rules::notAStatement;
   const bool isAfterPath = at.before == Role::NamespacePath || at.before == Role::IncludePath;
   if (isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{")) return AfterPath(at);
-  if (at.isClosing()) return Drop(at.finding(rule, R"(there is no "{" for it)"), at.itself());
-  if (at.text == "{") return DropBraces(at, at.finding(rule, anyStatement));
+  if (at.isClosing()) return Drop(at.finding(rules::unopened), at.itself());
+  if (at.text == "{") return DropBraces(at, at.finding(rules::unknownStatement));
   if (auto form = FixForm(at.words, Symptoms::Forms, at.itself(), at.rest())) {
     return *std::move(form);
   }
   const std::size_t brace = OpeningBrace(at.words, at.word);
   if (Texts declaration = at.laterDeclaration(brace); !declaration.empty()) {
-    return Replace(at.finding(rule, anyStatement), {at.word, brace}, std::move(declaration));
+    return Replace(at.finding(rules::unknownStatement), {at.word, brace}, std::move(declaration));
   }
   if (const std::string_view similar = SimilarKeyword(at.text); !similar.empty()) {
     const std::string_view keyword = at.meantKeyword();
-    Finding finding = at.finding(rule, DidYouMean(similar));
+    Finding finding = at.finding(rules::notAStatement, DidYouMean(similar));
     return keyword.empty() ? Drop(std::move(finding), at.rest())
                            : Replace(std::move(finding), at.itself(), {std::string(keyword)});
   }
   if (const std::size_t end = at.endOfClosedList(); end != noWord) {
-    return Drop(at.finding(rule, R"(is a "}" too many above it?)"), {at.word, end});
+    return Drop(at.finding(rules::notAStatement, R"(is a "}" too many above it?)"), {at.word, end});
   }
-  return Drop(at.finding(rule, anyStatement), at.rest());
+  return Drop(at.finding(rules::unknownStatement), at.rest());
 }
 
 /// A word between a name and its brace, which stands on the same line or below.
@@ -214,8 +206,7 @@ Fix BetweenNameAndBrace(const Stray& at, std::size_t brace) {
     return Drop(At(rules::extraWordOfName, at.words, name), {name, at.word});
   }
   const std::string nameOnly(NameIn(at.words.text(name)));
-  return Replace(at.finding(rules::notAnOpening, std::string(at.openingAdvice())), {name, brace},
-                 {nameOnly.empty() ? "_" : nameOnly});
+  return Replace(at.finding(at.openingRule()), {name, brace}, {nameOnly.empty() ? "_" : nameOnly});
 }
 
 /// A word in place of the "{" after a name.
@@ -235,7 +226,7 @@ Fix AtOpening(const Stray& at) {
     fix.mayDeclare = fix.finding.rule == &rules::extraWordOfName;
     return fix;
   }
-  Finding finding = at.finding(rules::notAnOpening, std::string(at.openingAdvice()));
+  Finding finding = at.finding(at.openingRule());
   if (!isPart) return Drop(std::move(finding), {name - 1, at.end});
   Fix fix = Replace(std::move(finding), at.itself(), {"{", "}"});
   fix.mayDeclare = false;
@@ -250,9 +241,7 @@ Fix AtBrace(const Stray& at) {
     return Replace(at.finding(rules::notAnEnd, FormAdvice(at.text, Role::Statement)), at.itself(),
                    {"}"});
   }
-  Fix fix =
-      Drop(at.finding(rules::notAnEnd, "a service has one request and one response, in this order"),
-           at.rest());
+  Fix fix = Drop(at.finding(rules::afterResponse), at.rest());
   if (at.text == "request") fix.mayFollow = MayFollow::FaultInStatement;
   return fix;
 }
@@ -261,7 +250,7 @@ Fix AtBrace(const Stray& at) {
 Fix AtPart(const Stray& at) {
   const bool isRequest = at.words.role(at.word - 2) == Role::ServiceName;
   const std::string part = isRequest ? "request" : "response";
-  const Rule& rule = isRequest ? rules::notARequest : rules::notAResponse;
+  const Rule& missing = isRequest ? rules::missingRequest : rules::missingResponse;
   const Texts emptyPart = {part, "{", "}"};
   Texts emptyParts = emptyPart;
   if (isRequest) emptyParts.insert(emptyParts.end(), {"response", "{", "}"});
@@ -270,24 +259,25 @@ Fix AtPart(const Stray& at) {
   const bool isOtherPart = at.text == "request" || at.text == "response";
 
   if (at.text == "}" && at.isBefore(part)) {
-    return Drop(at.finding(rule, partsInOrder), at.itself());
+    return Drop(at.finding(missing), at.itself());
   }
   if (!similar.found().empty() && !isOtherPart) {
+    const Rule& rule = isRequest ? rules::notARequest : rules::notAResponse;
     return Replace(at.finding(rule, DidYouMean(part)), at.itself(), {part});
   }
   if (at.text == "}") {
-    Fix fix = Insert(at.finding(rule, partsInOrder), at.word, emptyParts);
+    Fix fix = Insert(at.finding(missing), at.word, emptyParts);
     fix.mayFollow = MayFollow::FaultInStatement;
     return fix;
   }
   if (at.text == "response") {
-    return Insert(at.finding(rule, "a service begins with its request"), at.word, emptyPart);
+    return Insert(at.finding(rules::responseFirst), at.word, emptyPart);
   }
   if (at.beginsStatement()) {
     emptyParts.emplace_back("}");
     return Insert(at.finding(rules::missingEndOfService), at.word, emptyParts);
   }
-  return Drop(at.finding(rule, partsInOrder), at.rest());
+  return Drop(at.finding(missing), at.rest());
 }
 
 /// A word that is glued to a brace, or a brace in place of a name.
