@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
+#include <utility>
 
 #include "check/value.h"
 #include "words/characters.h"
@@ -199,6 +200,11 @@ constexpr auto formRows = Table<SymptomRow>({
     {paths, [](std::string_view word) { return Contains(word, "//"); }, R"(write one "/")"},
 });
 
+template <typename Rows>
+constexpr std::pair<const SymptomRow*, const SymptomRow*> Range(const Rows& rows) {
+  return {rows.data(), rows.data() + rows.size()};
+}
+
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.
 std::string_view OddCharacter(std::string_view text) {
   while (!text.empty()) {
@@ -256,6 +262,19 @@ std::optional<Finding> FindSymptom(Symptoms symptoms, const std::vector<MeantWor
       return FindIn(formRows, unfit);
   }
   return std::nullopt;
+}
+
+std::size_t SymptomRank(std::string_view word, Role role) {
+  std::size_t rank = 0;
+  const auto isShown = [&](const SymptomRow& row) {
+    return (row.roles & Only(role)) != 0 && row.isShown(word);
+  };
+  for (const auto& [begin, end] : {Range(characterRows), Range(assignmentRows), Range(formRows)}) {
+    const SymptomRow* const row = std::find_if(begin, end, isShown);
+    if (row != end) return rank + static_cast<std::size_t>(row - begin);
+    rank += static_cast<std::size_t>(end - begin);
+  }
+  return noSymptom;
 }
 
 std::string FormAdvice(std::string_view part, Role role) {

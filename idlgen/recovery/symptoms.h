@@ -26,6 +26,10 @@ enum class Symptoms : std::uint8_t { Characters, Assignments, Forms };
 /// about the cause. A word that is right in its place shows nothing.
 std::optional<Finding> FindSymptom(Symptoms symptoms, const std::vector<MeantWord>& words);
 
+/// Returns the place of the first symptom of the word in this order, or `noSymptom`.
+std::size_t SymptomRank(std::string_view word, Role role);
+inline constexpr std::size_t noSymptom = static_cast<std::size_t>(-1);
+
 /// Returns what to do about a word that cannot play its role, or nothing.
 std::string FormAdvice(std::string_view part, Role role);
 

@@ -1,4 +1,4 @@
-#include "messages/finding_advice.h"
+#include "messages/advice.h"
 
 #include <cstddef>
 #include <optional>
@@ -31,15 +31,27 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
 }
 
 /// Returns where to put a type, or what the record lacks that it begins with, or nothing.
-Advice TypeAdvice(std::string_view type, std::size_t word, const Words& words,
-                  const TypeNames& declared) {
+std::string TypeAdvice(std::string_view type, std::size_t word, const Words& words) {
   const std::string_view name = words.text(word - 1);
+  const TypeNames declared = DeclaredTypes(words);
   if (FindBuiltinType(name) != nullptr || FindKeyword(name) == Keyword::Type ||
       declared.count(name) > 0) {
-    const std::string example = std::string(type) + ": " + std::string(name);
-    return {"put the name first, as in " + Quoted(example), true};
+    return "put the name first, as in " + Quoted(std::string(type) + ": " + std::string(name));
   }
-  return {MissingPart(type, words, declared)};
+  return MissingPart(type, words, declared);
+}
+
+/// Returns what to do about a type that is not declared, or nothing.
+std::string UnknownTypeAdvice(Examination& examination, const SourceFile& file,
+                              const Finding& finding) {
+  const bool isPath = finding.text.find('.') != std::string_view::npos;
+  const std::string_view word = file.words.text(finding.word);
+  std::string elsewhere = isPath ? examination.typeAdvice(file, finding.text) : std::string();
+  if (!elsewhere.empty()) return elsewhere;
+  std::string advice = word.find('<') == std::string_view::npos
+                           ? TypeAdvice(finding.text, finding.word, file.words)
+                           : FormAdvice(word, file.words.role(finding.word));
+  return advice.empty() && !isPath ? examination.typeAdvice(file, finding.text) : advice;
 }
 
 /// Returns whether the other message is a member of this one, or is contained in one.
@@ -78,31 +90,25 @@ std::string OrderAdvice(const Finding& finding, const Words& words) {
 
 }  // namespace
 
-Advice AdviceFor(const Finding& finding, const LocatedWords& words, const TypeNames& declared) {
-  const bool isForm = finding.rule->hint == Hint::Form;
-  if (!finding.advice.empty()) return {finding.advice, isForm};
-  const std::string_view word = words.text(finding.word);
-  const Role role = words.role(finding.word);
+std::string AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding) {
+  if (!finding.advice.empty()) return finding.advice;
+  const std::string_view word = file.words.text(finding.word);
+  const Role role = file.words.role(finding.word);
   switch (finding.rule->hint) {
     case Hint::None:
       return {};
     case Hint::Form: {
       std::string advice = FormAdvice(finding.text, role);
-      const bool isType = role == Role::MemberType;
-      if (advice.empty() && isType) advice = FormAdvice(word, role);
-      return {std::move(advice), true};
+      return advice.empty() && role == Role::MemberType ? FormAdvice(word, role) : advice;
     }
     case Hint::SimilarType:
-      if (word.find('<') == std::string_view::npos) {
-        return TypeAdvice(finding.text, finding.word, words, declared);
-      }
-      return {FormAdvice(word, role)};
+      return UnknownTypeAdvice(examination, file, finding);
     case Hint::ItemValue:
       // A colon before the word shows that it is meant as a value.
-      if (finding.text != word || IsAfterColon(words, finding.word)) return {};
-      return {R"(each item needs a value, as in "A: 0")"};
+      if (finding.text != word || IsAfterColon(file.words, finding.word)) return {};
+      return R"(each item needs a value, as in "A: 0")";
     case Hint::Order:
-      return {OrderAdvice(finding, words)};
+      return OrderAdvice(finding, file.words);
   }
   return {};
 }

@@ -1,0 +1,58 @@
+#include "messages/selection.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <tuple>
+#include <utility>
+
+#include "recovery/symptoms.h"
+
+namespace zentho::idlgen {
+namespace {
+
+/// Returns the name of the pair with a colon of its own that the word is part of, or `noWord`.
+std::size_t PairOf(const LocatedWords& words, std::size_t word) {
+  if (!IsInList(words.role(word))) return noWord;
+  const std::size_t name = IsSecondHalf(words.role(word)) ? word - 1 : word;
+  return IsBeforeColon(words, name) ? name : noWord;
+}
+
+/// Returns what decides between findings of one pair: the smallest is told.
+std::tuple<std::size_t, Severity, std::size_t> RankOf(const Words& words, const Finding& finding) {
+  std::size_t symptom = noSymptom;
+  if (finding.rule->hint == Hint::Form) {
+    const Role role = words.role(finding.word);
+    symptom = SymptomRank(finding.text, role);
+    if (role == Role::MemberType) {
+      symptom = std::min(symptom, SymptomRank(words.text(finding.word), role));
+    }
+  }
+  return {symptom, finding.rule->severity, finding.word};
+}
+
+}  // namespace
+
+std::vector<Finding> Selection(const SourceFile& file, const Recovery& recovery,
+                               Warnings warnings) {
+  const LocatedWords& words = file.words;
+  const std::vector<std::size_t>& told = recovery.linesAtFault;
+  std::vector<Finding> selection;
+  std::map<std::pair<std::size_t, std::size_t>, std::size_t> known;  // By line and pair.
+  for (const Finding& finding : recovery.findings) {
+    const bool isWarning = finding.rule->severity == Severity::Warning;
+    if (isWarning && warnings == Warnings::Ignore) continue;
+    const std::size_t line = words.places[finding.word].lineNumber;
+    if (std::find(told.begin(), told.end(), line) != told.end()) continue;
+    const auto [place, isNew] =
+        known.try_emplace({line, PairOf(words, finding.word)}, selection.size());
+    if (isNew) {
+      selection.push_back(finding);
+    } else if (RankOf(words, finding) < RankOf(words, selection[place->second])) {
+      selection[place->second] = finding;
+    }
+  }
+  return selection;
+}
+
+}  // namespace zentho::idlgen

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vector>
+
+#include "findings/finding.h"
+#include "messages/outcome.h"
+#include "recovery/recovery.h"
+#include "sources/source_file.h"
+
+namespace zentho::idlgen {
+
+/// Returns the findings that are told: of each pair with a colon one, and one of the rest of its
+/// line. Nothing of a line that recovery has told about. The one that says most about the cause is
+/// told: by its symptom, else an error rather than a warning, else the first one.
+std::vector<Finding> Selection(const SourceFile& file, const Recovery& recovery, Warnings warnings);
+
+}  // namespace zentho::idlgen
