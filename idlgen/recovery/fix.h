@@ -31,7 +31,6 @@ struct Fix {
   Texts texts = {};    ///< What is read there.
   MayFollow mayFollow = MayFollow::Nothing;
   bool mayDeclare = true;  ///< Whether names among the words that are not read may be declared.
-  std::size_t closing = noWord;  ///< A brace further on that is left out, too.
 };
 
 /// Returns a finding about a word.

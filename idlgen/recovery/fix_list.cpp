@@ -138,12 +138,6 @@ class List {
   std::size_t begin;
 };
 
-/// Returns whether a line of members begins with a type.
-bool BeginsWithType(const LocatedWords& words, WordRange line) {
-  return line.end - line.first > 1 && LooksLikeType(words.text(line.first)) &&
-         !IsBeforeColon(words, line.first);
-}
-
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
 Fix FixBlock(const LocatedWords& words, WordRange line, std::size_t brace, const List& list) {
   const std::size_t before = brace - line.first;
@@ -211,10 +205,6 @@ Fix FixList(const LocatedWords& words, std::size_t word) {
     return Drop(At(rule, words, list.qualifierIn(range)), range);
   }
   if (const auto fix = FixForm(words, Symptoms::Assignments, range, range)) return *fix;
-  if (line.has_value() && !list.isEnum() && BeginsWithType(words, *line)) {
-    std::string advice = FormAdvice(words.text(line->first), Role::MemberName);
-    return Drop(At(rules::notAName, words, line->first, std::move(advice)), range);
-  }
   if (const auto fix = FixForm(words, Symptoms::Forms, range, range)) return *fix;
   return line.has_value() ? list.fixCount(*line)
                           : Drop(At(FormRule(words.role(word)), words, word), range);

@@ -48,12 +48,10 @@ class Stray {
     return word + 1 < words.size() && words.text(word + 1) == next;
   }
 
-  [[nodiscard]] bool followsMissingName() const;
   [[nodiscard]] bool isClosed() const;
   [[nodiscard]] std::string pathWithDots(std::size_t& pathEnd) const;
   [[nodiscard]] Texts laterDeclaration(std::size_t brace) const;
   [[nodiscard]] std::string_view meantKeyword() const;
-  [[nodiscard]] std::size_t endOfClosedList() const;
   [[nodiscard]] const Rule& openingRule() const;
 
   const LocatedWords& words;
@@ -65,13 +63,6 @@ class Stray {
  private:
   [[nodiscard]] bool declares(std::string_view keyword, std::size_t brace) const;
 };
-
-/// Returns whether the word before it, in place of a name, is the keyword of the next statement.
-bool Stray::followsMissingName() const {
-  const std::size_t name = word - 1;
-  return IsDeclaration(FindStatement(words.text(name))) && !AreOnOneLine(words, name - 1, name) &&
-         name + 2 < words.size() && words.text(name + 2) == "{";
-}
 
 /// Returns whether a list that begins with the word has an end before other braces.
 bool Stray::isClosed() const {
@@ -121,20 +112,6 @@ bool Stray::declares(std::string_view keyword, std::size_t brace) const {
   return IsDeclaration(statement) && (statement != Statement::Service || hasRequest);
 }
 
-/// If lines of pairs follow up to a brace, which belong to a list that has been closed too early,
-/// returns the index after that brace, or `noWord`.
-std::size_t Stray::endOfClosedList() const {
-  std::size_t i = word;
-  while (i < words.size() && FindStatement(words.text(i)) == Statement::None &&
-         words.text(i) != "{") {
-    if (words.text(i).front() == '}') return i == word ? noWord : i + 1;
-    const std::size_t next = LineEnd(words, i);
-    if ((next - i) % 2 == 1 || !IsIdentifier(words.text(i)) || words.text(i + 1) == "=") break;
-    i = next;
-  }
-  return noWord;
-}
-
 /// Returns the rule that a word between a name and its brace breaks.
 const Rule& Stray::openingRule() const {
   const std::size_t name = word - 1;
@@ -147,25 +124,10 @@ const Rule& Stray::openingRule() const {
   return before == Role::ServiceName ? rules::baseOfService : rules::baseOfMessage;
 }
 
-/// Leaves out a "{" and its "}", but not what stands between them.
-Fix DropBraces(const Stray& at, Finding finding) {
-  Fix fix = Drop(std::move(finding), at.itself());
-  const std::size_t closing = ClosingBrace(at.words, at.word);
-  if (closing > at.word && BraceOf(at.words.text(closing)) == '}') fix.closing = closing;
-  return fix;
-}
-
-/// A keyword in place of a name, which begins the next statement.
-Fix DropStatementBefore(const Stray& at) {
-  const std::size_t name = at.word - 1;
-  return Drop(At(rules::missingName, at.words, name), {name - 1, name});
-}
-
 /// More words on the line of a path: of an include, or of a namespace.
 Fix AfterPath(const Stray& at) {
   if (at.before == Role::IncludePath) return Drop(at.finding(rules::afterIncludePath), at.rest());
-  if (at.followsMissingName()) return DropStatementBefore(at);
-  if (at.text == "{") return DropBraces(at, at.finding(rules::namespaceWithBraces));
+  if (at.text == "{") return Drop(at.finding(rules::namespaceWithBraces), at.itself());
   std::size_t end = at.word;
   const std::string path = at.pathWithDots(end);
   if (end == at.word) return Drop(at.finding(rules::afterNamespace), at.rest());
@@ -178,7 +140,7 @@ Fix AtStatement(const Stray& at) {
   const bool isAfterPath = at.before == Role::NamespacePath || at.before == Role::IncludePath;
   if (isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{")) return AfterPath(at);
   if (at.isClosing()) return Drop(at.finding(rules::unopened), at.itself());
-  if (at.text == "{") return DropBraces(at, at.finding(rules::unknownStatement));
+  if (at.text == "{") return Drop(at.finding(rules::unknownStatement), at.itself());
   if (auto form = FixForm(at.words, Symptoms::Forms, at.itself(), at.rest())) {
     return *std::move(form);
   }
@@ -191,9 +153,6 @@ Fix AtStatement(const Stray& at) {
     Finding finding = at.finding(rules::notAStatement, DidYouMean(similar));
     return keyword.empty() ? Drop(std::move(finding), at.rest())
                            : Replace(std::move(finding), at.itself(), {std::string(keyword)});
-  }
-  if (const std::size_t end = at.endOfClosedList(); end != noWord) {
-    return Drop(at.finding(rules::notAStatement, R"(is a "}" too many above it?)"), {at.word, end});
   }
   return Drop(at.finding(rules::unknownStatement), at.rest());
 }
@@ -213,7 +172,6 @@ Fix BetweenNameAndBrace(const Stray& at, std::size_t brace) {
 Fix AtOpening(const Stray& at) {
   const std::size_t name = at.word - 1;
   const bool isPart = at.before == Role::Part;
-  if (at.followsMissingName()) return DropStatementBefore(at);
   if (!at.isOnLineOfWordBefore()) {
     const bool isService = at.before == Role::ServiceName && at.text == "request";
     Finding finding = At(rules::missingOpening, at.words, name);

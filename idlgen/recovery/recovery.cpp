@@ -132,7 +132,6 @@ void Recovery::apply(const Fix& fix) {
   if (fix.replaced.first < fix.replaced.end) {
     linesAtFault.push_back(words.places[fix.finding.word].lineNumber);
   }
-  if (fix.closing != noWord) replaceWords({fix.closing, fix.closing + 1}, {}, {});
   std::vector<std::string_view> read;
   for (const std::string& text : fix.texts) read.push_back(file.ownTexts.emplace_back(text));
   noteDropped(fix, read);
