@@ -80,7 +80,6 @@ std::size_t FirstInMixedLine(const LocatedWords& words, const TypeNames& types,
 std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range);
 
 /// Returns the fix if the cause is in the form of one of the words. It leaves out `line`.
-std::optional<Fix> FixForm(const LocatedWords& words, Symptoms symptoms, WordRange range,
-                           WordRange line);
+std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange line);
 
 }  // namespace zentho::idlgen

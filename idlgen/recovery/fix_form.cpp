@@ -170,9 +170,8 @@ std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
   return std::nullopt;
 }
 
-std::optional<Fix> FixForm(const LocatedWords& words, Symptoms symptoms, WordRange range,
-                           WordRange line) {
-  std::optional<Finding> finding = FindSymptom(symptoms, WithRoles(words, range));
+std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange line) {
+  std::optional<Finding> finding = FindSymptom(Symptoms::Forms, WithRoles(words, range));
   if (!finding.has_value()) return std::nullopt;
   if (BraceOf(finding->text) == '\0') return Drop(*std::move(finding), line);
   const std::size_t word = finding->word;  // Such as `};`.

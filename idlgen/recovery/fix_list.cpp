@@ -204,8 +204,7 @@ Fix FixList(const LocatedWords& words, std::size_t word) {
     const Rule& rule = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
     return Drop(At(rule, words, list.qualifierIn(range)), range);
   }
-  if (const auto fix = FixForm(words, Symptoms::Assignments, range, range)) return *fix;
-  if (const auto fix = FixForm(words, Symptoms::Forms, range, range)) return *fix;
+  if (const auto fix = FixForm(words, range, range)) return *fix;
   return line.has_value() ? list.fixCount(*line)
                           : Drop(At(FormRule(words.role(word)), words, word), range);
 }

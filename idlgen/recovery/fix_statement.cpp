@@ -141,7 +141,7 @@ Fix AtStatement(const Stray& at) {
   if (isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{")) return AfterPath(at);
   if (at.isClosing()) return Drop(at.finding(rules::unopened), at.itself());
   if (at.text == "{") return Drop(at.finding(rules::unknownStatement), at.itself());
-  if (auto form = FixForm(at.words, Symptoms::Forms, at.itself(), at.rest())) {
+  if (auto form = FixForm(at.words, at.itself(), at.rest())) {
     return *std::move(form);
   }
   const std::size_t brace = OpeningBrace(at.words, at.word);

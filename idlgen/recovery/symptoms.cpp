@@ -47,6 +47,7 @@ constexpr Roles names = Only(Role::EnumName) | Only(Role::MessageName) | Only(Ro
 
 /// What a word shows in one of the roles, and what to do about it.
 struct SymptomRow {
+  Symptoms kind;
   Roles roles;
   bool (*isShown)(std::string_view word);
   std::string_view advice;
@@ -107,103 +108,106 @@ constexpr std::string_view memberColon = R"(write a colon, as in "x: int8")";
 constexpr std::string_view noDefault = "there are no default values or field numbers";
 constexpr std::string_view hashComments = R"(comments start with "#")";
 
-/// Of characters that no word contains.
-constexpr auto characterRows = Table<SymptomRow>({
-    {all, [](std::string_view word) { return StartsWith(word, "//"); },
+constexpr Symptoms sign = Symptoms::Characters;
+constexpr Symptoms form = Symptoms::Forms;
+
+/// All symptoms, in the order of what they say about the cause.
+constexpr auto rows = Table<SymptomRow>({
+    // Characters that no word contains.
+    {sign, all, [](std::string_view word) { return StartsWith(word, "//"); },
      R"(here, only "#" starts a comment)"},
-    {all, StartsComment, hashComments},
-    {all & ~paths, [](std::string_view word) { return Contains(word, "/*"); }, hashComments},
-    {all & ~(items | values),
+    {sign, all, StartsComment, hashComments},
+    {sign, all & ~paths, [](std::string_view word) { return Contains(word, "/*"); }, hashComments},
+    {sign, all & ~(items | values),
      [](std::string_view word) {
        return StartsWith(word, "--") &&
               (word.size() == 2 || word.find_first_not_of('-') != std::string_view::npos);
      },
      hashComments},
-    {all, Has<'\t'>, "use spaces instead of tabs"},
-    {all, Has<'\r'>, "end lines with LF, not with CR LF"},
-    {all, [](std::string_view word) { return Contains(word, byteOrderMark); },
+    {sign, all, Has<'\t'>, "use spaces instead of tabs"},
+    {sign, all, Has<'\r'>, "end lines with LF, not with CR LF"},
+    {sign, all, [](std::string_view word) { return Contains(word, byteOrderMark); },
      "save the file without a byte order mark"},
-    {all, [](std::string_view word) { return IsGlued(word, '{'); }, R"(put a space before "{")"},
-    {all, IsGluedBeforeSeparator<';'>, R"(put spaces around "}" and delete the ";")"},
-    {all, IsGluedBeforeSeparator<','>, R"(put spaces around "}" and delete the ",")"},
-    {all,
+    {sign, all, [](std::string_view word) { return IsGlued(word, '{'); },
+     R"(put a space before "{")"},
+    {sign, all, IsGluedBeforeSeparator<';'>, R"(put spaces around "}" and delete the ";")"},
+    {sign, all, IsGluedBeforeSeparator<','>, R"(put spaces around "}" and delete the ",")"},
+    {sign, all,
      [](std::string_view word) {
        return IsGlued(word, '}') && (word.front() != '}' || word[1] == '}');
      },
      R"(put spaces around "}")"},
-});
 
-/// Of equals signs, and of parentheses around them.
-constexpr auto assignmentRows = Table<SymptomRow>({
-    {types, Has<'('>, R"(it contains "(")"},
-    {items, Has<'='>, valueColon},
-    {values, [](std::string_view word) { return word == "=" || IsAssignment(word); }, valueColon},
-    {members, IsAssignment, memberColon},
-    {types, [](std::string_view word) { return word == "="; }, memberColon},
-    {names | types, Has<'='>, noDefault},
-});
+    // Equals signs, and parentheses around them.
+    {form, types, Has<'('>, R"(it contains "(")"},
+    {form, items, Has<'='>, valueColon},
+    {form, values, [](std::string_view word) { return word == "=" || IsAssignment(word); },
+     valueColon},
+    {form, members, IsAssignment, memberColon},
+    {form, types, [](std::string_view word) { return word == "="; }, memberColon},
+    {form, names | types, Has<'='>, noDefault},
 
-constexpr auto formRows = Table<SymptomRow>({
-    {members,
+    // All others.
+    {form, members,
      [](std::string_view word) {
        return LooksLikeType(word) || (Contains(word, "<") && IsTemplate(word));
      },
      R"(put the name first, as in "x: int8")"},
-    {names | types,
+    {form, names | types,
      [](std::string_view word) { return StartsWith(word, "@") && IsNumber(word.substr(1)); },
      "there are no field numbers"},
-    {types,
+    {form, types,
      [](std::string_view word) {
        return IsTemplateOf(word, {"map", "unordered_map", "Map", "HashMap"});
      },
      "there are no maps"},
-    {types,
+    {form, types,
      [](std::string_view word) {
        return IsTemplateOf(word, {"vector", "list", "sequence"});
      },
      R"(vectors are written as "[int8]")"},
-    {names | types, HasFixedSize, "there are no arrays of a fixed size"},
-    {all & ~paths, [](std::string_view word) { return Contains(word, ";"); }, R"(delete the ";")"},
-    {paths, [](std::string_view word) { return EndsWith(word, ";"); }, R"(delete the ";")"},
-    {all & ~paths,
+    {form, names | types, HasFixedSize, "there are no arrays of a fixed size"},
+    {form, all & ~paths, [](std::string_view word) { return Contains(word, ";"); },
+     R"(delete the ";")"},
+    {form, paths, [](std::string_view word) { return EndsWith(word, ";"); }, R"(delete the ";")"},
+    {form, all & ~paths,
      [](std::string_view word) {
        return EndsWith(word, ",") || (Contains(word, ",") && !Contains(word, "<"));
      },
      R"(delete the ",")"},
-    {statements | names, [](std::string_view word) { return StartsWith(word, "@"); },
+    {form, statements | names, [](std::string_view word) { return StartsWith(word, "@"); },
      "there are no annotations"},
-    {names | types, [](std::string_view word) { return word == "[" || word == "]"; }, oneWordType},
-    {types,
+    {form, names | types, [](std::string_view word) { return word == "[" || word == "]"; },
+     oneWordType},
+    {form, types,
      [](std::string_view word) { return word.find_first_not_of("[]") == std::string_view::npos; },
      R"(the type of the elements is missing, as in "[int8]")"},
-    {types, [](std::string_view word) { return StartsWith(word, "[") && OpenBrackets(word) > 0; },
+    {form, types,
+     [](std::string_view word) { return StartsWith(word, "[") && OpenBrackets(word) > 0; },
      R"(a "]" is missing at its end)"},
-    {types, [](std::string_view word) { return OpenBrackets(word) != 0; }, "count the brackets"},
-    {names, Has<'['>, bracketsAround},
-    {types, [](std::string_view word) { return Has<'['>(word) && !ElementType(word).has_value(); },
+    {form, types, [](std::string_view word) { return OpenBrackets(word) != 0; },
+     "count the brackets"},
+    {form, names, Has<'['>, bracketsAround},
+    {form, types,
+     [](std::string_view word) { return Has<'['>(word) && !ElementType(word).has_value(); },
      bracketsAround},
-    {names | types, Has<'"'>, "write it without quotes"},
-    {types,
+    {form, names | types, Has<'"'>, "write it without quotes"},
+    {form, types,
      [](std::string_view word) { return word.find_first_of("*&") != std::string_view::npos; },
      "there are no pointers and references"},
-    {types | dottedNames, Has<'/'>, "write a dot between names"},
-    {items,
+    {form, types | dottedNames, Has<'/'>, "write a dot between names"},
+    {form, items,
      [](std::string_view word) {
        return word.find_first_not_of("+-*/%&|^<>!~?") == std::string_view::npos;
      },
      "write the value as one word, without spaces"},
-    {names, Has<'-'>, R"(write "_" instead of "-")"},
-    {names & ~dottedNames, Has<'.'>, "names contain no dots"},
-    {members, IsNumber, "there are no field numbers"},
-    {names, [](std::string_view word) { return word.front() >= '0' && word.front() <= '9'; },
+    {form, names, Has<'-'>, R"(write "_" instead of "-")"},
+    {form, names & ~dottedNames, Has<'.'>, "names contain no dots"},
+    {form, members, IsNumber, "there are no field numbers"},
+    {form, names, [](std::string_view word) { return word.front() >= '0' && word.front() <= '9'; },
      "names begin with a letter"},
-    {paths, [](std::string_view word) { return Contains(word, "//"); }, R"(write one "/")"},
+    {form, paths, [](std::string_view word) { return Contains(word, "//"); }, R"(write one "/")"},
 });
-
-template <typename Rows>
-constexpr std::pair<const SymptomRow*, const SymptomRow*> Range(const Rows& rows) {
-  return {rows.data(), rows.data() + rows.size()};
-}
 
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.
 std::string_view OddCharacter(std::string_view text) {
@@ -234,56 +238,38 @@ bool Fits(const MeantWord& word) {
   return word.role == Role::ItemValue ? IsValue(word.text) : IsIdentifier(word.text);
 }
 
-/// Looks through a table of rows, row by row.
-template <typename Rows>
-std::optional<Finding> FindIn(const Rows& rows, const std::vector<MeantWord>& words) {
-  for (const SymptomRow& row : rows) {
-    for (const auto& [word, text, role] : words) {
-      const bool hasRole = (row.roles & Only(role)) != 0;
-      if (!hasRole || !row.isShown(text)) continue;
-      return Finding{&FormRule(role), word, text, std::string(row.advice)};
-    }
-  }
-  return std::nullopt;
+bool IsShown(const SymptomRow& row, std::string_view word, Role role) {
+  return (row.roles & Only(role)) != 0 && row.isShown(word);
 }
 
 }  // namespace
 
-std::optional<Finding> FindSymptom(Symptoms symptoms, const std::vector<MeantWord>& words) {
+std::optional<Finding> FindSymptom(Symptoms kind, const std::vector<MeantWord>& words) {
   std::vector<MeantWord> unfit;
   std::copy_if(words.begin(), words.end(), std::back_inserter(unfit),
                [](const MeantWord& word) { return !Fits(word); });
-  switch (symptoms) {
-    case Symptoms::Characters:
-      return FindIn(characterRows, unfit);
-    case Symptoms::Assignments:
-      return FindIn(assignmentRows, unfit);
-    case Symptoms::Forms:
-      return FindIn(formRows, unfit);
+  for (const SymptomRow& row : rows) {
+    if (row.kind != kind) continue;
+    for (const auto& [word, text, role] : unfit) {
+      if (IsShown(row, text, role)) {
+        return Finding{&FormRule(role), word, text, std::string(row.advice)};
+      }
+    }
   }
   return std::nullopt;
 }
 
 std::size_t SymptomRank(std::string_view word, Role role) {
   std::size_t rank = 0;
-  const auto isShown = [&](const SymptomRow& row) {
-    return (row.roles & Only(role)) != 0 && row.isShown(word);
-  };
-  for (const auto& [begin, end] : {Range(characterRows), Range(assignmentRows), Range(formRows)}) {
-    const SymptomRow* const row = std::find_if(begin, end, isShown);
-    if (row != end) return rank + static_cast<std::size_t>(row - begin);
-    rank += static_cast<std::size_t>(end - begin);
-  }
-  return noSymptom;
+  while (rank < rows.size() && !IsShown(rows[rank], word, role)) ++rank;
+  return rank < rows.size() ? rank : noSymptom;
 }
 
-std::string FormAdvice(std::string_view part, Role role) {
-  const std::vector<MeantWord> words = {{0, part, role}};
-  if (const auto finding = FindIn(characterRows, words)) return finding->advice;
-  if (const auto finding = FindIn(assignmentRows, words)) return finding->advice;
-  if (const auto finding = FindIn(formRows, words)) return finding->advice;
-  const std::string_view odd = OddCharacter(part);
-  if (!odd.empty() && !Contains(part, "'")) return "it contains " + Quoted(odd);
+std::string FormAdvice(std::string_view word, Role role) {
+  const std::size_t rank = SymptomRank(word, role);
+  if (rank != noSymptom) return std::string(rows[rank].advice);
+  const std::string_view odd = OddCharacter(word);
+  if (!odd.empty() && !Contains(word, "'")) return "it contains " + Quoted(odd);
   if (role != Role::ItemValue) return {};
   return "values are integers, items above, and expressions of them without spaces";
 }
