@@ -12,7 +12,6 @@ enum class Hint : std::uint8_t {
   None,
   Form,         ///< What the characters of the word suggest.
   ItemValue,    ///< That an item needs a value, if it seems to have none.
-  Order,        ///< How to declare a message before those that use it.
   SimilarType,  ///< A type with a similar name, or what the record above lacks.
 };
 
@@ -140,8 +139,8 @@ inline constexpr Rule uncheckedTemplate{
     warning, R"("%" is C++ and is copied unchecked)", {}, Hint::Form};
 inline constexpr Rule laterType{warning, R"("%" is a type since C++20)"};
 inline constexpr Rule notDeclared{error, R"("%" is not declared)", {}, Hint::SimilarType};
-inline constexpr Rule declaredBelow{error, R"("%" is declared below)", "declared here",
-                                    Hint::Order};
+inline constexpr Rule declaredBelow{
+    error, R"("%" is declared below: move it above the types that use it)", "declared here"};
 inline constexpr Rule perhapsDeclaredBelow{
     warning, R"("%" is declared below: it is not the type that is meant here)", "declared here"};
 inline constexpr Rule responseInRequest{

@@ -1,12 +1,7 @@
 #include "messages/advice.h"
 
 #include <cstddef>
-#include <optional>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
-#include <utility>
-#include <vector>
 
 #include "recovery/symptoms.h"
 #include "schema/builtin_types.h"
@@ -54,40 +49,6 @@ std::string UnknownTypeAdvice(Examination& examination, const SourceFile& file,
   return advice.empty() && !isPath ? examination.typeAdvice(file, finding.text) : advice;
 }
 
-/// Returns whether the other message is a member of this one, or is contained in one.
-bool IsMessageIn(const Words& words, std::string_view other, std::string_view message) {
-  std::unordered_map<std::string_view, std::vector<std::string_view>> elements;
-  std::vector<std::string_view>* current = nullptr;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.role(i) == Role::MessageName) current = &elements[words.text(i)];
-    if (words.role(i) == Role::ServiceName) current = nullptr;
-    if (words.role(i) != Role::MemberType || current == nullptr) continue;
-    const std::optional<std::string_view> element = ElementType(words.text(i));
-    if (element.has_value()) current->push_back(element->substr(element->rfind('.') + 1));
-  }
-  std::vector<std::string_view> pending = {message};
-  std::unordered_set<std::string_view> seen;
-  while (!pending.empty()) {
-    const std::string_view next = pending.back();
-    pending.pop_back();
-    if (next == other) return true;
-    if (elements.count(next) == 0 || !seen.insert(next).second) continue;
-    pending.insert(pending.end(), elements[next].begin(), elements[next].end());
-  }
-  return false;
-}
-
-/// Returns how to declare a message before those that use it.
-std::string OrderAdvice(const Finding& finding, const Words& words) {
-  std::size_t user = finding.word;
-  while (words.role(user) != Role::MessageName && words.role(user) != Role::ServiceName) --user;
-  const std::string_view name = words.text(user);
-  const std::string_view used = words.text(finding.others.front().word);
-  return words.role(user) == Role::MessageName && IsMessageIn(words, name, used)
-             ? Quoted(used) + " and " + Quoted(name) + " contain each other"
-             : "move it above the types that use it";
-}
-
 }  // namespace
 
 std::string AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding) {
@@ -107,8 +68,6 @@ std::string AdviceFor(Examination& examination, const SourceFile& file, const Fi
       // A colon before the word shows that it is meant as a value.
       if (finding.text != word || IsAfterColon(file.words, finding.word)) return {};
       return R"(each item needs a value, as in "A: 0")";
-    case Hint::Order:
-      return OrderAdvice(finding, file.words);
   }
   return {};
 }
