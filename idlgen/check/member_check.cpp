@@ -93,7 +93,7 @@ MemberCheck::TypeMeaning MemberCheck::checkTemplate(std::size_t i, std::string_v
       check.report(rules::notAType, i);  // It has no arguments.
     } else if (FindBuiltinType(name) != nullptr && !check.lookup.mayBeElsewhere(name)) {
       check.report(rules::builtinInTemplate, i, name);
-    } else if (!isLibraryType(name) && keyword == Keyword::None &&
+    } else if (!IsLibraryType(name) && keyword == Keyword::None &&
                check.lookup.ownWord(name, true) == noWord &&
                check.lookup.findType(name, scope).meaning == Meaning::Unknown) {
       check.report(rules::notDeclared, i, name);
@@ -132,7 +132,7 @@ MemberCheck::TypeMeaning MemberCheck::checkPath(std::size_t i, std::string_view 
   const std::vector<std::string_view> parts = Components(type);
   if (!checkParts(i, parts)) return std::nullopt;
   const Found found = check.lookup.findType(type, scope);
-  const bool isUnknown = found.meaning == Meaning::Unknown && !isLibraryType(type);
+  const bool isUnknown = found.meaning == Meaning::Unknown && !IsLibraryType(type);
   Uses& use = uses[parts.front()];
   if (parts.size() > 1) {
     // Only a service is used as a type, if all parts before the last are its name.
@@ -199,7 +199,7 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
     case Meaning::LaterPart:
       return &rules::responseInRequest;
     case Meaning::Unknown:
-      return isLibraryType(type) ? nullptr : &rules::notDeclared;
+      return IsLibraryType(type) ? nullptr : &rules::notDeclared;
   }
   return nullptr;
 }
@@ -207,11 +207,6 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
 /// Returns whether a type of this name is, or may be, declared further out.
 bool MemberCheck::isTypeElsewhere(std::string_view name) const {
   return check.lookup.hasRecord(name) || check.lookup.mayBeElsewhere(name);
-}
-
-bool MemberCheck::isLibraryType(std::string_view type) const {
-  const auto hasCLibrary = [this] { return check.headers().cstdint || check.headers().string; };
-  return IsCppType(type) || (IsCLibraryType(type) && hasCLibrary());
 }
 
 }  // namespace zentho::idlgen

@@ -49,9 +49,6 @@ class MemberCheck {
   [[nodiscard]] const Rule* ruleFor(const Found& found, std::string_view type, bool isVector) const;
   [[nodiscard]] bool isTypeElsewhere(std::string_view name) const;
 
-  /// Returns whether C++ knows the type, as far as the includes of the header show.
-  [[nodiscard]] bool isLibraryType(std::string_view type) const;
-
   /// Returns whether a use is in the list so far.
   [[nodiscard]] bool isInList(std::size_t use) const { return use != noWord && use > listBegin; }
 

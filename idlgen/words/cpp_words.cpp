@@ -26,8 +26,8 @@ bool IsCppType(std::string_view type) {
   return FindKeyword(type) == Keyword::Type || Contains(libraryTypes, type);
 }
 
-bool IsCLibraryType(std::string_view type) {
-  return Contains(cLibraryTypes, type);
+bool IsLibraryType(std::string_view type) {
+  return IsCppType(type) || Contains(cLibraryTypes, type);
 }
 
 bool IsIntegerMacro(std::string_view word) {

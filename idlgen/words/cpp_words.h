@@ -24,9 +24,8 @@ Keyword FindKeyword(std::string_view word);
 /// one of <cstdint> and <cstddef>.
 bool IsCppType(std::string_view type);
 
-/// Returns whether a header that includes <string> also declares a type of the C library of this
-/// name, such as `time_t`.
-bool IsCLibraryType(std::string_view type);
+/// Returns whether it is one of these, or one of the C library, which most headers bring.
+bool IsLibraryType(std::string_view type);
 
 /// Returns whether the word is a macro of <cstdint> that stands for a number, such as `INT8_MAX`.
 bool IsIntegerMacro(std::string_view word);
