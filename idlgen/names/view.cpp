@@ -9,19 +9,21 @@ View::View(const Declarations& allDeclarations, const File& fileThatLooks)
     : file(&fileThatLooks),
       sees(allDeclarations.allFiles().size()),
       seesNamespace(allDeclarations.countNamespaces()) {
-  include(fileThatLooks);
-  // No recursion, because a chain of files may be long.
-  for (std::size_t next = 0; next < included.size(); ++next) include(*included[next]);
+  see(fileThatLooks);
+  // No recursion, because a chain of files may be long. The user is on the list if it is included.
+  for (std::size_t next = 0; next < included.size(); ++next) see(*included[next]);
+  isIncluded = sees[file->number] != 0;
+  if (isIncluded) included.erase(std::find(included.begin(), included.end(), file));
+  sees[file->number] = 1;
 }
 
-/// Sees a file, and puts the files that it includes on the list.
-void View::include(const File& other) {
-  sees[other.number] = true;
-  for (const Namespace* const space : other.namespaces) seesNamespace[space->number] = true;
+/// Sees the namespaces of a file, and puts the files that it includes on the list.
+void View::see(const File& other) {
+  for (const Namespace* const space : other.namespaces) seesNamespace[space->number] = 1;
   for (const Inclusion& inclusion : other.includes) {
-    isIncluded = isIncluded || inclusion.file == file;
-    if (sees[inclusion.file->number]) continue;
-    sees[inclusion.file->number] = true;
+    char& isSeen = sees[inclusion.file->number];
+    if (isSeen != 0) continue;
+    isSeen = 1;
     included.push_back(inclusion.file);
   }
 }
@@ -36,8 +38,8 @@ bool View::isOpen() const {
 std::vector<const File*> View::filesThatIncludeUser() const {
   std::vector<const File*> found;
   if (!isIncluded) return found;
-  std::vector<bool> leadsBack(sees.size());
-  leadsBack[file->number] = true;
+  std::vector<char> leadsBack(sees.size());
+  leadsBack[file->number] = 1;
   // Files mostly come after those that include them, so that one pass from the end finds them all.
   std::size_t before = 0;
   do {
@@ -45,10 +47,10 @@ std::vector<const File*> View::filesThatIncludeUser() const {
     for (auto other = included.rbegin(); other != included.rend(); ++other) {
       const std::vector<Inclusion>& includes = (*other)->includes;
       const bool doesLead = std::any_of(includes.begin(), includes.end(), [&](const Inclusion& to) {
-        return leadsBack[to.file->number];
+        return leadsBack[to.file->number] != 0;
       });
-      if (!doesLead || leadsBack[(*other)->number]) continue;
-      leadsBack[(*other)->number] = true;
+      if (!doesLead || leadsBack[(*other)->number] != 0) continue;
+      leadsBack[(*other)->number] = 1;
       found.push_back(*other);
     }
   } while (found.size() > before);

@@ -18,9 +18,9 @@ class View {
   [[nodiscard]] const std::vector<const File*>& others() const { return included; }
 
   [[nodiscard]] bool has(const File* other) const {
-    return other != nullptr && sees[other->number];
+    return other != nullptr && sees[other->number] != 0;
   }
-  [[nodiscard]] bool has(const Namespace& space) const { return seesNamespace[space.number]; }
+  [[nodiscard]] bool has(const Namespace& space) const { return seesNamespace[space.number] != 0; }
 
   /// Returns whether names may come from what has not been read.
   [[nodiscard]] bool isOpen() const;
@@ -45,13 +45,13 @@ class View {
   }
 
  private:
-  void include(const File& other);
+  void see(const File& other);
 
   const File* file;
   bool isIncluded = false;  ///< Whether one of the others includes the user.
   std::vector<const File*> included;
-  std::vector<bool> sees;           ///< By the number of the file.
-  std::vector<bool> seesNamespace;  ///< By the number of the namespace.
+  std::vector<char> sees;           ///< 1 for each file that is seen, by its number.
+  std::vector<char> seesNamespace;  ///< The same for namespaces.
 };
 
 }  // namespace zentho::idlgen
