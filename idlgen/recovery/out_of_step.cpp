@@ -15,7 +15,7 @@ bool IsChecked(Role role) {
 bool IsMisplaced(std::string_view word, Role role) {
   const auto isLetter = [](char byte) { return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z'; };
   if (isLetter(word.front()) && isLetter(word.back())) return false;  // Most words.
-  if (word.find_first_not_of(";,\t\r") == std::string_view::npos) return true;
+  if (word.find_first_not_of(foreignSeparators) == std::string_view::npos) return true;
   return BraceOf(word) != '\0' || (word == "=" && IsSecondHalf(role));
 }
 

@@ -1,6 +1,5 @@
 #include "words/characters.h"
 
-#include <algorithm>
 #include <array>
 
 #include "words/tables.h"
@@ -8,16 +7,11 @@
 namespace zentho::idlgen {
 namespace {
 
-struct Range {
-  char32_t first;
-  char32_t last;
-};
-
-constexpr auto invisible = Table<Range>(
+constexpr auto invisible = Table<CharacterRange>(
     {{0x00, 0x1f},     {0x7f, 0xa0},       {0xad, 0xad},       {0x34f, 0x34f},    {0x61c, 0x61c},
      {0x115f, 0x1160}, {0x1680, 0x1680},   {0x17b4, 0x17b5},   {0x180b, 0x180f},  {0x2000, 0x200f},
      {0x2028, 0x202f}, {0x205f, 0x206f},   {0x2800, 0x2800},   {0x3000, 0x3000},  {0x3164, 0x3164},
-     {0xfe00, 0xfe0f}, {0xfeff, 0xfeff},   {0xffa0, 0xffa0},   {0xfff0, 0xfffb},  {0xfdd0, 0xfdef},
+     {0xfe00, 0xfe0f}, {0xfeff, 0xfeff},   {0xffa0, 0xffa0},   {0xfdd0, 0xfdef},  {0xfff0, 0xfffb},
      {0xfffe, 0xffff}, {0x1bca0, 0x1bca3}, {0x1d173, 0x1d17a}, {0xe0000, 0xe0fff}});
 
 /// Returns the length that the first byte of a character beyond ASCII announces, or 0.
@@ -47,8 +41,7 @@ Character FirstForeignCharacter(std::string_view text) {
 }
 
 bool IsInvisible(char32_t code) {
-  return std::any_of(invisible.begin(), invisible.end(),
-                     [&](const Range& range) { return range.first <= code && code <= range.last; });
+  return IsIn(invisible, code);
 }
 
 bool HasControlCharacter(std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -25,6 +26,20 @@ Character FirstForeignCharacter(std::string_view text);
 inline Character FirstCharacter(std::string_view text) {
   const auto first = static_cast<unsigned char>(text.front());
   return first < 0x80 ? Character{first, 1, true} : FirstForeignCharacter(text);
+}
+
+/// Some characters that follow each other.
+struct CharacterRange {
+  char32_t first;
+  char32_t last;
+};
+
+/// Returns whether a character is in one of the ranges.
+template <typename Ranges>
+bool IsIn(const Ranges& ranges, char32_t code) {
+  return std::any_of(ranges.begin(), ranges.end(), [code](const CharacterRange& range) {
+    return range.first <= code && code <= range.last;
+  });
 }
 
 /// Returns whether a terminal or an editor would not show the character: a control character, a

@@ -5,17 +5,9 @@
 #include "words/cpp_word_tables.h"
 
 namespace zentho::idlgen {
-namespace {
-
-template <typename Words>
-bool Contains(const Words& words, std::string_view word) {
-  return std::binary_search(words.begin(), words.end(), word);
-}
-
-}  // namespace
-
 Keyword FindKeyword(std::string_view word) {
-  if (word.empty() || word.front() < 'a' || word.front() > 'z') return Keyword::None;  // For speed.
+  if (word.empty() || word.front() < 'a' || word.front() > 'z')
+    return Keyword::None;  // No keyword.
   const auto* const found = std::lower_bound(
       keywords.begin(), keywords.end(), word,
       [](const KeywordRow& row, std::string_view wanted) { return row.word < wanted; });

@@ -11,11 +11,6 @@
 namespace zentho::idlgen {
 namespace {
 
-struct CharacterRange {
-  char32_t first;
-  char32_t last;
-};
-
 /// What texts contain but no name that a compiler accepts: spaces, punctuation,
 /// arrows, operators and drawings.
 constexpr auto signsAndSpaces = Table<CharacterRange>({{0xd7, 0xd7},
@@ -59,11 +54,7 @@ bool IsNameCharacter(char32_t code) {
     return (lower >= 'a' && lower <= 'z') || IsDigit(code) || code == '_' || code == '$';
   }
   if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
-  // All that is not in these ranges is left to the compiler.
-  const auto contains = [code](const CharacterRange& range) {
-    return range.first <= code && code <= range.last;
-  };
-  return std::none_of(signsAndSpaces.begin(), signsAndSpaces.end(), contains);
+  return !IsIn(signsAndSpaces, code);  // All others are left to the compiler.
 }
 
 bool IsPunctuation(std::string_view word) {
@@ -152,10 +143,9 @@ std::vector<std::string_view> TemplateNames(std::string_view type) {
 }
 
 char BraceOf(std::string_view word) {
-  constexpr std::string_view extra = ";,\t\r";
-  const std::size_t begin = word.find_first_not_of(extra);
+  const std::size_t begin = word.find_first_not_of(foreignSeparators);
   if (begin == std::string_view::npos) return '\0';
-  const std::size_t end = word.find_last_not_of(extra) + 1;
+  const std::size_t end = word.find_last_not_of(foreignSeparators) + 1;
   if (word[begin] == '}' || word[end - 1] == '}') return '}';
   return word[end - 1] == '{' ? '{' : '\0';
 }

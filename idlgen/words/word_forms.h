@@ -33,6 +33,9 @@ std::vector<std::string_view> Components(std::string_view path);
 /// names and numbers in balanced angle brackets.
 bool IsTemplate(std::string_view type);
 
+/// What other languages, editors and systems put between words.
+inline constexpr std::string_view foreignSeparators = ";,\t\r";
+
 /// Returns the brace that the word is, or that is glued to it: "{" at its end, or "}" at its
 /// beginning or end, apart from separators and invisible characters. `\0` if there is none.
 char BraceOf(std::string_view word);
