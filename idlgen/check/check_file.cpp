@@ -1,5 +1,6 @@
 #include "check/check_file.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -90,6 +91,10 @@ class WordCheck {
   std::size_t enumName = noWord;  ///< The word of the last one.
 };
 
+bool IsBefore(const Finding& a, const Finding& b) {
+  return a.word < b.word;
+}
+
 }  // namespace
 
 std::vector<Finding> CheckFile(const Declarations& declarations, const View& view) {
@@ -97,8 +102,10 @@ std::vector<Finding> CheckFile(const Declarations& declarations, const View& vie
   WordCheck words(check);
   for (std::size_t i = 0; i < check.words.size(); ++i) words.checkWord(i);
   checkIncludes(check);
-  sort(check.findings);
-  return std::move(check.findings);
+  std::vector<Finding>& findings = check.findings;
+  const bool isSorted = std::is_sorted(findings.begin(), findings.end(), IsBefore);
+  if (!isSorted) std::stable_sort(findings.begin(), findings.end(), IsBefore);
+  return std::move(findings);
 }
 
 }  // namespace zentho::idlgen

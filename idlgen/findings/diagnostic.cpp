@@ -1,6 +1,8 @@
 #include "findings/diagnostic.h"
 
-#include "findings/excerpt.h"
+#include <algorithm>
+#include <utility>
+
 #include "words/printable.h"
 
 namespace zentho::idlgen {
@@ -25,11 +27,39 @@ Message MessageAt(SourceFile& file, std::size_t word, std::string sentence) {
   return {file.path, file.words.places[word], file.words.text(word).size(), std::move(sentence)};
 }
 
+/// Returns how many columns a printable text takes: one for each character.
+std::size_t Width(const std::string& printable) {
+  return static_cast<std::size_t>(std::count_if(printable.begin(), printable.end(),
+                                                [](char byte) { return (byte & 0xc0) != 0x80; }));
+}
+
+/// Returns the part of the line that contains the beginning of the bytes, and a second line that
+/// marks them.
+std::string Excerpt(const Message& message) {
+  const auto& [lineNumber, line, code, begin] = message.place;
+  constexpr std::size_t context = 40;
+  const std::size_t cut =
+      begin + context <= maxShownSize ? 0 : CharacterBegin(line, begin - context);
+  const std::string_view part = line.substr(cut);
+  const std::size_t shown =
+      part.size() <= maxShownSize ? part.size() : CharacterBegin(part, maxShownSize);
+  const std::string before = (cut > 0 ? "..." : "") + Printable(part.substr(0, begin - cut));
+  const std::string word =
+      Printable(line.substr(begin, std::min(message.size, cut + shown - begin)));
+
+  std::string number = std::to_string(lineNumber);
+  number.insert(0, number.size() < 5 ? 5 - number.size() : 0, ' ');
+  const std::string margin(number.size(), ' ');
+  const std::size_t width = std::max<std::size_t>(Width(word), 1);
+  return number + " | " + (cut > 0 ? "..." : "") + Shortened(part) + "\n" + margin + " | " +
+         std::string(Width(before), ' ') + "^" + std::string(width - 1, '~') + "\n";
+}
+
 std::string Lines(const Message& message, const char* kind) {
   const Place& place = message.place;
   return Printable(message.path) + ":" + std::to_string(place.lineNumber) + ":" +
          std::to_string(place.offset + 1) + ": " + kind + ": " + message.sentence + "\n" +
-         Excerpt(place.lineNumber, place.line, place.offset, message.size);
+         Excerpt(message);
 }
 
 }  // namespace

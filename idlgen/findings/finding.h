@@ -25,7 +25,4 @@ struct Finding {
   std::vector<WordOf> others = {};  ///< Other words, which the note of the rule is about.
 };
 
-/// Puts findings in the order of their words.
-void sort(std::vector<Finding>& findings);
-
 }  // namespace zentho::idlgen

@@ -1,7 +1,6 @@
 #include "recovery/symptoms.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <iterator>
 #include <utility>
 
@@ -14,18 +13,6 @@
 
 namespace zentho::idlgen {
 namespace {
-
-bool Contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
-}
-
-bool StartsWith(std::string_view text, std::string_view start) {
-  return text.substr(0, start.size()) == start;
-}
-
-bool EndsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
 
 /// A set of roles, with a bit for each.
 using Roles = unsigned;
@@ -49,64 +36,126 @@ constexpr Roles names = Only(Role::EnumName) | Only(Role::MessageName) | Only(Ro
 struct SymptomRow {
   Symptoms kind;
   Roles roles;
-  bool (*isShown)(std::string_view word);
+  bool (*isShown)(std::string_view word, std::string_view text);
+  std::string_view text;  ///< For the function.
   std::string_view advice;
 };
 
-template <char letter>
-bool Has(std::string_view word) {
-  return word.find(letter) != std::string_view::npos;
+bool Has(std::string_view word, std::string_view text) {
+  return word.find(text) != std::string_view::npos;
 }
 
-bool StartsComment(std::string_view word) {
-  return StartsWith(word, "/*") || StartsWith(word, "*/") || EndsWith(word, "*/") ||
-         StartsWith(word, "(*");
+bool HasOneOf(std::string_view word, std::string_view letters) {
+  return word.find_first_of(letters) != std::string_view::npos;
+}
+
+bool HasOnly(std::string_view word, std::string_view letters) {
+  return word.find_first_not_of(letters) == std::string_view::npos;
+}
+
+bool Is(std::string_view word, std::string_view text) {
+  return word == text;
+}
+
+bool Begins(std::string_view word, std::string_view text) {
+  return word.substr(0, text.size()) == text;
+}
+
+bool BeginsWithOneOf(std::string_view word, std::string_view letters) {
+  return letters.find(word.front()) != std::string_view::npos;
+}
+
+bool Ends(std::string_view word, std::string_view text) {
+  return word.size() >= text.size() && word.substr(word.size() - text.size()) == text;
+}
+
+bool IsComment(std::string_view word, std::string_view end) {
+  return Begins(word, "/*") || Begins(word, "(*") || Begins(word, end) || Ends(word, end);
+}
+
+/// Returns whether dashes begin the word, which is no number.
+bool BeginsWithDashes(std::string_view word, std::string_view dashes) {
+  return Begins(word, dashes) && (word.size() == dashes.size() || !HasOnly(word, "-"));
 }
 
 bool IsGlued(std::string_view word, char brace) {
-  const bool isOnlyBraces = word.find_first_not_of("{}") == std::string_view::npos;
-  return BraceOf(word) == brace && word.size() > 1 && (!isOnlyBraces || brace == '}');
+  return BraceOf(word) == brace && word.size() > 1 && (!HasOnly(word, "{}") || brace == '}');
 }
 
-template <char separator>
-bool IsGluedBeforeSeparator(std::string_view word) {
-  return IsGlued(word, '}') && word.back() == separator && word.front() != '}';
+bool IsGluedToOpening(std::string_view word, std::string_view /*text*/) {
+  return IsGlued(word, '{');
+}
+
+bool IsGluedToClosing(std::string_view word, std::string_view /*text*/) {
+  return IsGlued(word, '}') && (word.front() != '}' || word[1] == '}');
+}
+
+bool IsGluedBefore(std::string_view word, std::string_view separator) {
+  return IsGlued(word, '}') && Ends(word, separator) && word.front() != '}';
 }
 
 /// Returns whether a name and "=" stand at the beginning, as in `x=1`.
-bool IsAssignment(std::string_view word) {
-  const std::size_t sign = word.find('=');
-  return sign != std::string_view::npos && word.substr(sign, 2) != "==" &&
-         IsIdentifier(word.substr(0, sign));
+bool IsAssignment(std::string_view word, std::string_view sign) {
+  const std::size_t place = word.find(sign);
+  return place != std::string_view::npos && word.substr(place, 2) != "==" &&
+         IsIdentifier(word.substr(0, place));
+}
+
+bool IsTypeFirst(std::string_view word, std::string_view /*text*/) {
+  return LooksLikeType(word) || (Has(word, "<") && IsTemplate(word));
+}
+
+bool IsNumberAfter(std::string_view word, std::string_view text) {
+  return Begins(word, text) && IsNumber(word.substr(text.size()));
+}
+
+/// Returns whether the word is a template, whose name is one of those that have spaces around them.
+bool IsTemplateOf(std::string_view word, std::string_view templates) {
+  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
+  const std::string_view name = word.substr(begin, word.find('<') - begin);
+  const std::string last = " " + std::string(name.substr(name.rfind('.') + 1)) + " ";
+  return Has(word, "<") && Has(templates, last);
 }
 
 /// Returns whether a number in brackets follows a name, or stands alone.
-bool HasFixedSize(std::string_view word) {
+bool HasFixedSize(std::string_view word, std::string_view beforeNumber) {
   const std::size_t closing = word.rfind(']');
   if (closing == std::string_view::npos || closing == 0) return false;
-  const std::size_t opening = word.find_last_of("[,;", closing - 1);
+  const std::size_t opening = word.find_last_of(beforeNumber, closing - 1);
   return opening != std::string_view::npos &&
          IsNumber(word.substr(opening + 1, closing - opening - 1));
+}
+
+bool HasComma(std::string_view word, std::string_view comma) {
+  return Ends(word, comma) || (Has(word, comma) && !Has(word, "<"));
 }
 
 std::ptrdiff_t OpenBrackets(std::string_view word) {
   return std::count(word.begin(), word.end(), '[') - std::count(word.begin(), word.end(), ']');
 }
 
-bool IsTemplateOf(std::string_view word, std::initializer_list<std::string_view> templates) {
-  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
-  const std::string_view name = word.substr(begin, word.find('<') - begin);
-  const std::string_view last = name.substr(name.rfind('.') + 1);
-  return Contains(word, "<") &&
-         std::find(templates.begin(), templates.end(), last) != templates.end();
+bool LacksClosing(std::string_view word, std::string_view opening) {
+  return Begins(word, opening) && OpenBrackets(word) > 0;
 }
 
-constexpr std::string_view bracketsAround = R"(the brackets are around the type, as in "[int8]")";
-constexpr std::string_view oneWordType = R"(a type is one word, as in "[int8]")";
+bool IsUnbalanced(std::string_view word, std::string_view /*text*/) {
+  return OpenBrackets(word) != 0;
+}
+
+bool HasBracketsInside(std::string_view word, std::string_view opening) {
+  return Has(word, opening) && !ElementType(word).has_value();
+}
+
+constexpr std::string_view hashComments = R"(comments start with "#")";
+constexpr std::string_view noDefault = "there are no default values or field numbers";
+constexpr std::string_view noFieldNumbers = "there are no field numbers";
 constexpr std::string_view valueColon = R"(write a colon, as in "A: 1")";
 constexpr std::string_view memberColon = R"(write a colon, as in "x: int8")";
-constexpr std::string_view noDefault = "there are no default values or field numbers";
-constexpr std::string_view hashComments = R"(comments start with "#")";
+constexpr std::string_view nameFirst = R"(put the name first, as in "x: int8")";
+constexpr std::string_view oneWordType = R"(a type is one word, as in "[int8]")";
+constexpr std::string_view noElements = R"(the type of the elements is missing, as in "[int8]")";
+constexpr std::string_view bracketsAround = R"(the brackets are around the type, as in "[int8]")";
+constexpr std::string_view oneWordValue = "write the value as one word, without spaces";
 
 constexpr Symptoms sign = Symptoms::Characters;
 constexpr Symptoms form = Symptoms::Forms;
@@ -114,99 +163,53 @@ constexpr Symptoms form = Symptoms::Forms;
 /// All symptoms, in the order of what they say about the cause.
 constexpr auto rows = Table<SymptomRow>({
     // Characters that no word contains.
-    {sign, all, [](std::string_view word) { return StartsWith(word, "//"); },
-     R"(here, only "#" starts a comment)"},
-    {sign, all, StartsComment, hashComments},
-    {sign, all & ~paths, [](std::string_view word) { return Contains(word, "/*"); }, hashComments},
-    {sign, all & ~(items | values),
-     [](std::string_view word) {
-       return StartsWith(word, "--") &&
-              (word.size() == 2 || word.find_first_not_of('-') != std::string_view::npos);
-     },
-     hashComments},
-    {sign, all, Has<'\t'>, "use spaces instead of tabs"},
-    {sign, all, Has<'\r'>, "end lines with LF, not with CR LF"},
-    {sign, all, [](std::string_view word) { return Contains(word, byteOrderMark); },
-     "save the file without a byte order mark"},
-    {sign, all, [](std::string_view word) { return IsGlued(word, '{'); },
-     R"(put a space before "{")"},
-    {sign, all, IsGluedBeforeSeparator<';'>, R"(put spaces around "}" and delete the ";")"},
-    {sign, all, IsGluedBeforeSeparator<','>, R"(put spaces around "}" and delete the ",")"},
-    {sign, all,
-     [](std::string_view word) {
-       return IsGlued(word, '}') && (word.front() != '}' || word[1] == '}');
-     },
-     R"(put spaces around "}")"},
+    {sign, all, Begins, "//", R"(here, only "#" starts a comment)"},
+    {sign, all, IsComment, "*/", hashComments},
+    {sign, all & ~paths, Has, "/*", hashComments},
+    {sign, all & ~(items | values), BeginsWithDashes, "--", hashComments},
+    {sign, all, Has, "\t", "use spaces instead of tabs"},
+    {sign, all, Has, "\r", "end lines with LF, not with CR LF"},
+    {sign, all, Has, byteOrderMark, "save the file without a byte order mark"},
+    {sign, all, IsGluedToOpening, "", R"(put a space before "{")"},
+    {sign, all, IsGluedBefore, ";", R"(put spaces around "}" and delete the ";")"},
+    {sign, all, IsGluedBefore, ",", R"(put spaces around "}" and delete the ",")"},
+    {sign, all, IsGluedToClosing, "", R"(put spaces around "}")"},
 
     // Equals signs, and parentheses around them.
-    {form, types, Has<'('>, R"(it contains "(")"},
-    {form, items, Has<'='>, valueColon},
-    {form, values, [](std::string_view word) { return word == "=" || IsAssignment(word); },
-     valueColon},
-    {form, members, IsAssignment, memberColon},
-    {form, types, [](std::string_view word) { return word == "="; }, memberColon},
-    {form, names | types, Has<'='>, noDefault},
+    {form, types, Has, "(", R"(it contains "(")"},
+    {form, items, Has, "=", valueColon},
+    {form, values, Is, "=", valueColon},
+    {form, values, IsAssignment, "=", valueColon},
+    {form, members, IsAssignment, "=", memberColon},
+    {form, types, Is, "=", memberColon},
+    {form, names | types, Has, "=", noDefault},
 
     // All others.
-    {form, members,
-     [](std::string_view word) {
-       return LooksLikeType(word) || (Contains(word, "<") && IsTemplate(word));
-     },
-     R"(put the name first, as in "x: int8")"},
-    {form, names | types,
-     [](std::string_view word) { return StartsWith(word, "@") && IsNumber(word.substr(1)); },
-     "there are no field numbers"},
-    {form, types,
-     [](std::string_view word) {
-       return IsTemplateOf(word, {"map", "unordered_map", "Map", "HashMap"});
-     },
-     "there are no maps"},
-    {form, types,
-     [](std::string_view word) {
-       return IsTemplateOf(word, {"vector", "list", "sequence"});
-     },
-     R"(vectors are written as "[int8]")"},
-    {form, names | types, HasFixedSize, "there are no arrays of a fixed size"},
-    {form, all & ~paths, [](std::string_view word) { return Contains(word, ";"); },
-     R"(delete the ";")"},
-    {form, paths, [](std::string_view word) { return EndsWith(word, ";"); }, R"(delete the ";")"},
-    {form, all & ~paths,
-     [](std::string_view word) {
-       return EndsWith(word, ",") || (Contains(word, ",") && !Contains(word, "<"));
-     },
-     R"(delete the ",")"},
-    {form, statements | names, [](std::string_view word) { return StartsWith(word, "@"); },
-     "there are no annotations"},
-    {form, names | types, [](std::string_view word) { return word == "[" || word == "]"; },
-     oneWordType},
-    {form, types,
-     [](std::string_view word) { return word.find_first_not_of("[]") == std::string_view::npos; },
-     R"(the type of the elements is missing, as in "[int8]")"},
-    {form, types,
-     [](std::string_view word) { return StartsWith(word, "[") && OpenBrackets(word) > 0; },
-     R"(a "]" is missing at its end)"},
-    {form, types, [](std::string_view word) { return OpenBrackets(word) != 0; },
-     "count the brackets"},
-    {form, names, Has<'['>, bracketsAround},
-    {form, types,
-     [](std::string_view word) { return Has<'['>(word) && !ElementType(word).has_value(); },
-     bracketsAround},
-    {form, names | types, Has<'"'>, "write it without quotes"},
-    {form, types,
-     [](std::string_view word) { return word.find_first_of("*&") != std::string_view::npos; },
-     "there are no pointers and references"},
-    {form, types | dottedNames, Has<'/'>, "write a dot between names"},
-    {form, items,
-     [](std::string_view word) {
-       return word.find_first_not_of("+-*/%&|^<>!~?") == std::string_view::npos;
-     },
-     "write the value as one word, without spaces"},
-    {form, names, Has<'-'>, R"(write "_" instead of "-")"},
-    {form, names & ~dottedNames, Has<'.'>, "names contain no dots"},
-    {form, members, IsNumber, "there are no field numbers"},
-    {form, names, [](std::string_view word) { return word.front() >= '0' && word.front() <= '9'; },
-     "names begin with a letter"},
-    {form, paths, [](std::string_view word) { return Contains(word, "//"); }, R"(write one "/")"},
+    {form, members, IsTypeFirst, "", nameFirst},
+    {form, names | types, IsNumberAfter, "@", noFieldNumbers},
+    {form, types, IsTemplateOf, " map unordered_map Map HashMap ", "there are no maps"},
+    {form, types, IsTemplateOf, " vector list sequence ", R"(vectors are written as "[int8]")"},
+    {form, names | types, HasFixedSize, "[,;", "there are no arrays of a fixed size"},
+    {form, all & ~paths, Has, ";", R"(delete the ";")"},
+    {form, paths, Ends, ";", R"(delete the ";")"},
+    {form, all & ~paths, HasComma, ",", R"(delete the ",")"},
+    {form, statements | names, Begins, "@", "there are no annotations"},
+    {form, names | types, Is, "[", oneWordType},
+    {form, names | types, Is, "]", oneWordType},
+    {form, types, HasOnly, "[]", noElements},
+    {form, types, LacksClosing, "[", R"(a "]" is missing at its end)"},
+    {form, types, IsUnbalanced, "", "count the brackets"},
+    {form, names, Has, "[", bracketsAround},
+    {form, types, HasBracketsInside, "[", bracketsAround},
+    {form, names | types, Has, R"(")", "write it without quotes"},
+    {form, types, HasOneOf, "*&", "there are no pointers and references"},
+    {form, types | dottedNames, Has, "/", "write a dot between names"},
+    {form, items, HasOnly, "+-*/%&|^<>!~?", oneWordValue},
+    {form, names, Has, "-", R"(write "_" instead of "-")"},
+    {form, names & ~dottedNames, Has, ".", "names contain no dots"},
+    {form, members, IsNumberAfter, "", noFieldNumbers},
+    {form, names, BeginsWithOneOf, "0123456789", "names begin with a letter"},
+    {form, paths, Has, "//", R"(write one "/")"},
 });
 
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.
@@ -233,13 +236,13 @@ bool IsValue(std::string_view word) {
 
 /// Returns whether the word is right in its place.
 bool Fits(const MeantWord& word) {
-  if (Contains(word.text, byteOrderMark)) return false;
+  if (Has(word.text, byteOrderMark)) return false;
   if (word.role == Role::MemberType) return IsTypeForm(word.text);
   return word.role == Role::ItemValue ? IsValue(word.text) : IsIdentifier(word.text);
 }
 
 bool IsShown(const SymptomRow& row, std::string_view word, Role role) {
-  return (row.roles & Only(role)) != 0 && row.isShown(word);
+  return (row.roles & Only(role)) != 0 && row.isShown(word, row.text);
 }
 
 }  // namespace
@@ -269,7 +272,7 @@ std::string FormAdvice(std::string_view word, Role role) {
   const std::size_t rank = SymptomRank(word, role);
   if (rank != noSymptom) return std::string(rows[rank].advice);
   const std::string_view odd = OddCharacter(word);
-  if (!odd.empty() && !Contains(word, "'")) return "it contains " + Quoted(odd);
+  if (!odd.empty() && !Has(word, "'")) return "it contains " + Quoted(odd);
   if (role != Role::ItemValue) return {};
   return "values are integers, items above, and expressions of them without spaces";
 }
