@@ -53,36 +53,21 @@ class WordCheck {
  private:
   void checkValue(std::size_t i) {
     if (IsPunctuation(check.words.text(i - 1))) return;  // The name has been reported.
-    const auto kindOf = [this, i](std::string_view name) { return kindInValue(name, i); };
-    for (ValueFault& fault : CheckValue(check.words.text(i), kindOf, check.headers().cstdint)) {
-      // An item of another file may have the name of an enum.
-      const bool mayBeItem = fault.rule == &rules::typeAsItem;
-      if (mayBeItem && check.lookup.mayBeElsewhere(fault.text)) continue;
-      check.findings.push_back({fault.rule, i, fault.text, std::move(fault.advice)});
+    const auto meaningOf = [this, i](std::string_view name) { return meaningInValue(name, i); };
+    for (Finding& finding : CheckValue(check.words.text(i), i, meaningOf)) {
+      check.findings.push_back(std::move(finding));
     }
   }
 
-  [[nodiscard]] NameKind kindInValue(std::string_view name, std::size_t value) const {
+  /// Returns what a name is to a value, in which only an enum is a type.
+  [[nodiscard]] Meaning meaningInValue(std::string_view name, std::size_t value) const {
     const Found found = check.lookup.findInValue(name, value, enumName);
-    switch (found.meaning) {
-      case Meaning::Item:
-        return NameKind::Item;
-      case Meaning::Type:
-        return found.declaration->role == Role::EnumName ? NameKind::EnumType : NameKind::OtherType;
-      case Meaning::Itself:
-        return NameKind::OtherType;
-      case Meaning::Below:
-        return check.lookup.mayBeElsewhere(name) ? NameKind::Elsewhere : NameKind::OtherType;
-      case Meaning::Elsewhere:
-        return NameKind::Elsewhere;
-      case Meaning::Service:
-      case Meaning::Namespace:
-      case Meaning::LaterPart:
-      case Meaning::NotBelow:
-      case Meaning::Unknown:
-        return NameKind::Unknown;
-    }
-    return NameKind::Unknown;
+    const bool isType = found.meaning == Meaning::Type;
+    const bool isEnum = isType && found.declaration->role == Role::EnumName;
+    // An item of another file may have the name.
+    const bool mayBeItem = isEnum || found.meaning == Meaning::Below;
+    if (mayBeItem && check.lookup.mayBeElsewhere(name)) return Meaning::Elsewhere;
+    return isType && !isEnum ? Meaning::Itself : found.meaning;
   }
 
   FileCheck& check;

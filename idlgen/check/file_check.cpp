@@ -1,28 +1,9 @@
 #include "check/file_check.h"
 
-#include "schema/builtin_types.h"
 #include "words/cpp_words.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
-namespace {
-
-/// Returns which headers the members, or the elements of one, need.
-LibraryHeaders HeadersOf(const Words& words) {
-  LibraryHeaders headers;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.role(i) != Role::MemberType) continue;
-    const std::optional<std::string_view> element = ElementType(words.text(i));
-    const BuiltinType* const type = element.has_value() ? FindBuiltinType(*element) : nullptr;
-    if (type == nullptr) continue;
-    if (type->isInteger) headers.cstdint = true;
-    if (type->keyword == "string") headers.string = true;
-  }
-  return headers;
-}
-
-}  // namespace
-
 FileCheck::FileCheck(const Declarations& allDeclarations, const View& viewOfFile)
     : view(viewOfFile),
       file(viewOfFile.user()),
@@ -67,11 +48,6 @@ bool FileCheck::checkNewName(std::size_t i, std::string_view text) {
     report(rules::reservedName, i, text);
   }
   return true;
-}
-
-const LibraryHeaders& FileCheck::headers() const {
-  if (!knownHeaders.has_value()) knownHeaders = HeadersOf(words);
-  return *knownHeaders;
 }
 
 }  // namespace zentho::idlgen

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -11,12 +10,6 @@
 #include "names/view.h"
 
 namespace zentho::idlgen {
-
-/// The headers of the library that built-in types need.
-struct LibraryHeaders {
-  bool cstdint = false;
-  bool string = false;
-};
 
 /// The check of one file: what it sees, and what is wrong with it.
 class FileCheck {
@@ -45,18 +38,12 @@ class FileCheck {
   /// Reports a name that C++ compilers do not accept. Returns whether it can be one.
   bool checkNewName(std::size_t i, std::string_view text);
 
-  /// Returns what the header includes.
-  [[nodiscard]] const LibraryHeaders& headers() const;
-
   const View& view;
   const File& file;
   const Words& words;
   Lookup lookup;
   std::vector<Finding> findings;
   const Declarations& declarations;
-
- private:
-  mutable std::optional<LibraryHeaders> knownHeaders;  ///< Made when needed: it takes a whole pass.
 };
 
 }  // namespace zentho::idlgen

@@ -1,12 +1,12 @@
 #include "check/literals.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 
 #include "words/characters.h"
+#include "words/printable.h"
 #include "words/tables.h"
 
 namespace zentho::idlgen {
@@ -30,7 +30,7 @@ bool IsIntegerSuffix(std::string_view suffix) {
     suffix.remove_suffix(1);
   }
   constexpr auto sizes = Table<std::string_view>({"", "l", "L", "ll", "LL", "z", "Z"});
-  return std::find(sizes.begin(), sizes.end(), suffix) != sizes.end();
+  return Contains(sizes, suffix);
 }
 
 /// Removes the prefix of an integer literal. Returns its base.
@@ -48,123 +48,12 @@ bool LooksFloating(std::string_view literal) {
   return literal.find_first_of(isHexadecimal ? ".pP" : ".eE") != std::string_view::npos;
 }
 
-/// Returns whether all compilers read the literal to its end: to some, a quote before anything but
-/// a digit begins a character.
-bool IsOneNumber(std::string_view literal) {
-  for (std::size_t quote = literal.find('\''); quote != std::string_view::npos;
-       quote = literal.find('\'', quote + 1)) {
-    if (quote + 1 == literal.size() || DigitValue(literal[quote + 1]) > 15) return false;
-  }
-  return literal.find_first_not_of("0123456789abcdefABCDEFxXpPlL.+-'") == std::string_view::npos;
-}
-
-/// What an element of a character literal is.
-enum class ElementKind : std::uint8_t {
-  Ascii,    ///< A character of ASCII or an escape such as `\n`.
-  Foreign,  ///< Another character.
-  Broken,   ///< A byte that is not valid UTF-8.
-  Number,   ///< `\377` or `\xff`.
-  Code,     ///< `\u0041` or `\U00000041`.
-  Odd,      ///< An escape that some compilers reject.
-  Invalid
-};
-
-/// What stands for one character in a literal.
-struct Element {
-  std::size_t size;
-  std::uint64_t value;  ///< The number or the character.
-  ElementKind kind;
-};
-
-/// Reads the digits from an offset on, at most so many.
-Element ReadDigits(std::string_view text, std::size_t begin, unsigned base, std::size_t count,
-                   ElementKind kind) {
-  constexpr std::uint64_t tooLarge = std::uint64_t{1} << 32U;
-  Element element{begin, 0, kind};
-  while (element.size < text.size() && element.size - begin < count) {
-    const unsigned digit = DigitValue(text[element.size]);
-    if (digit >= base) break;
-    element.value = std::min(element.value * base + digit, tooLarge);
-    ++element.size;
-  }
-  return element;
-}
-
-Element ReadEscape(std::string_view text) {
-  constexpr Element invalid = {1, 0, ElementKind::Invalid};
-  if (text.size() < 2) return invalid;
-  const char letter = text[1];
-  if (DigitValue(letter) < 8) return ReadDigits(text, 1, 8, 3, ElementKind::Number);
-  if (letter == 'x') {
-    const Element number = ReadDigits(text, 2, 16, std::string_view::npos, ElementKind::Number);
-    return number.size > 2 ? number : invalid;
-  }
-  if (letter == 'u' || letter == 'U') {
-    const std::size_t digits = letter == 'u' ? 4 : 8;
-    Element code = ReadDigits(text, 2, 16, digits, ElementKind::Code);
-    const bool isSurrogate = code.value >= 0xd800 && code.value <= 0xdfff;
-    if (code.value > maxCharacter) code.kind = ElementKind::Odd;
-    return code.size == digits + 2 && !isSurrogate ? code : invalid;
-  }
-  const Character character = FirstCharacter(text.substr(1));
-  // In C++23, 'o' and 'N' begin longer escapes.
-  const bool isOdd = character.code >= 0x80 || letter == 'o' || letter == 'N';
-  return {1 + character.size, character.code, isOdd ? ElementKind::Odd : ElementKind::Ascii};
-}
-
-Element ReadElement(std::string_view text) {
-  if (text.front() == '\\') return ReadEscape(text);
-  const Character character = FirstCharacter(text);
-  const ElementKind kind = !character.valid        ? ElementKind::Broken
-                           : character.code < 0x80 ? ElementKind::Ascii
-                                                   : ElementKind::Foreign;
-  return {character.size, character.code, kind};
-}
-
-/// What a literal with a prefix can hold.
-struct Prefix {
-  std::string_view text;
-  std::uint64_t maxNumber;     ///< The greatest number in an escape.
-  std::uint64_t maxCharacter;  ///< The greatest character.
-  CharacterForm otherwise;     ///< Of a greater character, or of too many.
-};
-
-constexpr auto prefixes =
-    Table<Prefix>({{"", 0xff, 0x7f, CharacterForm::Unportable},
-                   {"u8", 0xff, 0x7f, CharacterForm::Invalid},
-                   {"u", 0xffff, 0xffff, CharacterForm::Invalid},
-                   {"U", 0xffffffff, maxCharacter, CharacterForm::Invalid},
-                   {"L", 0xffffffff, maxCharacter, CharacterForm::Unportable}});
-
-const Prefix* FindPrefix(std::string_view letters) {
-  const auto* const found = std::find_if(prefixes.begin(), prefixes.end(),
-                                         [&](const Prefix& row) { return row.text == letters; });
-  return found == prefixes.end() ? nullptr : found;
-}
-
-CharacterForm FormOf(const Element& element, const Prefix& prefix) {
-  switch (element.kind) {
-    case ElementKind::Ascii:
-      return CharacterForm::Portable;
-    case ElementKind::Number:
-      return element.value > prefix.maxNumber ? CharacterForm::Unportable : CharacterForm::Portable;
-    case ElementKind::Code:
-    case ElementKind::Foreign:
-      return element.value > prefix.maxCharacter ? prefix.otherwise : CharacterForm::Portable;
-    case ElementKind::Broken:
-    case ElementKind::Odd:
-      return CharacterForm::Unportable;
-    case ElementKind::Invalid:
-      return CharacterForm::Invalid;
-  }
-  return CharacterForm::Invalid;
-}
-
-}  // namespace
-
-NumberForm FormOfNumber(std::string_view literal) {
+LiteralForm FormOfNumber(std::string_view literal) {
   if (LooksFloating(literal)) {
-    return IsOneNumber(literal) ? NumberForm::Floating : NumberForm::Invalid;
+    // Not with quotes: to some compilers, one before anything but a digit begins a character.
+    constexpr std::string_view characters = "0123456789abcdefABCDEFxXpPlL.+-";
+    const bool isFloating = literal.find_first_not_of(characters) == std::string_view::npos;
+    return isFloating ? LiteralForm::Floating : LiteralForm::Invalid;
   }
   const unsigned base = TakeBase(literal);
   std::uint64_t value = 0;
@@ -183,31 +72,150 @@ NumberForm FormOfNumber(std::string_view literal) {
     afterDigit = true;
   }
   const std::string_view suffix = literal.substr(size);
-  if (!afterDigit || !IsIntegerSuffix(suffix)) return NumberForm::Invalid;
+  if (!afterDigit || !IsIntegerSuffix(suffix)) return LiteralForm::Invalid;
   const bool isSigned = base == 10 && (suffix == "z" || suffix == "Z");
   isLarge = isLarge || (isSigned && value > std::numeric_limits<std::int64_t>::max());
-  return isLarge ? NumberForm::LargeInteger : NumberForm::Integer;
+  return isLarge ? LiteralForm::Unportable : LiteralForm::Portable;
+}
+
+/// What a literal with a prefix can hold.
+struct Prefix {
+  std::string_view text;
+  std::uint64_t maxNumber;  ///< The greatest number in an escape.
+  char32_t maxCharacter;    ///< The greatest character.
+  LiteralForm otherwise;    ///< Of a greater character, or of too many.
+};
+
+constexpr auto prefixes = Table<Prefix>({{"", 0xff, 0x7f, LiteralForm::Unportable},
+                                         {"u8", 0xff, 0x7f, LiteralForm::Invalid},
+                                         {"u", 0xffff, 0xffff, LiteralForm::Invalid},
+                                         {"U", 0xffffffff, maxCharacter, LiteralForm::Invalid},
+                                         {"L", 0xffffffff, maxCharacter, LiteralForm::Unportable}});
+
+const Prefix* FindPrefix(std::string_view letters) {
+  const auto* const found = std::find_if(prefixes.begin(), prefixes.end(),
+                                         [&](const Prefix& row) { return row.text == letters; });
+  return found == prefixes.end() ? nullptr : found;
+}
+
+/// What stands for one character in a literal.
+struct Element {
+  std::size_t size;
+  LiteralForm form;
+};
+
+struct Digits {
+  std::size_t end;
+  std::uint64_t value;
+};
+
+/// Reads the digits from an offset on, at most so many.
+Digits ReadDigits(std::string_view text, std::size_t begin, unsigned base, std::size_t count) {
+  constexpr std::uint64_t tooLarge = std::uint64_t{1} << 32U;
+  Digits digits{begin, 0};
+  for (; digits.end < text.size() && digits.end - begin < count; ++digits.end) {
+    const unsigned digit = DigitValue(text[digits.end]);
+    if (digit >= base) break;
+    digits.value = std::min(digits.value * base + digit, tooLarge);
+  }
+  return digits;
+}
+
+LiteralForm FormOfCode(std::uint64_t code, const Prefix& prefix) {
+  return code > prefix.maxCharacter ? prefix.otherwise : LiteralForm::Portable;
+}
+
+/// Reads `\377` or `\xff`, whose digits begin at an offset.
+Element ReadNumber(std::string_view text, std::size_t begin, const Prefix& prefix) {
+  const bool isOctal = begin == 1;
+  const auto [end, value] =
+      ReadDigits(text, begin, isOctal ? 8 : 16, isOctal ? 3 : std::string_view::npos);
+  if (end == begin) return {1, LiteralForm::Invalid};
+  return {end, value > prefix.maxNumber ? LiteralForm::Unportable : LiteralForm::Portable};
+}
+
+/// Reads `\u0041` or `\U00000041`.
+Element ReadCode(std::string_view text, const Prefix& prefix) {
+  const std::size_t count = text[1] == 'u' ? 4 : 8;
+  const auto [end, code] = ReadDigits(text, 2, 16, count);
+  const bool isSurrogate = code >= 0xd800 && code <= 0xdfff;
+  if (end != count + 2 || isSurrogate) return {1, LiteralForm::Invalid};
+  return {end, code > maxCharacter ? LiteralForm::Unportable : FormOfCode(code, prefix)};
+}
+
+Element ReadEscape(std::string_view text, const Prefix& prefix) {
+  if (text.size() < 2) return {1, LiteralForm::Invalid};
+  const char letter = text[1];
+  if (DigitValue(letter) < 8) return ReadNumber(text, 1, prefix);
+  if (letter == 'x') return ReadNumber(text, 2, prefix);
+  if (letter == 'u' || letter == 'U') return ReadCode(text, prefix);
+  const Character character = FirstCharacter(text.substr(1));
+  // In C++23, 'o' and 'N' begin longer escapes.
+  const bool isOdd = character.code >= 0x80 || letter == 'o' || letter == 'N';
+  return {1 + character.size, isOdd ? LiteralForm::Unportable : LiteralForm::Portable};
+}
+
+Element ReadElement(std::string_view text, const Prefix& prefix) {
+  if (text.front() == '\\') return ReadEscape(text, prefix);
+  const Character character = FirstCharacter(text);
+  return {character.size,
+          character.valid ? FormOfCode(character.code, prefix) : LiteralForm::Unportable};
+}
+
+LiteralForm FormOfCharacter(std::string_view literal) {
+  const std::size_t quote = literal.find('\'');
+  const Prefix& prefix = *FindPrefix(literal.substr(0, quote));
+  std::string_view rest = literal.substr(quote + 1, literal.size() - quote - 2);
+  const bool hasTrigraph = rest.find(trigraph) != std::string_view::npos;
+  if (rest.empty() || hasTrigraph || HasControlCharacter(rest)) return LiteralForm::Invalid;
+  LiteralForm form = LiteralForm::Portable;
+  std::size_t count = 0;
+  for (; !rest.empty(); ++count) {
+    const Element element = ReadElement(rest, prefix);
+    form = std::max(form, element.form);
+    rest.remove_prefix(element.size);
+  }
+  const bool isMany = count > (quote == 0 ? 4 : 1);
+  return isMany ? std::max(form, prefix.otherwise) : form;
+}
+
+}  // namespace
+
+bool IsPlainNumber(std::string_view text) {
+  if (text.front() == '-') text.remove_prefix(1);
+  const bool isHexadecimal = text.substr(0, 2) == "0x";
+  if (isHexadecimal) text.remove_prefix(2);
+  const bool isOctal = !isHexadecimal && text.size() > 1 && text.front() == '0';
+  const std::size_t size = std::min(
+      text.find_first_not_of(isHexadecimal ? "0123456789abcdefABCDEF" : "0123456789"), text.size());
+  return size == text.size() && size > 0 && size <= 16 && !isOctal;
+}
+
+bool BeginsNumber(std::string_view text) {
+  if (text.size() > 1 && text.front() == '.') text.remove_prefix(1);
+  return DigitValue(text.front()) < 10;
 }
 
 bool IsCharacterPrefix(std::string_view letters) {
   return FindPrefix(letters) != nullptr;
 }
 
-CharacterForm FormOfCharacter(std::string_view literal) {
-  const std::size_t quote = literal.find('\'');
-  const Prefix& prefix = *FindPrefix(literal.substr(0, quote));
-  std::string_view rest = literal.substr(quote + 1, literal.size() - quote - 2);
-  const bool hasTrigraph = rest.find(trigraph) != std::string_view::npos;
-  if (rest.empty() || hasTrigraph || HasControlCharacter(rest)) return CharacterForm::Invalid;
-  CharacterForm form = CharacterForm::Portable;
-  std::size_t count = 0;
-  for (; !rest.empty(); ++count) {
-    const Element element = ReadElement(rest);
-    form = std::max(form, FormOf(element, prefix));
-    rest.remove_prefix(element.size);
+LiteralForm FormOfLiteral(std::string_view literal) {
+  return BeginsNumber(literal) ? FormOfNumber(literal) : FormOfCharacter(literal);
+}
+
+std::string LiteralAdvice(std::string_view literal) {
+  if (!BeginsNumber(literal)) return "write the number of the character";
+  if (literal[0] == '0' && literal.find_first_not_of("0123456789'") == std::string_view::npos) {
+    return R"(numbers that begin with "0" are octal)";
   }
-  const bool isMany = count > (quote == 0 ? 4 : 1);
-  return isMany ? std::max(form, prefix.otherwise) : form;
+  std::string separated(literal);
+  std::replace(separated.begin(), separated.end(), '_', '\'');
+  if (FormOfLiteral(separated) == LiteralForm::Portable) return WriteAdvice(separated);
+  const std::size_t sign = literal.find_first_of("+-");
+  const std::string first(literal.substr(0, sign));
+  if (sign == std::string_view::npos || FormOfLiteral(first) != LiteralForm::Portable) return {};
+  return WriteAdvice("(" + first + ")" + std::string(literal.substr(sign)));
 }
 
 }  // namespace zentho::idlgen

@@ -1,32 +1,34 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace zentho::idlgen {
 
 // What compilers make of literals, by their text alone.
 
-enum class NumberForm : std::uint8_t {
-  Integer,
-  LargeInteger,  ///< Of more than 64 bits.
-  Floating,      ///< The order of its characters is not checked.
-  Invalid
-};
-
-/// Returns the form of a literal that begins with a digit, or with a dot and a digit.
-NumberForm FormOfNumber(std::string_view literal);
-
-enum class CharacterForm : std::uint8_t {
+enum class LiteralForm : std::uint8_t {
   Portable,
-  Unportable,  ///< Some compilers reject it.
+  Unportable,  ///< Some compilers reject it: a character, or a number of more than 64 bits.
+  Floating,    ///< Perhaps a floating-point number. The order of its characters is not checked.
   Invalid
 };
+
+/// Returns whether the text is an integer without a suffix, perhaps with a minus sign, that has
+/// clearly at most 64 bits. Most values are.
+bool IsPlainNumber(std::string_view text);
+
+/// Returns whether a number of C++ can begin like this: with a digit, or with a dot and a digit.
+bool BeginsNumber(std::string_view text);
 
 /// Returns whether a character literal can begin with these letters, which may be none.
 bool IsCharacterPrefix(std::string_view letters);
 
-/// Returns the form of a character literal with its prefix and both quotes.
-CharacterForm FormOfCharacter(std::string_view literal);
+/// Returns what to do about an invalid literal, or nothing.
+std::string LiteralAdvice(std::string_view literal);
+
+/// Returns the form of a number, or of a character with its prefix and both quotes.
+LiteralForm FormOfLiteral(std::string_view literal);
 
 }  // namespace zentho::idlgen

@@ -1,13 +1,16 @@
 #include "check/value.h"
 
-#include <algorithm>
-#include <cstddef>
+#include <array>
 #include <optional>
+#include <string>
+#include <unordered_set>
 #include <utility>
 
 #include "check/literals.h"
-#include "check/value_reader.h"
 #include "check/value_tokens.h"
+#include "words/cpp_words.h"
+#include "words/printable.h"
+#include "words/tables.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -15,53 +18,118 @@ namespace {
 
 using Kind = ValueToken::Kind;
 
-constexpr std::string_view writeNumber = "write the number of the character";
+constexpr auto unaryOperators = Table<std::string_view>({"+", "-", "~", "!", "not", "compl"});
+constexpr auto binaryOperators = Table<std::string_view>(
+    {"+",   "-", "*", "/",  "%",  "&",  "|",  "^",  "<<", ">>",  "bitand", "bitor",
+     "xor", "<", ">", "<=", ">=", "==", "!=", "&&", "||", "and", "or",     "not_eq"});
 
-/// Returns the advice to write a text, if it is short and all of it can be seen.
-std::string WriteAdvice(const std::string& text) {
-  const bool isVisible =
-      std::all_of(text.begin(), text.end(), [](char byte) { return byte > ' ' && byte <= '~'; });
-  return text.size() <= 40 && isVisible ? "write \"" + text + '"' : std::string();
+/// Returns whether the word is no keyword, or one that C++17 does not have.
+bool IsName(std::string_view word) {
+  const Keyword keyword = FindKeyword(word);
+  return keyword == Keyword::None || keyword == Keyword::Cpp20;
 }
 
-/// Returns what to do about an invalid number.
-std::string NumberAdvice(std::string_view number) {
-  if (number[0] == '0' && number.find_first_not_of("0123456789'") == std::string_view::npos) {
-    return R"(numbers that begin with "0" are octal)";
+/// Checks one value, by this grammar:
+///
+///     value   = operand { BINARY operand }
+///     operand = { UNARY | "(" TYPE ")" | "(" NAME ")" } ( LITERAL | NAME | "sizeof" "(" TYPE ")"
+///             | TYPE "(" list ")" | "(" list ")" | call )
+///     list    = value { "," value }
+///     call    = NAME [ "<" ( NAME | LITERAL ) ">" ] "(" ... ")" { "(" ... ")" }
+///
+/// A TYPE is one of C++ whose values are integers. Other casts, calls and commas make the value C++
+/// that is not checked, because what their names mean is not known. What stands in the parentheses
+/// of a call is not read, but ends there. Each function that takes or reads returns whether it
+/// could.
+class ValueCheck {
+ public:
+  ValueCheck(std::string_view value, std::size_t index, const MeaningOf& lookup)
+      : text(value), word(index), meaningOf(lookup), tokens(ValueTokens(value)) {}
+
+  std::vector<Finding> findings();
+
+ private:
+  [[nodiscard]] std::optional<Finding> wrongToken() const;
+  [[nodiscard]] Finding grammarError() const;
+
+  bool readValue();
+  bool readOperand();
+  bool readLiteral();
+  bool readName();
+  bool readItem(std::string_view name);
+  bool readParentheses();
+  bool takeCast();
+  bool takeSizeOfType();
+  [[nodiscard]] std::size_t callBegin() const;
+  bool skipCalls(std::size_t begin);
+  bool skipParentheses();
+
+  [[nodiscard]] bool isIntegerType(std::string_view name) const;
+  [[nodiscard]] bool mayBeCpp(std::string_view name) const;
+
+  [[nodiscard]] std::string_view textAt(std::size_t i) const {
+    return i < tokens.size() ? tokens[i].text : std::string_view();
   }
-  std::string separated(number);
-  std::replace(separated.begin(), separated.end(), '_', '\'');
-  if (FormOfNumber(separated) == NumberForm::Integer) return WriteAdvice(separated);
-  const std::size_t sign = number.find_first_of("+-");
-  const std::string first(number.substr(0, sign));
-  if (sign == std::string_view::npos || FormOfNumber(first) != NumberForm::Integer) return {};
-  return WriteAdvice("(" + first + ")" + std::string(number.substr(sign)));
+  [[nodiscard]] bool isAt(std::size_t i, Kind kind) const {
+    return i < tokens.size() && tokens[i].kind == kind;
+  }
+  bool take(std::string_view sign) {
+    const bool isNext = textAt(position) == sign;
+    if (isNext) ++position;
+    return isNext;
+  }
+  template <std::size_t Size>
+  bool takeAny(const std::array<std::string_view, Size>& operators) {
+    return Contains(operators, textAt(position)) && take(textAt(position));
+  }
+  [[nodiscard]] Finding finding(const Rule& rule, std::string_view part,
+                                std::string advice = {}) const {
+    return {&rule, word, part, std::move(advice)};
+  }
+  void warn(const Rule& rule, std::string_view part) {
+    if (told.insert(part).second) warnings.push_back(finding(rule, part));
+  }
+
+  std::string_view text;
+  std::size_t word;
+  const MeaningOf& meaningOf;
+  std::vector<ValueToken> tokens;
+  std::size_t position = 0;  ///< Of the next token.
+  std::size_t depth = 0;     ///< The number of open parentheses.
+
+  bool isUnchecked = false;
+  std::string_view enumName;  ///< That of an enum where an item should be, if there is one.
+  std::vector<Finding> warnings;
+  std::unordered_set<std::string_view> told;  ///< The texts of the warnings.
+};
+
+std::vector<Finding> ValueCheck::findings() {
+  if (std::optional<Finding> error = wrongToken()) return {*std::move(error)};
+  const bool isValue = readValue() && position == tokens.size();
+  if (!isValue && !enumName.empty()) return {finding(rules::typeAsItem, enumName)};
+  if (!isValue) return {grammarError()};
+  if (isUnchecked) return {finding(rules::uncheckedValue, text)};
+  return std::move(warnings);
 }
 
 /// Returns the error in the first token that is wrong by itself.
-std::optional<ValueFault> WrongToken(std::string_view word, const std::vector<ValueToken>& tokens) {
-  for (const auto& [kind, text] : tokens) {
+std::optional<Finding> ValueCheck::wrongToken() const {
+  for (const auto& [kind, token] : tokens) {
     if (kind == Kind::Forbidden) {
-      const bool isCharacter = text.find('\'') != std::string_view::npos;
-      return ValueFault{&rules::notAValue, word, std::string(isCharacter ? writeNumber : "")};
+      const bool isCharacter = token.find('\'') != std::string_view::npos;
+      return finding(rules::notAValue, text, isCharacter ? LiteralAdvice(token) : std::string());
     }
-    if (kind == Kind::Character && FormOfCharacter(text) == CharacterForm::Invalid) {
-      return ValueFault{&rules::notAValue, text, std::string(writeNumber)};
-    }
-    if (kind == Kind::Number && FormOfNumber(text) == NumberForm::Invalid) {
-      std::string advice = NumberAdvice(text);
-      return ValueFault{&rules::notAValue, advice.empty() ? word : text, std::move(advice)};
-    }
+    if (kind != Kind::Literal || FormOfLiteral(token) != LiteralForm::Invalid) continue;
+    const std::string advice = LiteralAdvice(token);
+    return finding(rules::notAValue, advice.empty() ? text : token, advice);
   }
   return std::nullopt;
 }
 
 /// Returns the error of a value whose tokens do not fit together.
-ValueFault GrammarError(std::string_view word, const std::vector<ValueToken>& tokens,
-                        const NameLookup& kindOf) {
+Finding ValueCheck::grammarError() const {
   const auto isItemPath = [&](std::size_t i) {
-    return i + 2 < tokens.size() && tokens[i].kind == Kind::Name && tokens[i + 1].text == "." &&
-           tokens[i + 2].kind == Kind::Name;
+    return isAt(i, Kind::Name) && textAt(i + 1) == "." && isAt(i + 2, Kind::Name);
   };
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     std::size_t last = i;
@@ -70,41 +138,149 @@ ValueFault GrammarError(std::string_view word, const std::vector<ValueToken>& to
     const std::string_view first = tokens[i].text;
     const std::string_view item = tokens[last].text;
     const auto size = static_cast<std::size_t>(item.data() - first.data()) + item.size();
-    const bool isItem = kindOf(item) == NameKind::Item;
+    const bool isItem = meaningOf(item) == Meaning::Item;
     std::string advice = isItem ? WriteAdvice(std::string(item)) : std::string();
-    return {&rules::notAValue, {first.data(), size}, std::move(advice)};
+    return finding(rules::notAValue, {first.data(), size}, std::move(advice));
   }
-  return {&rules::notAValue, word, {}};
+  return finding(rules::notAValue, text);
 }
 
-/// Returns whether the word is a number of at most 64 bits, as most values are.
-bool IsPlainNumber(std::string_view word) {
-  if (word.size() > 1 && word.front() == '-') word.remove_prefix(1);
-  const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
-  const auto isHexadecimal = [&](char byte) {
-    return isDigit(byte) || ((byte | 0x20) >= 'a' && (byte | 0x20) <= 'f');
-  };
-  if (word.size() > 18) return false;
-  if (word.size() > 2 && word.substr(0, 2) == "0x") {
-    return std::all_of(word.begin() + 2, word.end(), isHexadecimal);
+bool ValueCheck::readValue() {
+  do {
+    if (!readOperand()) return false;
+  } while (takeAny(binaryOperators));
+  return true;
+}
+
+bool ValueCheck::readOperand() {
+  while (takeAny(unaryOperators) || takeCast()) continue;
+  if (textAt(position) == "(") return readParentheses();
+  return isAt(position, Kind::Name) ? readName() : readLiteral();
+}
+
+bool ValueCheck::readLiteral() {
+  const std::string_view literal = textAt(position);
+  if (!isAt(position, Kind::Literal)) return false;
+  const LiteralForm form = FormOfLiteral(literal);
+  if (form == LiteralForm::Unportable) {
+    warn(BeginsNumber(literal) ? rules::tooLarge : rules::wideCharacter, literal);
   }
-  return (word == "0" || word.front() != '0') && std::all_of(word.begin(), word.end(), isDigit);
+  ++position;
+  return form != LiteralForm::Floating;
+}
+
+bool ValueCheck::readName() {
+  if (takeSizeOfType()) return true;
+  if (const std::size_t begin = callBegin(); begin > 0) return skipCalls(begin);
+  const std::string_view name = textAt(position);
+  ++position;
+  if (isIntegerType(name)) return readParentheses();
+  return IsName(name) ? readItem(name) : name == "true" || name == "false";
+}
+
+/// Looks up the name that has been read.
+bool ValueCheck::readItem(std::string_view name) {
+  const Meaning result = meaningOf(name);
+  if (result == Meaning::Type) {
+    if (textAt(position) != ".") enumName = name;
+    return false;
+  }
+  const bool isElsewhere = result == Meaning::Elsewhere && FindKeyword(name) == Keyword::None;
+  if (result != Meaning::Item && !isElsewhere && !IsIntegerMacro(name))
+    warn(rules::notAnItem, name);
+  return true;
+}
+
+bool ValueCheck::readParentheses() {
+  constexpr std::size_t maxDepth = 256;  // That of clang++.
+  if (textAt(position) != "(") return false;
+  if (depth == maxDepth) return skipParentheses();
+  ++depth;
+  do {
+    isUnchecked = isUnchecked || textAt(position) == ",";
+    ++position;
+    if (!readValue()) return false;
+  } while (textAt(position) == ",");
+  --depth;
+  return take(")");
+}
+
+/// Takes the type in `(int)1` or `(X)1`. `(X)-1` is a cast only if X is known to be an enum.
+bool ValueCheck::takeCast() {
+  const std::string_view name = textAt(position + 1);
+  const std::string_view next = textAt(position + 3);
+  const bool isName =
+      textAt(position) == "(" && isAt(position + 1, Kind::Name) && textAt(position + 2) == ")";
+  if (!isName) return false;
+  const bool isBefore =
+      !next.empty() && next != ")" && next != "," && !Contains(binaryOperators, next);
+  const bool isOther = mayBeCpp(name) && (isBefore || meaningOf(name) == Meaning::Type);
+  if (!isOther && !isIntegerType(name)) return false;
+  isUnchecked = isUnchecked || isOther;
+  position += 3;
+  return true;
+}
+
+bool ValueCheck::takeSizeOfType() {
+  const bool isType = textAt(position) == "sizeof" && textAt(position + 1) == "(" &&
+                      IsCppType(textAt(position + 2)) && textAt(position + 3) == ")";
+  if (isType) position += 4;
+  return isType;
+}
+
+/// Returns where the parentheses of a call begin, or 0 if there is no call.
+std::size_t ValueCheck::callBegin() const {
+  const std::string_view name = textAt(position);
+  const bool hasTemplate = textAt(position + 1) == "<" && textAt(position + 3) == ">" &&
+                           (isAt(position + 2, Kind::Name) || isAt(position + 2, Kind::Literal));
+  const std::size_t begin = position + (hasTemplate ? 4 : 1);
+  if (textAt(begin) != "(") return 0;
+  const Keyword keyword = FindKeyword(name);
+  const bool isKeyword = hasTemplate
+                             ? keyword == Keyword::Cast
+                             : keyword == Keyword::Call || name == "float" || name == "double";
+  return isKeyword || mayBeCpp(name) ? begin : 0;
+}
+
+bool ValueCheck::skipCalls(std::size_t begin) {
+  position = begin;
+  while (textAt(position) == "(") {
+    if (!skipParentheses()) return false;
+  }
+  return true;
+}
+
+/// Skips the parentheses that open here, without reading what is in them.
+bool ValueCheck::skipParentheses() {
+  isUnchecked = true;
+  std::size_t open = 0;
+  for (; position < tokens.size(); ++position) {
+    if (textAt(position) == "(") ++open;
+    if (textAt(position) == ")") --open;
+    if (open == 0) return take(")");
+  }
+  return false;
+}
+
+bool ValueCheck::isIntegerType(std::string_view name) const {
+  const bool isFloating = name == "float" || name == "double";
+  return IsCppType(name) && !isFloating && meaningOf(name) != Meaning::Item;
+}
+
+/// Returns whether the name may be a function or a type that C++ does not have by itself.
+bool ValueCheck::mayBeCpp(std::string_view name) const {
+  return IsName(name) && !IsCppType(name) && !IsIntegerMacro(name) &&
+         meaningOf(name) != Meaning::Item;
 }
 
 }  // namespace
 
-std::vector<ValueFault> CheckValue(std::string_view word, const NameLookup& kindOf,
-                                   bool hasIntegerMacros) {
+std::vector<Finding> CheckValue(std::string_view text, std::size_t word,
+                                const MeaningOf& meaningOf) {
   const bool isPlain =
-      IsPlainNumber(word) || (IsIdentifier(word) && kindOf(word) == NameKind::Item);
+      IsPlainNumber(text) || (IsIdentifier(text) && meaningOf(text) == Meaning::Item);
   if (isPlain) return {};
-  const std::vector<ValueToken> tokens = ValueTokens(word);
-  if (std::optional<ValueFault> fault = WrongToken(word, tokens)) return {std::move(*fault)};
-  ValueReading reading = ReadValue(tokens, kindOf, hasIntegerMacros);
-  if (!reading.isValue && reading.typeError.has_value()) return {*std::move(reading.typeError)};
-  if (!reading.isValue) return {GrammarError(word, tokens, kindOf)};
-  if (reading.isUnchecked) return {{&rules::uncheckedValue, word, {}}};
-  return std::move(reading.warnings);
+  return ValueCheck(text, word, meaningOf).findings();
 }
 
 }  // namespace zentho::idlgen

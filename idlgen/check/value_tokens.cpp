@@ -13,10 +13,6 @@ namespace {
 
 using Kind = ValueToken::Kind;
 
-bool BeginsWithDigit(std::string_view text) {
-  return !text.empty() && text.front() >= '0' && text.front() <= '9';
-}
-
 /// Returns the size of the characters of a name at the beginning of the text.
 std::size_t NameSize(std::string_view text) {
   std::size_t size = 0;
@@ -52,49 +48,35 @@ std::size_t CharacterSize(std::string_view text, std::size_t quote) {
   return 0;
 }
 
-/// Signs that C++ reads as one token. Longer ones come first.
-constexpr auto longSigns = Table<std::string_view>(
-    {"<=>", "<<=", ">>=", "->*", "...", "==", "!=", "<=", ">=", "<<", ">>", "&&", "||", "->", ".*",
-     "++",  "--",  "+=",  "-=",  "*=",  "/=", "%=", "^=", "&=", "|=", "//", "/*", "<%", "%>"});
+/// Signs that C++ reads as one token, and that no value contains. Others, such as `->` and `<<=`,
+/// are read as two that do not fit together.
+constexpr auto forbiddenSigns = Table<std::string_view>({"++", "--", "//", "/*", "<%", "%>"});
+constexpr auto longSigns =
+    Table<std::string_view>({"<<", ">>", "<=", ">=", "==", "!=", "&&", "||"});
+constexpr std::string_view shortSigns = "+-*/%&|^<>~!.,()";
 
-std::string_view SignAt(std::string_view text) {
-  if (text.size() < 2 || std::string_view("=<>&|+-*/%.").find(text[1]) == std::string_view::npos) {
-    return text.substr(0, 1);
-  }
-  const auto* const sign =
-      std::find_if(longSigns.begin(), longSigns.end(),
-                   [&](std::string_view row) { return text.substr(0, row.size()) == row; });
-  return text.substr(0, sign == longSigns.end() ? 1 : sign->size());
-}
-
-bool IsAllowed(std::string_view sign) {
-  if (sign.size() == 1)
-    return std::string_view("+-*/%&|^<>~!.,()[]").find(sign) != std::string_view::npos;
-  constexpr auto forbidden = Table<std::string_view>({"++", "--", "//", "/*", "<%", "%>"});
-  constexpr auto comparisons = Table<std::string_view>({"==", "!=", "<=", ">=", "<=>"});
-  const auto isIn = [&](const auto& signs) {
-    return std::find(signs.begin(), signs.end(), sign) != signs.end();
-  };
-  return sign.back() == '=' ? isIn(comparisons) : !isIn(forbidden);
+ValueToken FirstSign(std::string_view text) {
+  const std::string_view both = text.substr(0, 2);
+  if (Contains(forbiddenSigns, both)) return {Kind::Forbidden, both};
+  if (Contains(longSigns, both)) return {Kind::Sign, both};
+  const bool isAllowed = shortSigns.find(text.front()) != std::string_view::npos;
+  return {isAllowed ? Kind::Sign : Kind::Forbidden, text.substr(0, 1)};
 }
 
 ValueToken FirstToken(std::string_view text) {
   const auto token = [&](Kind kind, std::size_t size) {
     return ValueToken{kind, text.substr(0, size)};
   };
-  if (BeginsWithDigit(text) || (text.front() == '.' && BeginsWithDigit(text.substr(1)))) {
-    return token(Kind::Number, NumberSize(text));
-  }
+  if (BeginsNumber(text)) return token(Kind::Literal, NumberSize(text));
   const std::size_t name = NameSize(text);
   if (text.substr(name, 1) == "'" && IsCharacterPrefix(text.substr(0, name))) {
     const std::size_t size = CharacterSize(text, name);
     // To C++, letters after a literal belong to it.
     const bool isWhole = size > 0 && NameSize(text.substr(size)) == 0;
-    return token(isWhole ? Kind::Character : Kind::Forbidden, isWhole ? size : text.size());
+    return token(isWhole ? Kind::Literal : Kind::Forbidden, isWhole ? size : text.size());
   }
   if (name > 0) return token(Kind::Name, name);
-  const std::string_view sign = SignAt(text);
-  return {IsAllowed(sign) ? Kind::Sign : Kind::Forbidden, sign};
+  return FirstSign(text);
 }
 
 }  // namespace
@@ -109,35 +91,6 @@ std::vector<ValueToken> ValueTokens(std::string_view word) {
     word.remove_prefix(token.text.size());
   }
   return tokens;
-}
-
-std::size_t ParenthesesEnd(const std::vector<ValueToken>& tokens, std::size_t begin) {
-  std::size_t open = 0;
-  for (std::size_t i = begin; i < tokens.size(); ++i) {
-    if (tokens[i].text == "(") ++open;
-    if (tokens[i].text == ")" && open > 0) --open;
-    if (open == 0) return i == begin ? noToken : i + 1;
-  }
-  return noToken;
-}
-
-std::size_t AngleBracketsEnd(const std::vector<ValueToken>& tokens, std::size_t begin) {
-  std::size_t open = 0;
-  std::size_t i = begin;
-  while (i < tokens.size()) {
-    const std::string_view text = tokens[i].text;
-    if (text == "(") {
-      i = ParenthesesEnd(tokens, i);
-      continue;
-    }
-    ++i;
-    if (text == "<") ++open;
-    const std::size_t closed = text == ">" ? 1 : text == ">>" ? 2 : 0;
-    if (open == 0 || closed > open || text == ")") return noToken;
-    open -= closed;
-    if (open == 0) return i;
-  }
-  return noToken;
 }
 
 }  // namespace zentho::idlgen

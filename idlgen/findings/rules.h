@@ -167,8 +167,6 @@ inline constexpr Rule tooLarge{warning, R"("%" has more than 64 bits)"};
 inline constexpr Rule wideCharacter{warning,
                                     R"(%: some compilers reject this character: write its number)"};
 inline constexpr Rule uncheckedValue{warning, R"("%" is C++ and is copied unchecked)"};
-inline constexpr Rule unusableType{
-    error, R"("%" cannot be used in a value: of the types in this file, only the enums above can)"};
 inline constexpr Rule typeAsItem{error, R"("%" is a type, not an item)"};
 inline constexpr Rule notAnItem{warning, R"("%" is not an item above)", {}, Hint::ItemValue, true};
 

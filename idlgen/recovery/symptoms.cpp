@@ -227,10 +227,9 @@ std::string_view OddCharacter(std::string_view text) {
 
 /// Returns whether the word is a value if all names in it are items.
 bool IsValue(std::string_view word) {
-  const auto faults = CheckValue(
-      word, [](std::string_view) { return NameKind::Elsewhere; }, true);
-  return std::none_of(faults.begin(), faults.end(), [](const ValueFault& fault) {
-    return fault.rule->severity == Severity::Error;
+  const auto found = CheckValue(word, noWord, [](std::string_view) { return Meaning::Elsewhere; });
+  return std::none_of(found.begin(), found.end(), [](const Finding& finding) {
+    return finding.rule->severity == Severity::Error;
   });
 }
 

@@ -22,12 +22,12 @@ constexpr bool operator<(const KeywordRow& a, const KeywordRow& b) {
 inline constexpr auto keywords = Table<KeywordRow>({
     {"alignas", Keyword::Other},
     {"alignof", Keyword::Call},
-    {"and", Keyword::Operator},
+    {"and", Keyword::Other},
     {"and_eq", Keyword::Other},
     {"asm", Keyword::Other},
     {"auto", Keyword::Other},
-    {"bitand", Keyword::Operator},
-    {"bitor", Keyword::Operator},
+    {"bitand", Keyword::Other},
+    {"bitor", Keyword::Other},
     {"bool", Keyword::Type},
     {"break", Keyword::Other},
     {"case", Keyword::Other},
@@ -40,7 +40,7 @@ inline constexpr auto keywords = Table<KeywordRow>({
     {"co_await", Keyword::Cpp20},
     {"co_return", Keyword::Cpp20},
     {"co_yield", Keyword::Cpp20},
-    {"compl", Keyword::Operator},
+    {"compl", Keyword::Other},
     {"concept", Keyword::Cpp20},
     {"const", Keyword::Other},
     {"const_cast", Keyword::Cast},
@@ -59,7 +59,7 @@ inline constexpr auto keywords = Table<KeywordRow>({
     {"explicit", Keyword::Other},
     {"export", Keyword::Other},
     {"extern", Keyword::Other},
-    {"false", Keyword::Literal},
+    {"false", Keyword::Other},
     {"float", Keyword::Type},
     {"for", Keyword::Other},
     {"friend", Keyword::Other},
@@ -72,11 +72,11 @@ inline constexpr auto keywords = Table<KeywordRow>({
     {"namespace", Keyword::Other},
     {"new", Keyword::Other},
     {"noexcept", Keyword::Call},
-    {"not", Keyword::Operator},
-    {"not_eq", Keyword::Operator},
+    {"not", Keyword::Other},
+    {"not_eq", Keyword::Other},
     {"nullptr", Keyword::Other},
     {"operator", Keyword::Other},
-    {"or", Keyword::Operator},
+    {"or", Keyword::Other},
     {"or_eq", Keyword::Other},
     {"private", Keyword::Other},
     {"protected", Keyword::Other},
@@ -97,7 +97,7 @@ inline constexpr auto keywords = Table<KeywordRow>({
     {"this", Keyword::Other},
     {"thread_local", Keyword::Other},
     {"throw", Keyword::Other},
-    {"true", Keyword::Literal},
+    {"true", Keyword::Other},
     {"try", Keyword::Other},
     {"typedef", Keyword::Other},
     {"typeid", Keyword::Call},
@@ -110,7 +110,7 @@ inline constexpr auto keywords = Table<KeywordRow>({
     {"volatile", Keyword::Other},
     {"wchar_t", Keyword::Type},
     {"while", Keyword::Other},
-    {"xor", Keyword::Operator},
+    {"xor", Keyword::Other},
     {"xor_eq", Keyword::Other},
 });
 static_assert(IsSorted(keywords));
@@ -160,11 +160,5 @@ inline constexpr auto integerMacros = Table<std::string_view>(
      "UINT_FAST8_MAX",  "UINT_LEAST16_MAX", "UINT_LEAST32_MAX", "UINT_LEAST64_MAX",
      "UINT_LEAST8_MAX"});
 static_assert(IsSorted(integerMacros));
-
-/// The macros of <cstdint> that take a literal, as in `INT64_C(1)`.
-inline constexpr auto literalMacros =
-    Table<std::string_view>({"INT16_C", "INT32_C", "INT64_C", "INT8_C", "INTMAX_C", "UINT16_C",
-                             "UINT32_C", "UINT64_C", "UINT8_C", "UINTMAX_C"});
-static_assert(IsSorted(literalMacros));
 
 }  // namespace zentho::idlgen

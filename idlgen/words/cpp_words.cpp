@@ -26,10 +26,6 @@ bool IsIntegerMacro(std::string_view word) {
   return Contains(integerMacros, word);
 }
 
-bool IsLiteralMacro(std::string_view word) {
-  return Contains(literalMacros, word);
-}
-
 bool IsReserved(std::string_view name) {
   if (name.size() < 2 || name[0] != '_') return false;
   return name[1] == '_' || (name[1] >= 'A' && name[1] <= 'Z');

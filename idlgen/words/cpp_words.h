@@ -8,11 +8,9 @@ namespace zentho::idlgen {
 /// What a word is to C++, if it is a keyword.
 enum class Keyword : std::uint8_t {
   None,
-  Type,      ///< A fundamental type, such as `int`.
-  Literal,   ///< `true` or `false`.
-  Call,      ///< Followed by something in parentheses, such as `sizeof`.
-  Cast,      ///< Followed by a type in angle brackets, such as `static_cast`.
-  Operator,  ///< Another word for an operator, such as `and`.
+  Type,  ///< A fundamental type, such as `int`.
+  Call,  ///< Followed by something in parentheses, such as `sizeof`.
+  Cast,  ///< Followed by a type in angle brackets, such as `static_cast`.
   Other,
   Cpp20  ///< Not before C++20.
 };
@@ -29,9 +27,6 @@ bool IsLibraryType(std::string_view type);
 
 /// Returns whether the word is a macro of <cstdint> that stands for a number, such as `INT8_MAX`.
 bool IsIntegerMacro(std::string_view word);
-
-/// Returns whether the word is a macro of <cstdint> that takes a literal, such as `INT8_C`.
-bool IsLiteralMacro(std::string_view word);
 
 /// Returns whether the name begins with "__", or with "_" and a capital letter.
 bool IsReserved(std::string_view name);

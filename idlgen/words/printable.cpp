@@ -1,5 +1,6 @@
 #include "words/printable.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -51,6 +52,12 @@ std::string Shortened(std::string_view text) {
   const std::size_t shown =
       text.size() <= maxShownSize ? text.size() : CharacterBegin(text, maxShownSize);
   return Printable(text.substr(0, shown)) + (shown < text.size() ? "..." : "");
+}
+
+std::string WriteAdvice(const std::string& text) {
+  const bool isVisible =
+      std::all_of(text.begin(), text.end(), [](char byte) { return byte > ' ' && byte <= '~'; });
+  return text.size() <= 40 && isVisible ? "write \"" + text + '"' : std::string();
 }
 
 std::string Quoted(std::string_view text) {
