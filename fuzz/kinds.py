@@ -237,19 +237,21 @@ KINDS = [
     # Values.
     Kind("no value", ERROR, VALUE, ANY, words(
         """08 0x 1.5 = "a" nullptr 0b2 1_000 10k 12abc 0x1G 'a '' 1} (1 1) - 1+ + 1''0 1' 1e3 1. .5
-        0x1p3 1<< 1; 1, 1,2 ; , 1i 1lL ‘a’ )1( 1lul 1uu 0x1e+1 true(1) (int) sizeof() (float)1
-        float(1) static_cast<int>1 sizeof<1 int8_t+1 u8'ab' u'ab' U'ab' L'\\u1' 'a'or(1) 1?2 --1
-        ++1 size_t int Mode.IDLE E.A (E::A)""")),
+        0x1p3 1<< 1; 1, 1,2 ; , 1i 1lL ‘a’ )1( 1lul 1uu 0x1e+1 true(1) (int) (float)1
+        static_cast<int>1 sizeof<1 int8_t+1 u8'ab' u'ab' U'ab' L'\\u1' 'a'or(1) 1?2 --1 ++1 size_t
+        int Mode.IDLE E.A (E::A)""")),
     Kind("character in a value", FORM, VALUE, ANY, words(
         "1\xa0 \u200b1 1\t \t1 1\r 1\x0c 1\x01 1\u3000 \u16801 1\u180e a.B\r")),
     Kind("odd value", FORM, VALUE, ANY, words(
-        r"1,D=7 0};inline/**/int/**/x=7;enum/**/G<%D=1 1/**/ 1\ 1,D 1<%2")),
+        r"""1,D=7 0};inline/**/int/**/x=7;enum/**/G<%D=1 1/**/ 1\ 1,D 1<%2 f<1,D>(2) f(R"(") f(1;2)
+        f(<%) sizeof+1 int(1.5) 1.5<2 int()""")),
+    Kind("values that end one in another", FORM, ITEM, ANY, [
+        'A: @sizeof(R"x(") B: @(")x")', "A: @f(' B: @')", "A: @(1 B: @2)", "A: @f(1/* B: @*/2)"]),
     Kind("no value of an item", ERROR, ITEM, ANY, [
         "A: 1 B: @(A)1", "A: 1 B: @A(1)", "A: 1 B: @A++", "A: 1 B: @&A", "A: 1 B: @*A",
         "A: 1 B: @A?A", "A: @sizeof(int", "A: 1 B: @A=1"]),
-    Kind("no value of a type", ERROR, STATEMENT, ANY, [
-        "enum E { A: @sizeof(E) }", "enum E { A: @E(0) }", "enum E { A: @(E)1 }"]),
-    Kind("no value of a type below", ERROR, STATEMENT, ALONE, [
+    Kind("value of a type", WARNING, STATEMENT, ANY, [
+        "enum E { A: @sizeof(E) }", "enum E { A: @E(0) }", "enum E { A: @(E)1 }",
         ("message P { }", "enum E { A: @sizeof(P) }"),
         ("enum E { A: @(F)1 }", "enum F { B: 1 }")]),
     Kind("name of no item", WARNING, VALUE, ALONE, words(
@@ -265,20 +267,24 @@ KINDS = [
     Kind("cast or size", VALID, STATEMENT, ANY, [
         "enum E { A: (int)1 B: int(3) C: (unsigned)-1 D: sizeof(int) F: (A)-1 G: (A)+1 }",
         "enum E { A: bool(1) B: (char)65 C: (size_t)1 D: sizeof(int8_t) F: unsigned(7) }",
-        ("enum E { A: 1 }", "enum F { B: (E)1 C: E(0) D: sizeof(E) G: (A)&1 H: (A)*2 I: (E)-1 }"),
+        ("enum E { A: 1 }", "enum F { G: (A)&1 H: (A)*2 }"),
         "enum E { A: not(1) B: compl(0) C: !(1) D: ((A)) F: A<B G: A==1 H: A!=B }"]),
     Kind("rare C++ as a value", COPIED, VALUE, ANY, words(
-        "'??' '?' '++' sizeof+1 static_cast<int>(1) alignof(int) noexcept(1) (1,2) L'é' u'é'")),
-    Kind("rare C++ as a value, perhaps not accepted", WARNING, VALUE, ALONE, words(
-        "f(1) g(1,2)")),
+        "'??' '?' '++' static_cast<int>(1) alignof(int) noexcept(1) (1,2) L'é' u'é'"
+        " sizeof(sizeof(int)) decltype(1)(2)")),
+    Kind("cast to an enum as a value", COPIED, STATEMENT, ANY, [
+        ("enum E { A: 1 }", "enum F { B: (E)1 C: E(0) D: sizeof(E) I: (E)-1 }")]),
+    Kind("rare C++ as a value, perhaps not accepted", WARNING, VALUE, ANY, words(
+        "f(1) g(1,2) f<1>(2) float(1) sizeof()")),
     Kind("character of some compilers", WARNING, VALUE, ANY, words(r"'\400' '\xffff' L'ab' 'é'")),
-    Kind("macro of a limit", VALID, STATEMENT, ANY, [
+    Kind("macro of a limit as a value", VALID, STATEMENT, ANY, [
         ("message P { x: int8 }", "enum E { A: UINT32_MAX B: INT8_MIN C: INT_LEAST16_MAX }"),
-        ("message P { x: [uint8] }", "enum E { A: INT8_C(3) B: UINT64_C(0x10) C: INTMAX_C(1) }"),
         ("message P { x: int64 }",
          "enum E { A: SIZE_MAX B: PTRDIFF_MIN C: UINTPTR_MAX D: INT_FAST8_MAX }")]),
-    Kind("macro of a limit, without an integer", WARNING, STATEMENT, NOTHING, [
-        "enum E { A: @UINT32_MAX }", ("message P { x: string }", "enum E { A: @INT8_C(3) }")]),
+    Kind("macro of a literal as a value", COPIED, STATEMENT, ANY, [
+        ("message P { x: [uint8] }", "enum E { A: INT8_C(3) B: UINT64_C(0x10) C: INTMAX_C(1) }")]),
+    Kind("macro of a limit as a value, without an integer", UNSEEN, STATEMENT, NOTHING, [
+        "enum E { A: UINT32_MAX }"]),
     Kind("spaces in a value", ERROR, ITEM_LINE, ANY, ["A: 1 @<< 2", "A: 1 @| 2", "A: 1 @+: @B"]),
     Kind("equals sign", ERROR, ITEM_LINE, ANY, [
         "@A @= @1 @B @= @2", "@A=1 @B=2", "A: @=1", "@A=: 1", "@A=1", "@A= @1"]),
