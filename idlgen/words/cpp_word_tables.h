@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "words/cpp_words.h"
@@ -10,6 +12,27 @@ namespace zentho::idlgen {
 // The words that the functions of cpp_words.h know. All tables are sorted. cpp_words_test.cpp
 // compares them with the compiler.
 
+inline constexpr auto typeKeywords =
+    Table<std::string_view>({"bool", "char", "char16_t", "char32_t", "double", "float", "int",
+                             "long", "short", "signed", "unsigned", "wchar_t"});
+inline constexpr auto callKeywords =
+    Table<std::string_view>({"alignof", "decltype", "noexcept", "sizeof", "typeid"});
+inline constexpr auto castKeywords =
+    Table<std::string_view>({"const_cast", "dynamic_cast", "reinterpret_cast", "static_cast"});
+inline constexpr auto laterKeywords =
+    Table<std::string_view>({"char8_t", "co_await", "co_return", "co_yield", "concept", "consteval",
+                             "constinit", "requires"});
+inline constexpr auto otherKeywords = Table<std::string_view>(
+    {"alignas",      "and",     "and_eq",        "asm",      "auto",      "bitand",   "bitor",
+     "break",        "case",    "catch",         "class",    "compl",     "const",    "constexpr",
+     "continue",     "default", "delete",        "do",       "else",      "enum",     "explicit",
+     "export",       "extern",  "false",         "for",      "friend",    "goto",     "if",
+     "inline",       "mutable", "namespace",     "new",      "not",       "not_eq",   "nullptr",
+     "operator",     "or",      "or_eq",         "private",  "protected", "public",   "register",
+     "return",       "static",  "static_assert", "struct",   "switch",    "template", "this",
+     "thread_local", "throw",   "true",          "try",      "typedef",   "typename", "union",
+     "using",        "virtual", "void",          "volatile", "while",     "xor",      "xor_eq"});
+
 struct KeywordRow {
   std::string_view word;
   Keyword kind;
@@ -19,100 +42,28 @@ constexpr bool operator<(const KeywordRow& a, const KeywordRow& b) {
   return a.word < b.word;
 }
 
-inline constexpr auto keywords = Table<KeywordRow>({
-    {"alignas", Keyword::Other},
-    {"alignof", Keyword::Call},
-    {"and", Keyword::Other},
-    {"and_eq", Keyword::Other},
-    {"asm", Keyword::Other},
-    {"auto", Keyword::Other},
-    {"bitand", Keyword::Other},
-    {"bitor", Keyword::Other},
-    {"bool", Keyword::Type},
-    {"break", Keyword::Other},
-    {"case", Keyword::Other},
-    {"catch", Keyword::Other},
-    {"char", Keyword::Type},
-    {"char16_t", Keyword::Type},
-    {"char32_t", Keyword::Type},
-    {"char8_t", Keyword::Cpp20},
-    {"class", Keyword::Other},
-    {"co_await", Keyword::Cpp20},
-    {"co_return", Keyword::Cpp20},
-    {"co_yield", Keyword::Cpp20},
-    {"compl", Keyword::Other},
-    {"concept", Keyword::Cpp20},
-    {"const", Keyword::Other},
-    {"const_cast", Keyword::Cast},
-    {"consteval", Keyword::Cpp20},
-    {"constexpr", Keyword::Other},
-    {"constinit", Keyword::Cpp20},
-    {"continue", Keyword::Other},
-    {"decltype", Keyword::Call},
-    {"default", Keyword::Other},
-    {"delete", Keyword::Other},
-    {"do", Keyword::Other},
-    {"double", Keyword::Type},
-    {"dynamic_cast", Keyword::Cast},
-    {"else", Keyword::Other},
-    {"enum", Keyword::Other},
-    {"explicit", Keyword::Other},
-    {"export", Keyword::Other},
-    {"extern", Keyword::Other},
-    {"false", Keyword::Other},
-    {"float", Keyword::Type},
-    {"for", Keyword::Other},
-    {"friend", Keyword::Other},
-    {"goto", Keyword::Other},
-    {"if", Keyword::Other},
-    {"inline", Keyword::Other},
-    {"int", Keyword::Type},
-    {"long", Keyword::Type},
-    {"mutable", Keyword::Other},
-    {"namespace", Keyword::Other},
-    {"new", Keyword::Other},
-    {"noexcept", Keyword::Call},
-    {"not", Keyword::Other},
-    {"not_eq", Keyword::Other},
-    {"nullptr", Keyword::Other},
-    {"operator", Keyword::Other},
-    {"or", Keyword::Other},
-    {"or_eq", Keyword::Other},
-    {"private", Keyword::Other},
-    {"protected", Keyword::Other},
-    {"public", Keyword::Other},
-    {"register", Keyword::Other},
-    {"reinterpret_cast", Keyword::Cast},
-    {"requires", Keyword::Cpp20},
-    {"return", Keyword::Other},
-    {"short", Keyword::Type},
-    {"signed", Keyword::Type},
-    {"sizeof", Keyword::Call},
-    {"static", Keyword::Other},
-    {"static_assert", Keyword::Other},
-    {"static_cast", Keyword::Cast},
-    {"struct", Keyword::Other},
-    {"switch", Keyword::Other},
-    {"template", Keyword::Other},
-    {"this", Keyword::Other},
-    {"thread_local", Keyword::Other},
-    {"throw", Keyword::Other},
-    {"true", Keyword::Other},
-    {"try", Keyword::Other},
-    {"typedef", Keyword::Other},
-    {"typeid", Keyword::Call},
-    {"typename", Keyword::Other},
-    {"union", Keyword::Other},
-    {"unsigned", Keyword::Type},
-    {"using", Keyword::Other},
-    {"virtual", Keyword::Other},
-    {"void", Keyword::Other},
-    {"volatile", Keyword::Other},
-    {"wchar_t", Keyword::Type},
-    {"while", Keyword::Other},
-    {"xor", Keyword::Other},
-    {"xor_eq", Keyword::Other},
-});
+/// Returns all of them in alphabetical order.
+constexpr auto SortedKeywords() {
+  std::array<KeywordRow, typeKeywords.size() + callKeywords.size() + castKeywords.size() +
+                             laterKeywords.size() + otherKeywords.size()>
+      rows{};
+  std::size_t count = 0;
+  const auto add = [&](const auto& words, Keyword kind) {
+    for (const std::string_view word : words) {
+      std::size_t i = count++;
+      for (; i > 0 && word < rows[i - 1].word; --i) rows[i] = rows[i - 1];
+      rows[i] = {word, kind};
+    }
+  };
+  add(typeKeywords, Keyword::Type);
+  add(callKeywords, Keyword::Call);
+  add(castKeywords, Keyword::Cast);
+  add(laterKeywords, Keyword::Cpp20);
+  add(otherKeywords, Keyword::Other);
+  return rows;
+}
+
+inline constexpr auto keywords = SortedKeywords();
 static_assert(IsSorted(keywords));
 
 /// The types of <cstdint> and <cstddef>.
