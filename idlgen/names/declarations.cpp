@@ -6,9 +6,10 @@
 
 namespace zentho::idlgen {
 
-const Declaration* Namespace::first(std::string_view wanted) const {
-  const auto found = names.find(wanted);
-  return found == names.end() ? nullptr : found->second;
+const Chain& Namespace::chain(std::string_view wanted) const {
+  static const Chain none;
+  const auto found = chains.find(wanted);
+  return found == chains.end() ? none : found->second;
 }
 
 const Namespace* Namespace::inner(std::string_view wanted) const {
@@ -67,15 +68,16 @@ Namespace& Declarations::enterNamespace(File& file) {
 }
 
 void Declarations::declare(Namespace& space, const File& file, std::size_t word) {
+  const std::string_view name = file.words().text(word);
   const Role role = file.words().role(word);
-  Declaration** last = &space.names[file.words().text(word)];
-  while (*last != nullptr) {
-    const bool isItem = role == Role::ItemName;
-    if ((*last)->file == &file && (*last)->isItem() == isItem) return;
-    last = &(*last)->next;
-  }
-  *last =
-      &declarations.emplace_back(Declaration{file.words().text(word), role, &file, word, &space});
+  Chain& chain = space.chains[name];
+  Declaration*& lastOfKind = role == Role::ItemName ? chain.lastItem : chain.lastRecord;
+  if (lastOfKind != nullptr && lastOfKind->file == &file) return;
+  Declaration& declaration =
+      declarations.emplace_back(Declaration{name, role, &file, word, &space});
+  (chain.first == nullptr ? chain.first : chain.last->next) = &declaration;
+  chain.last = lastOfKind = &declaration;
+  ++chain.size;
 }
 
 /// Finds the includes among the words, and whether all of them lead to files that are checked.
@@ -98,7 +100,7 @@ void Declarations::findIncludes(File& file) {
 
 bool Declarations::hasItem(std::string_view name) const {
   return std::any_of(spaces.begin(), spaces.end(), [&](const Namespace& space) {
-    return FirstThat(space.first(name), [](const Declaration& declaration) {
+    return FirstThat(space.chain(name).first, [](const Declaration& declaration) {
              return declaration.isItem() && declaration.file != nullptr;
            }) != nullptr;
   });
@@ -108,7 +110,7 @@ const std::vector<Clash>& Declarations::clashes() const {
   if (knownClashes.has_value()) return *knownClashes;
   std::vector<Clash>& clashes = knownClashes.emplace();
   for (const Declaration& declaration : declarations) {
-    if (declaration.space->first(declaration.name) != &declaration) continue;
+    if (declaration.space->chain(declaration.name).first != &declaration) continue;
     const Namespace* const inner = declaration.space->inner(declaration.name);
     if (declaration.next != nullptr || inner != nullptr) clashes.push_back({&declaration, inner});
   }

@@ -30,22 +30,31 @@ struct Declaration {
   [[nodiscard]] bool isType() const { return role == Role::EnumName || role == Role::MessageName; }
 };
 
-/// Returns the first one of a chain of declarations for which this holds, or nullptr.
+/// Returns the first declaration of the rest of a chain for which this holds, or nullptr.
 template <typename Predicate>
 const Declaration* FirstThat(const Declaration* declaration, const Predicate& holds) {
   while (declaration != nullptr && !holds(*declaration)) declaration = declaration->next;
   return declaration;
 }
 
+/// The chain of the declarations of one name in one namespace.
+struct Chain {
+  Declaration* first = nullptr;
+  Declaration* last = nullptr;
+  Declaration* lastRecord = nullptr;
+  Declaration* lastItem = nullptr;
+  std::size_t size = 0;
+};
+
 /// A namespace into which files declare names.
 struct Namespace {
   std::string_view name;  ///< Empty for the global one.
   std::size_t number;
-  std::unordered_map<std::string_view, Declaration*> names = {};  ///< The first declarations.
+  std::unordered_map<std::string_view, Chain> chains = {};
   std::unordered_map<std::string_view, Namespace*> nested = {};
 
-  /// Returns the first declaration of a name, or nullptr.
-  [[nodiscard]] const Declaration* first(std::string_view wanted) const;
+  /// Returns the declarations of a name, which may be none.
+  [[nodiscard]] const Chain& chain(std::string_view wanted) const;
 
   /// Returns the namespace of this name inside, or nullptr.
   [[nodiscard]] const Namespace* inner(std::string_view wanted) const;

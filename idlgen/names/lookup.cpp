@@ -214,7 +214,7 @@ bool Lookup::hasRecord(std::string_view name) const {
 
 std::size_t Lookup::ownWord(std::string_view name, bool isItem) const {
   const Declaration* const own =
-      FirstThat(namespaces.back()->first(name), [&](const Declaration& declaration) {
+      FirstThat(namespaces.back()->chain(name).first, [&](const Declaration& declaration) {
         return declaration.file == &file && declaration.isItem() == isItem;
       });
   return own == nullptr ? noWord : own->word;

@@ -6,7 +6,8 @@
 namespace zentho::idlgen {
 
 View::View(const Declarations& allDeclarations, const File& fileThatLooks)
-    : file(&fileThatLooks),
+    : declarations(allDeclarations),
+      file(&fileThatLooks),
       sees(allDeclarations.allFiles().size()),
       seesNamespace(allDeclarations.countNamespaces()) {
   see(fileThatLooks);

@@ -39,14 +39,25 @@ class View {
   template <typename Predicate>
   [[nodiscard]] const Declaration* find(const Namespace& space, std::string_view name,
                                         const Predicate& holds) const {
-    return FirstThat(space.first(name), [&](const Declaration& declaration) {
+    const Chain& chain = space.chain(name);
+    const auto isMeant = [&](const Declaration& declaration) {
       return has(declaration.file) && holds(declaration);
-    });
+    };
+    if (!included.empty() || chain.size <= file->end - file->begin) {
+      return FirstThat(chain.first, isMeant);
+    }
+    // Many files that are not seen declare the name.
+    for (std::size_t i = file->begin; i < file->end; ++i) {
+      const Declaration& own = declarations.all()[i];
+      if (own.name == name && own.space == &space && holds(own)) return &own;
+    }
+    return nullptr;
   }
 
  private:
   void see(const File& other);
 
+  const Declarations& declarations;
   const File* file;
   bool isIncluded = false;  ///< Whether one of the others includes the user.
   std::vector<const File*> included;
