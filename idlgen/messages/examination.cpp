@@ -40,14 +40,14 @@ const Recovery* Examination::examine(SourceFile& file) {
 
 std::string Examination::typeAdvice(const SourceFile& file, std::string_view type) {
   const File& user = declarations->fileOf(file);
-  const KnownTypes types(*declarations, user);
-  const std::vector<const File*> others = types.filesThatDeclare(type);
+  const KnownTypes known(*declarations, user);
+  const std::vector<const File*> others = known.filesThatDeclare(type);
   for (const File* const other : others) {                 // Never if the file is alone.
     if (View(*declarations, *other).has(&user)) continue;  // It would be a cycle.
     const std::string included = sources->includePath(file, *other->source);
     if (!included.empty()) return "is " + Quoted(included) + " to be included?";
   }
-  return others.empty() ? DidYouMean(types.mostSimilar(type)) : std::string();
+  return others.empty() ? DidYouMean(known.mostSimilar(type)) : std::string();
 }
 
 }  // namespace zentho::idlgen

@@ -12,7 +12,8 @@ View::View(const Declarations& allDeclarations, const File& fileThatLooks)
       seesNamespace(allDeclarations.countNamespaces()) {
   see(fileThatLooks);
   // No recursion, because a chain of files may be long. The user is on the list if it is included.
-  for (std::size_t next = 0; next < included.size(); ++next) see(*included[next]);
+  std::size_t next = 0;
+  while (next < included.size()) see(*included[next++]);
   isIncluded = sees[file->number] != 0;
   if (isIncluded) included.erase(std::find(included.begin(), included.end(), file));
   sees[file->number] = 1;

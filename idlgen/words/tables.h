@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -25,11 +26,8 @@ constexpr bool IsSorted(const std::array<Row, Size>& table) {
 
 /// Returns whether the value is one of the rows.
 template <typename Row, std::size_t Size, typename Value>
-constexpr bool Contains(const std::array<Row, Size>& table, const Value& value) {
-  for (const Row& row : table) {
-    if (row == value) return true;
-  }
-  return false;
+bool Contains(const std::array<Row, Size>& table, const Value& value) {
+  return std::find(table.begin(), table.end(), value) != table.end();
 }
 
 }  // namespace zentho::idlgen
