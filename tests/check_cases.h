@@ -27,10 +27,6 @@ struct CheckCase {
   std::vector<Told> expected;
 };
 
-inline bool StartsWith(const std::string& text, const std::string& start) {
-  return text.rfind(start, 0) == 0;
-}
-
 /// Called by GoogleTest if a test of the case has failed.
 inline void PrintTo(const CheckCase& test, std::ostream* output) {
   for (const auto& [path, text] : test.files) {
@@ -40,45 +36,30 @@ inline void PrintTo(const CheckCase& test, std::ostream* output) {
   }
 }
 
-inline void appendCheckCases(const std::string& name, std::vector<CheckCase>& cases) {
-  std::istringstream lines(Data(name + ".idl"));
-  int lineNumber = 0;
-  std::vector<std::string> pending;
-  const auto beginFile = [&] {
-    if (!pending.empty()) throw std::runtime_error(name + ": no line after " + pending.front());
-    lineNumber = 0;
-  };
-  for (std::string line; std::getline(lines, line);) {
-    if (StartsWith(line, "### ")) {
-      beginFile();
-      const std::size_t space = line.find(' ', 4);
-      cases.push_back({line.substr(4, space - 4), space == std::string::npos, {{"a.idl", ""}}, {}});
-      continue;
-    }
-    CheckCase& test = cases.back();
-    if (StartsWith(line, "=== ")) {
-      beginFile();
-      test.files.emplace_back(line.substr(4), "");
-      continue;
-    }
-    ++lineNumber;
-    auto& [path, text] = test.files.back();
-    text += line + "\n";
-    if (StartsWith(line, "# error: ") || StartsWith(line, "# warning: ") ||
-        StartsWith(line, "# note: ")) {
-      pending.push_back(line.substr(2));
-      continue;
-    }
-    for (const std::string& message : pending)
-      test.expected.emplace_back(path, lineNumber, message);
-    pending.clear();
-  }
-  beginFile();
-}
-
+/// Returns the cases in tests/data/checks.
 inline std::vector<CheckCase> CheckCases() {
   std::vector<CheckCase> cases;
-  for (const std::string& name : DataCases("checks")) appendCheckCases(name, cases);
+  for (const DataCase& given : DataCases("checks")) {
+    CheckCase test = {given.name, given.option != "uncompiled", {}, {}};
+    test.files = CaseFiles("=== a.idl\n" + given.text);
+    for (const auto& [path, text] : test.files) {
+      std::istringstream lines(text);
+      std::vector<std::string> pending;
+      int lineNumber = 1;
+      for (std::string line; std::getline(lines, line); ++lineNumber) {
+        if (StartsWith(line, "# error: ") || StartsWith(line, "# warning: ") ||
+            StartsWith(line, "# note: ")) {
+          pending.push_back(line.substr(2));
+          continue;
+        }
+        for (const std::string& message : pending)
+          test.expected.emplace_back(path, lineNumber, message);
+        pending.clear();
+      }
+      if (!pending.empty()) throw std::runtime_error("no line after " + pending.front());
+    }
+    cases.push_back(std::move(test));
+  }
   return cases;
 }
 

@@ -30,7 +30,7 @@ std::string ParseWithError(const std::string& text, Schema& schema) {
 
 TEST(Parser, FillsTheModel) {
   Schema schema;
-  EXPECT_EQ(Parse(Data("program/several_files/fleet.idl"), schema), Data("fleet.progress"));
+  EXPECT_EQ(Parse(Data("common/fleet.idl"), schema), Data("fleet.progress"));
   EXPECT_EQ(Printed([&] { schema.output(); }), Data("fleet.dump"));
 }
 

@@ -8,8 +8,10 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstdlib>
+#include <map>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "support.h"
 
@@ -31,13 +33,11 @@ enum class Output {
   Closed,   ///< A pipe whose other end is closed.
 };
 
-/// Runs a shell command in the scratch directory, with the programs in $IDLGEN and $IDLGEN_HEADER.
+/// Runs a shell command in the scratch directory, with the programs in its PATH.
 inline ProgramResult RunProgram(const Scratch& scratch, const std::string& command,
                                 Output output = Output::Packets) {
-  setenv("IDLGEN", IDLGEN_PROGRAM, 1);
-  setenv("IDLGEN_HEADER", IDLGEN_HEADER_PROGRAM, 1);
-  const std::string script =
-      "cd '" + scratch.path(".") + "' && exec 2>'" + scratch.path("stderr") + "' && " + command;
+  const std::string script = "PATH='" IDLGEN_PROGRAMS "':$PATH && cd '" + scratch.path(".") +
+                             "' && exec 2>'" + scratch.path("stderr") + "' && " + command;
   std::array<char*, 4> arguments = {const_cast<char*>("sh"), const_cast<char*>("-c"),
                                     const_cast<char*>(script.c_str()), nullptr};
   std::array<int, 2> ends{};
@@ -75,42 +75,83 @@ inline ProgramResult RunProgram(const Scratch& scratch, const std::string& comma
   return result;
 }
 
-/// Checks a case: a directory with a command, its expected output and status, and input files. Each
-/// case also has the files of tests/data/common.
-///
-/// Without a file "out", "err" or "status", the output must be empty and the status 0. The input
-/// files must stay as they are, but if there is a NAME.expected, the file NAME must have that text
-/// afterwards. Other headers and temporary files must be gone.
-inline void checkCase(const std::string& name) {
-  const Scratch scratch;
-  for (const std::string& directory : {std::string("common"), name}) {
-    std::filesystem::copy(IDLGEN_TEST_DATA "/" + directory, scratch.path("."),
-                          std::filesystem::copy_options::recursive |
-                              std::filesystem::copy_options::overwrite_existing);
-  }
-  std::map<std::string, std::string> expected = Files(scratch.path("."));
-  for (const auto& [file, text] : Files(scratch.path("."))) {
-    const std::filesystem::path path = file;
-    if (path.extension() == ".expected") expected[path.parent_path() / path.stem()] = text;
-  }
-  const auto find = [&](const char* file, const char* otherwise) {
-    return expected.count(file) == 0 ? otherwise : expected[file];
-  };
+/// A run of the programs: what a shell shows, after the files that are there before. A line "$ ..."
+/// is a command, which "> ..." continues. Below it are the lines of its standard output, those of
+/// standard error after "! ", and its status, if it is not 0. A line "=== PATH" shows a file.
+struct Run {
+  std::string name;
+  bool needsStrace;
+  std::map<std::string, std::string> files;  ///< That are there before.
+  std::string transcript;
+};
 
-  const ProgramResult result = RunProgram(scratch, expected["command"]);
-  EXPECT_EQ(result.out, find("out", ""));
-  EXPECT_EQ(result.err, find("err", ""));
-  EXPECT_EQ(std::to_string(result.status), find("status", "0"));
-  EXPECT_TRUE(result.lineByLine);
-  std::map<std::string, std::string> files = Files(scratch.path("."));
-  for (const auto& [file, text] : expected) {
-    EXPECT_EQ(files.count(file), 1U) << file;
-    EXPECT_EQ(files[file], text) << file;
+/// Called by GoogleTest if the test of the run has failed.
+inline void PrintTo(const Run& run, std::ostream* output) {
+  *output << run.name;
+}
+
+/// Returns the runs in tests/data/runs. The option "strace" says what they need.
+inline std::vector<Run> Runs() {
+  std::vector<Run> runs;
+  for (const DataCase& given : DataCases("runs")) {
+    const std::size_t begin = given.text.find("$ ");
+    std::map<std::string, std::string> files;
+    for (const auto& file : CaseFiles(given.text.substr(0, begin))) files.insert(file);
+    runs.push_back({given.name, given.option == "strace", files, given.text.substr(begin)});
   }
-  for (const auto& [file, text] : files) {
-    const std::string extension = std::filesystem::path(file).extension();
-    const bool isLeft = extension == ".h" || extension == ".tmp";
-    EXPECT_TRUE(!isLeft || expected.count(file) == 1) << file;
+  return runs;
+}
+
+/// Returns why system calls cannot be made to fail, or nothing. The loader of a dynamically linked
+/// program and the code of sanitizers make system calls of their own.
+inline std::string WhyNoStrace() {
+  if (!IDLGEN_IS_STATIC) return "not statically linked";
+  const bool works = RunProgram(Scratch(), "strace -o /dev/null true").status == 0;
+  return works ? "" : "strace is missing or not permitted";
+}
+
+/// Returns the lines with this before each of them.
+inline std::string After(const std::string& before, const std::string& text) {
+  std::string shown;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) shown += before + line + "\n";
+  return shown;
+}
+
+/// Checks a run in a directory with its files and those of tests/data/common. The files must be as
+/// they were or have been shown last. Other headers and temporary files must be gone.
+inline void checkRun(const Run& run) {
+  const Scratch scratch;
+  std::map<std::string, std::string> files = run.files;
+  files.merge(Files(IDLGEN_TEST_DATA "/common"));
+  for (const auto& [path, text] : files) scratch.write(path, text);
+  std::string shown;
+  std::istringstream lines(run.transcript);
+  for (std::string line; std::getline(lines, line);) {
+    if (StartsWith(line, "=== ")) {
+      const std::string path = line.substr(4);
+      files[path] = ReadAll(scratch.path(path));
+      shown += line + "\n" + files[path];
+    } else if (StartsWith(line, "$ ")) {
+      std::string command = line.substr(2);
+      while (lines.peek() == '>' && std::getline(lines, line)) command += "\n" + line.substr(2);
+      const ProgramResult result = RunProgram(scratch, command);
+      shown += "$ " + After("> ", command).substr(2) + result.out + After("! ", result.err);
+      if (result.status != 0) shown += "status " + std::to_string(result.status) + "\n";
+      EXPECT_TRUE(result.lineByLine || command.find("idlgen -f") == std::string::npos) << command;
+    }
+  }
+  EXPECT_EQ(shown, run.transcript);
+  const std::map<std::string, std::string> left = Files(scratch.path("."));
+  for (const auto& [path, text] : files) {
+    EXPECT_EQ(left.count(path), 1U) << path;
+    if (left.count(path) == 1) {
+      EXPECT_EQ(left.at(path), text) << path;
+    }
+  }
+  for (const auto& [path, text] : left) {
+    const bool isOutput = EndsWith(path, ".h") || EndsWith(path, ".tmp");
+    EXPECT_TRUE(!isOutput || files.count(path) == 1) << path;
   }
 }
 

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <list>
 #include <map>
-#include <set>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -67,19 +67,52 @@ inline std::string Data(const std::string& name) {
   return ReadAll(IDLGEN_TEST_DATA "/" + name);
 }
 
-/// Returns the entries of a directory in tests/data, such as "checks/names", without
-/// extensions.
-inline std::set<std::string> DataCases(const std::string& directory) {
-  std::set<std::string> cases;
-  for (const auto& entry : std::filesystem::directory_iterator(IDLGEN_TEST_DATA "/" + directory)) {
-    cases.insert(directory + "/" + entry.path().stem().string());
-  }
-  if (cases.empty()) throw std::runtime_error("no cases in " + directory);
-  return cases;
+inline bool StartsWith(const std::string& text, const std::string& start) {
+  return text.rfind(start, 0) == 0;
 }
 
-inline std::string CaseName(const testing::TestParamInfo<std::string>& test) {
-  return test.param.substr(test.param.rfind('/') + 1);
+inline bool EndsWith(const std::string& text, const std::string& end) {
+  return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+/// A case of a file in tests/data: a line "### NAME", or "### NAME OPTION", and the lines below it,
+/// without the empty one before the next case.
+struct DataCase {
+  std::string name;
+  std::string option;
+  std::string text;
+};
+
+/// Returns the paths and texts of the files in a case: "=== PATH" stands before each text.
+inline std::vector<std::pair<std::string, std::string>> CaseFiles(const std::string& text) {
+  std::vector<std::pair<std::string, std::string>> files;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    if (StartsWith(line, "=== ")) {
+      files.emplace_back(line.substr(4), "");
+    } else {
+      files.back().second += line + "\n";
+    }
+  }
+  return files;
+}
+
+/// Returns the cases of all files in a directory of tests/data.
+inline std::vector<DataCase> DataCases(const std::string& directory) {
+  std::vector<DataCase> cases;
+  for (const auto& [file, content] : Files(IDLGEN_TEST_DATA "/" + directory)) {
+    std::istringstream lines(content);
+    for (std::string line; std::getline(lines, line);) {
+      if (!StartsWith(line, "### ")) {
+        cases.back().text += line + "\n";
+        continue;
+      }
+      if (!cases.empty() && EndsWith(cases.back().text, "\n\n")) cases.back().text.pop_back();
+      std::istringstream words(line.substr(4));
+      words >> cases.emplace_back().name >> cases.back().option;
+    }
+  }
+  return cases;
 }
 
 template <typename Row>
