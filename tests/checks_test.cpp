@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <regex>
 
 #include "check_cases.h"
 #include "compiler.h"
@@ -28,6 +29,22 @@ bool HasGrammarError(const CheckCase& test) {
   });
 }
 
+/// Checks that what a message quotes at its beginning stands in the line at its column, unless that
+/// is the one of an include.
+void checkColumn(const std::string& message, const std::string& source, std::size_t lineNumber,
+                 std::size_t column) {
+  std::smatch match;
+  static const std::regex quoting(R"re(\w+: "(\S*?)" (?!is declared in an included).*)re");
+  if (!std::regex_match(message, match, quoting)) return;
+  std::istringstream lines(source);
+  std::string line;
+  for (std::size_t i = 0; i < lineNumber; ++i) std::getline(lines, line);
+  ASSERT_LE(column, line.size()) << message;
+  const std::string rest = Printable(line.substr(column - 1));
+  const std::string word = rest.substr(0, rest.find(' '));
+  EXPECT_NE(word.find(match.str(1)), std::string::npos) << message << " at " << rest;
+}
+
 /// Returns the messages in a text, without their columns and excerpts.
 std::vector<Told> Messages(const std::string& text, const CheckCase& test) {
   std::vector<Told> told;
@@ -37,8 +54,10 @@ std::vector<Told> Messages(const std::string& text, const CheckCase& test) {
       if (!StartsWith(line, path + ":")) continue;
       const std::size_t number = path.size() + 1;
       const std::size_t column = line.find(':', number) + 1;
-      told.emplace_back(path, std::stoi(line.substr(number)),
-                        line.substr(line.find(' ', column) + 1));
+      const std::string message = line.substr(line.find(' ', column) + 1);
+      told.emplace_back(path, std::stoi(line.substr(number)), message);
+      checkColumn(message, source, std::stoul(line.substr(number)),
+                  std::stoul(line.substr(column)));
     }
   }
   return told;
