@@ -1,7 +1,5 @@
 #include "messages/report.h"
 
-#include <sstream>
-
 #include "support.h"
 
 // Whole messages, with the lines that show the place.
@@ -30,19 +28,6 @@ std::string FirstWord(const std::string& shown) {
 }
 
 const std::vector<ExcerptRow> excerpts = {
-    {"WordInALine", "message M {\n    x: int8;\n}\n",
-     R"(a.idl:2:8: error: "int8;" is not a type: delete the ";"
-    2 |     x: int8;
-      |        ^~~~~
-)"},
-    {"TwoPlaces", "message M {\nx: int8\nx:int8 }",
-     R"(a.idl:3:1: error: "x" is already a member of M
-    3 | x:int8 }
-      | ^
-a.idl:2:1: note: declared here
-    2 | x: int8
-      | ^
-)"},
     {"PartOfAWord", "namespace robot.a-b.c\nenum E { A: 1|B }",
      R"(a.idl:1:11: error: "a-b" is not a name: write "_" instead of "-"
     1 | namespace robot.a-b.c
@@ -100,68 +85,6 @@ a.idl:1:36: error: "Größe" is not declared
          Repeated(20, "é") + " (\n      | " + Repeated(24, " ") + "^\n"},
 };
 INSTANTIATE_TEST_SUITE_P(Report, Excerpts, testing::ValuesIn(excerpts), RowName<ExcerptRow>);
-
-/// Returns the file with this many misspelt types, each after a name that is only warned about.
-std::string Mistakes(int count) {
-  std::string idl = "message M {\n";
-  for (int i = 0; i < count; ++i) {
-    idl += "_A" + std::to_string(i) + ": t" + std::to_string(i) + "\n";
-  }
-  return idl;
-}
-
-struct Shown {
-  int errors = 0;
-  int warnings = 0;
-  std::string lastLine;
-};
-
-Shown Count(const std::string& idl) {
-  Schema schema;
-  std::istringstream lines(reportAlone("a.idl", idl, schema).messages);
-  Shown shown;
-  for (std::string line; std::getline(lines, line); shown.lastLine = line) {
-    if (line.find(": error: ") != std::string::npos) ++shown.errors;
-    if (line.find(": warning: ") != std::string::npos) ++shown.warnings;
-  }
-  return shown;
-}
-
-TEST(Report, HasAtMost20Messages) {
-  const Shown all = Count(Mistakes(10) + "}");
-  EXPECT_EQ(all.errors, 10);
-  EXPECT_EQ(all.warnings, 10);
-  EXPECT_EQ(all.lastLine, "      |      ^~");
-
-  const Shown some = Count(Mistakes(12) + "}");
-  EXPECT_EQ(some.errors, 12);
-  EXPECT_EQ(some.warnings, 8);
-  EXPECT_EQ(some.lastLine, "a.idl: more messages are not shown");
-
-  const Shown errors = Count(Mistakes(21) + "}");
-  EXPECT_EQ(errors.errors, 20);
-  EXPECT_EQ(errors.warnings, 0);
-  EXPECT_EQ(errors.lastLine, "a.idl: more messages are not shown");
-
-  const Shown incomplete = Count(Mistakes(20));  // The end of the file is the 21st.
-  EXPECT_EQ(incomplete.errors, 20);
-  EXPECT_EQ(incomplete.lastLine, "a.idl: more messages are not shown");
-}
-
-TEST(Report, CountsNoMessageThatWouldRepeatAnother) {
-  const std::string idl = "message M {\n" + Repeated(19, "a%: T\n") + "x: int8; y: int8; z: int8; ";
-  EXPECT_EQ(Count(idl + "}").lastLine, "      |    ^~~~~");
-  EXPECT_EQ(Count(idl + "w: Missing }").lastLine, "a.idl: more messages are not shown");
-}
-
-TEST(Report, EndsAfter20LinesThatCannotBeRead) {
-  const Shown all = Count(Repeated(20, "?\n") + "message M { x: Y }");
-  EXPECT_EQ(all.errors, 20);
-  EXPECT_EQ(all.lastLine, "a.idl: more messages are not shown");
-  const Shown some = Count(Repeated(21, "?\n") + "message M { x: Y }");
-  EXPECT_EQ(some.errors, 20);
-  EXPECT_EQ(some.lastLine, "a.idl: the rest is not checked");
-}
 
 }  // namespace
 }  // namespace zentho::idlgen

@@ -36,20 +36,24 @@ class CountingTree final : public SourceTree {
   MemoryTree files;
 };
 
+std::vector<std::string> Split(const std::string& text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
 /// Returns what the first include of a file leads to: the path of the file, "header", or
 /// "not found", with the correction.
 std::string FirstInclude(const Sources& sources, std::size_t file = 0) {
   const Include& include = sources.files().at(file).includes.at(0);
   if (include.kind == Include::Kind::Found) return sources.files().at(include.file).path;
-  if (include.kind == Include::Kind::Header) return "header";
-  return include.correction.empty() ? "not found" : "not found, " + include.correction;
+  return include.kind == Include::Kind::Header ? "header" : "not found" + include.correction;
 }
 
 struct Search {
   const char* name;
-  Texts texts;  ///< Of the files besides that which includes another one.
-  std::vector<std::string> directories;
-  std::string file;  ///< The file that includes another one.
+  std::string others;       ///< The files besides that which includes another one.
+  std::string directories;  ///< Of the options -I.
+  std::string file;         ///< The file that includes another one.
   std::string include;
   std::string found;
 };
@@ -58,114 +62,38 @@ using Finds = testing::TestWithParam<Search>;
 
 TEST_P(Finds, WhatTheIncludeMeans) {
   const Search& search = GetParam();
-  Texts texts = search.texts;
-  texts[search.file] = "include " + search.include;
+  Texts texts = {{search.file, "include " + search.include}};
+  for (const std::string& other : Split(search.others)) texts[other] = "";
   MemoryTree tree(texts);
-  Sources sources(tree, search.directories);
+  Sources sources(tree, Split(search.directories));
   sources.load({search.file});
   EXPECT_EQ(FirstInclude(sources), search.found);
 }
 
-const std::vector<Search> searches = {
-    {"BesideFirst", {{"d/x.idl", ""}, {"e/x.idl", ""}}, {"e"}, "d/a.idl", "\"x.idl\"", "d/x.idl"},
-    {"BracketsLikeQuotes", {{"d/x.idl", ""}}, {}, "d/a.idl", "<x.idl>", "d/x.idl"},
-    {"DirectoriesInOrder",
-     {{"e/g/x.idl", ""}, {"f/g/x.idl", ""}},
-     {"d", "f", "e"},
-     "d/a.idl",
-     "\"g/x.idl\"",
-     "not found"},  // Of e and f, which are both beside d.
-    {"DirectoriesInOrderFromElsewhere",
-     {{"e/g/x.idl", ""}, {"f/g/x.idl", ""}},
-     {"none", "f/", "e"},
-     "d/a.idl",
-     "\"g/x.idl\"",
-     "f/g/x.idl"},
-    {"PathsAboveTheFile", {{"e/x.idl", ""}}, {}, "d/a.idl", "\"../e/./x.idl\"", "d/../e/./x.idl"},
-    {"AbsolutePaths", {{"/e/x.idl", ""}}, {"d"}, "d/a.idl", "\"/e/x.idl\"", "/e/x.idl"},
-    {"ItsOwnFile", {}, {}, "a.idl", "\"./a.idl\"", "a.idl"},
-    {"PassesOverDirectories",
-     {{"d/x.idl/y", ""}, {"e/x.idl", ""}},
-     {"e"},
-     "d/a.idl",
-     "\"x.idl\"",
-     "e/x.idl"},
-    // The headers of d and e may share a directory, where that of e/n/x.idl comes first.
-    {"AnotherFileInPlaceOfTheOneBeside",
-     {{"e/n/x.idl", ""}, {"d/x.idl", ""}},
-     {"d", "e"},
-     "d/n/a.idl",
-     "\"x.idl\"",
-     "not found"},
-    {"AnotherFileAboveTheFile",
-     {{"e/x.idl", ""}},
-     {"d", "e"},
-     "d/n/a.idl",
-     "\"../x.idl\"",
-     "not found"},
-    {"TheSameFileInPlaceOfTheOneBeside",
-     {{"e/x.idl", ""}},
-     {"d", "./d", "e"},
-     "d/a.idl",
-     "\"x.idl\"",
-     "e/x.idl"},
-    {"TheBaseDirectoryByAnyPath",
-     {{"e/n/x.idl", ""}, {"d/x.idl", ""}},
-     {"./f/../d", "e"},
-     "d/n/a.idl",
-     "\"x.idl\"",
-     "not found"},
-    {"NotInNoDirectory", {{"e/x.idl", ""}}, {}, "d/a.idl", "\"x.idl\"", "not found"},
-    {"NotWithoutQuotes", {{"x.idl", ""}}, {}, "a.idl", "\"x.idl", "not found"},
-    {"NotInSingleQuotes", {{"x.idl", ""}}, {}, "a.idl", "'x.idl'", "not found"},
-    {"NotALongPath",
-     {{std::string(5000, 'n'), ""}},
-     {},
-     "a.idl",
-     '"' + std::string(5000, 'n') + '"',
-     "not found"},
-    {"NotTheEmptyPath", {}, {}, "a.idl", "\"\"", "not found"},
-    {"NotAHeader", {{"x.h", ""}}, {}, "a.idl", "\"x.h\"", "header"},
-    {"ASlipInAFileName",
-     {{"e/geo/geometry.idl", ""}},
-     {"e"},
-     "d/a.idl",
-     "\"geo/geomtry.idl\"",
-     "not found, geo/geometry.idl"},
-    {"ASlipInADirectoryName",
-     {{"e/common/msg/x.idl", ""}},
-     {"e"},
-     "d/a.idl",
-     "\"comon/msg/x.idl\"",
-     "not found, common/msg/x.idl"},
-    {"ASlipBeside",
-     {{"d/status.idl", ""}},
-     {},
-     "d/a.idl",
-     "\"./sttaus.idl\"",
-     "not found, ./status.idl"},
-    {"ASlipInAnAbsolutePath",
-     {{"/e/status.idl", ""}},
-     {},
-     "a.idl",
-     "\"/e/statuss.idl\"",
-     "not found, /e/status.idl"},
-    {"NoSlipInBrackets", {{"status.idl", ""}}, {}, "a.idl", "<statsu.idl>", "not found"},
-    {"NoSlipsInTwoNames",
-     {{"common/status.idl", ""}},
-     {},
-     "a.idl",
-     "\"comon/staus.idl\"",
-     "not found"},
-    {"NoSlipForADirectory", {{"status.idl/x", ""}}, {}, "a.idl", "\"statuss.idl\"", "not found"},
-    {"NoSlipForAPathThatCannotBeWritten",
-     {{"my status.idl", ""}},
-     {},
-     "a.idl",
-     "\"mystatus.idl\"",
-     "not found"},
-};
+const std::string longName(5000, 'n');
 
+const std::vector<Search> searches = {
+    {"BesideFirst", "d/x.idl e/x.idl", "e", "d/a.idl", R"("x.idl")", "d/x.idl"},
+    {"BracketsLikeQuotes", "d/x.idl", "", "d/a.idl", "<x.idl>", "d/x.idl"},
+    // The first two directories are both beside d, so their order does not count.
+    {"DirectoriesInOrder", "e/g/x.idl f/g/x.idl", "d f e", "d/a.idl", R"("g/x.idl")", "not found"},
+    {"FromElsewhere", "e/g/x.idl f/g/x.idl", "n f/ e", "d/a.idl", R"("g/x.idl")", "f/g/x.idl"},
+    {"PathsAboveTheFile", "e/x.idl", "", "d/a.idl", R"("../e/./x.idl")", "d/../e/./x.idl"},
+    {"AbsolutePaths", "/e/x.idl", "d", "d/a.idl", R"("/e/x.idl")", "/e/x.idl"},
+    {"ItsOwnFile", "", "", "a.idl", R"("./a.idl")", "a.idl"},
+    {"PassesOverDirectories", "d/x.idl/y e/x.idl", "e", "d/a.idl", R"("x.idl")", "e/x.idl"},
+    // The headers of d and e may share a directory, where that of e/n/x.idl comes first.
+    {"OneInPlaceOfIt", "e/n/x.idl d/x.idl", "d e", "d/n/a.idl", R"("x.idl")", "not found"},
+    {"AnotherOneAbove", "e/x.idl", "d e", "d/n/a.idl", R"("../x.idl")", "not found"},
+    {"TheSameOne", "e/x.idl", "d ./d e", "d/a.idl", R"("x.idl")", "e/x.idl"},
+    {"AnyPathOfTheBase", "e/n/x.idl d/x.idl", "./f/../d e", "d/n/a.idl", R"("x.idl")", "not found"},
+    {"NotInNoDirectory", "e/x.idl", "", "d/a.idl", R"("x.idl")", "not found"},
+    {"NotWithoutQuotes", "x.idl", "", "a.idl", R"("x.idl)", "not found"},
+    {"NotInSingleQuotes", "x.idl", "", "a.idl", "'x.idl'", "not found"},
+    {"NotALongPath", longName, "", "a.idl", '"' + longName + '"', "not found"},
+    {"NotTheEmptyPath", "", "", "a.idl", R"("")", "not found"},
+    {"NotAHeader", "x.h", "", "a.idl", R"("x.h")", "header"},
+};
 INSTANTIATE_TEST_SUITE_P(Include, Finds, testing::ValuesIn(searches), RowName<Search>);
 
 TEST(Sources, SearchEndsWhereAFileCannotBeRead) {
@@ -225,45 +153,39 @@ TEST(Sources, FollowsALongChain) {
   EXPECT_EQ(FirstInclude(sources, length - 2), "f4999.idl");
 }
 
-struct PathCase {
+struct PathRow {
   const char* name;
-  std::vector<std::string> directories;
+  std::string directories;
   std::string from;
   std::string to;
   std::string path;
 };
-
-using IncludePath = testing::TestWithParam<PathCase>;
+using IncludePath = testing::TestWithParam<PathRow>;
 
 TEST_P(IncludePath, IsTheShortestOneThatLeadsToTheFile) {
-  const PathCase& row = GetParam();
-  MemoryTree tree({{"src/nav/a.idl", ""},
-                   {"src/nav/geo/pose.idl", ""},
-                   {"src/geo/pose.idl", ""},
-                   {"src/geo/no_extension", ""},
-                   {"src/geo/a point.idl", ""},
-                   {"src/geo/point.idl", ""}});
-  Sources sources(tree, row.directories);
+  const PathRow& row = GetParam();
+  MemoryTree tree({{"d/nav/a.idl", ""},
+                   {"d/nav/geo/pose.idl", ""},
+                   {"d/geo/pose.idl", ""},
+                   {"d/geo/none", ""},
+                   {"d/geo/a b.idl", ""},
+                   {"d/geo/point.idl", ""}});
+  Sources sources(tree, Split(row.directories));
   sources.load({row.from, row.to});
   EXPECT_EQ(sources.includePath(0, 1), row.path);
 }
 
-const std::vector<PathCase> pathCases = {
-    {"Beside", {"src"}, "src/geo/pose.idl", "src/geo/point.idl", "point.idl"},
-    {"Below", {}, "src/nav/a.idl", "src/nav/geo/pose.idl", "geo/pose.idl"},
-    {"FromADirectory", {"src"}, "src/nav/a.idl", "src/geo/point.idl", "geo/point.idl"},
-    {"FromTheInnerDirectory",
-     {"src", "src/geo"},
-     "src/nav/a.idl",
-     "src/geo/point.idl",
-     "point.idl"},
-    {"NotToAFileThatIsHidden", {"src"}, "src/nav/a.idl", "src/geo/pose.idl", "../geo/pose.idl"},
-    {"WithoutDirectories", {}, "src/nav/a.idl", "src/geo/point.idl", "../geo/point.idl"},
-    {"NotWithSpaces", {"src"}, "src/nav/a.idl", "src/geo/a point.idl", ""},
-    {"NotWithoutExtension", {"src"}, "src/nav/a.idl", "src/geo/no_extension", ""},
+const std::vector<PathRow> pathRows = {
+    {"Beside", "d", "d/geo/pose.idl", "d/geo/point.idl", "point.idl"},
+    {"Below", "", "d/nav/a.idl", "d/nav/geo/pose.idl", "geo/pose.idl"},
+    {"FromADirectory", "d", "d/nav/a.idl", "d/geo/point.idl", "geo/point.idl"},
+    {"FromTheInnerDirectory", "d d/geo", "d/nav/a.idl", "d/geo/point.idl", "point.idl"},
+    {"NotToAHiddenFile", "d", "d/nav/a.idl", "d/geo/pose.idl", "../geo/pose.idl"},
+    {"WithoutDirectories", "", "d/nav/a.idl", "d/geo/point.idl", "../geo/point.idl"},
+    {"NotWithSpaces", "d", "d/nav/a.idl", "d/geo/a b.idl", ""},
+    {"NotWithoutExtension", "d", "d/nav/a.idl", "d/geo/none", ""},
 };
-
-INSTANTIATE_TEST_SUITE_P(Sources, IncludePath, testing::ValuesIn(pathCases), RowName<PathCase>);
+INSTANTIATE_TEST_SUITE_P(Sources, IncludePath, testing::ValuesIn(pathRows), RowName<PathRow>);
 
 }  // namespace
 }  // namespace zentho::idlgen

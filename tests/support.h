@@ -120,14 +120,16 @@ std::string RowName(const testing::TestParamInfo<Row>& test) {
   return test.param.name;
 }
 
-/// Returns a text several times, with a number in place of its "%".
+/// Returns the text with a number in place of its first "%".
+inline std::string Numbered(std::string text, int number) {
+  const std::size_t place = text.find('%');
+  return place < text.size() ? text.replace(place, 1, std::to_string(number)) : text;
+}
+
+/// Returns a text several times, numbered from 0.
 inline std::string Repeated(int count, const std::string& text) {
-  const std::size_t place = std::min(text.find('%'), text.size());
-  const std::string rest = place < text.size() ? text.substr(place + 1) : "";
   std::string result;
-  for (int i = 0; i < count; ++i) {
-    result += text.substr(0, place) + (place < text.size() ? std::to_string(i) : "") + rest;
-  }
+  for (int i = 0; i < count; ++i) result += Numbered(text, i);
   return result;
 }
 

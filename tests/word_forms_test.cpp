@@ -19,15 +19,6 @@ TEST(IsNameCharacter, LeavesLettersOfAllLanguagesToTheCompiler) {
   }
 }
 
-TEST(IsIdentifier, WantsOneName) {
-  for (const char* word : {"x", "_", "$", "x1", "goto", "größe", "温度"}) {
-    EXPECT_TRUE(IsIdentifier(word)) << word;
-  }
-  for (const char* word : {"", "1x", "a.b", "a-b", "a b", "a\xff", "a\xe2\x80\x8b"}) {
-    EXPECT_FALSE(IsIdentifier(word)) << word;
-  }
-}
-
 struct FormRow {
   const char* name;
   std::vector<const char*> types;
@@ -52,67 +43,6 @@ const std::vector<FormRow> typeForms = {
     {"Arguments", {"a<b1>", "a<12,3>"}, {"a<1b>", "a<-1>", "a<b*>", "a<b c>", "a<b[1]>", "a<(b)>"}},
 };
 INSTANTIATE_TEST_SUITE_P(WordForms, TypeForms, testing::ValuesIn(typeForms), RowName<FormRow>);
-
-TEST(TemplateNames, AreThoseThatTheFileMayHaveToDeclare) {
-  const auto names = TemplateNames("std.map<a.b,std.x<c<>>,1,.d,stdx<a.b>>.e");
-  EXPECT_EQ(names, (std::vector<std::string_view>{"a.b", "c", "stdx", "a.b"}));
-  EXPECT_TRUE(TemplateNames("").empty());
-}
-
-TEST(Components, StandBetweenTheDots) {
-  EXPECT_EQ(Components("a.bc"), (std::vector<std::string_view>{"a", "bc"}));
-  EXPECT_EQ(Components(".a."), (std::vector<std::string_view>{"", "a", ""}));
-  EXPECT_EQ(Components(""), (std::vector<std::string_view>{""}));
-}
-
-TEST(BraceOf, LooksAtTheEndsOfAWord) {
-  for (const char* word : {"{", "P{", "{{", "{;", "a{\r", ";{"})
-    EXPECT_EQ(BraceOf(word), '{') << word;
-  for (const char* word : {"}", "};", "},\r", "\t}", "int8}", "}a", "}{", "{}"}) {
-    EXPECT_EQ(BraceOf(word), '}') << word;
-  }
-  for (const char* word : {"", ";", ",\t", "a{b", "a}b", "{a"})
-    EXPECT_EQ(BraceOf(word), '\0') << word;
-}
-
-struct IncludeRow {
-  const char* name;
-  IncludeForm form;
-  std::vector<const char*> words;
-};
-using IncludeForms = testing::TestWithParam<IncludeRow>;
-
-TEST_P(IncludeForms, AreThoseOfTheWholeWord) {
-  for (const char* word : GetParam().words) EXPECT_EQ(FormOfInclude(word), GetParam().form) << word;
-}
-
-const std::vector<IncludeRow> includeForms = {
-    {"Path", IncludeForm::Path, {R"("a.idl")", "<a.idl>", R"("../a.b/c.d")", R"("ä.idl")"}},
-    {"Unquoted", IncludeForm::Unquoted, {"a.idl", R"(a.idl")", "'a.idl'", "a"}},
-    {"Unterminated",
-     IncludeForm::Unterminated,
-     {R"(")", "<", R"("a.idl)", "<a.idl", R"("a.idl>)", R"("a.idl')"}},
-    {"NoExtension", IncludeForm::NoExtension, {R"("")", "<>", R"("a")", R"("a.")", R"("a.b/c")"}},
-    {"NoName", IncludeForm::Invalid, {R"(".idl")", "<.idl>", R"(".")", R"("./a")"}},
-    {"Code",
-     IncludeForm::Invalid,
-     {R"("a/*.idl")", R"("a//b.idl")", R"("a\b.idl")", R"("a{b.idl")", R"("a}b.idl")",
-      R"("a;b.idl")", R"("a,b.idl")", R"("a"b.idl")", R"(<a"b.idl>)", "a;", R"("a.idl";)"}},
-    {"ControlCharacters",
-     IncludeForm::Invalid,
-     {"\"a\tb.idl\"", "\"a.idl\"\r", "<\x7f.idl>", "\x1b"}},
-};
-INSTANTIATE_TEST_SUITE_P(WordForms, IncludeForms, testing::ValuesIn(includeForms),
-                         RowName<IncludeRow>);
-
-TEST(LooksLikeType, LooksInsideOfBrackets) {
-  for (const char* word : {"int8", "string", "double", "[int8]", "[[bool]]", "int8[]", "char[3]"}) {
-    EXPECT_TRUE(LooksLikeType(word)) << word;
-  }
-  for (const char* word : {"Int8", "int8x", "x", "[x]", "", "[", "const", "int8;", "]int8"}) {
-    EXPECT_FALSE(LooksLikeType(word)) << word;
-  }
-}
 
 }  // namespace
 }  // namespace zentho::idlgen
