@@ -98,17 +98,5 @@ INSTANTIATE_TEST_SUITE_P(, CppWords, testing::Values("c++17", "c++20"), [](const
   return std::string(test.param) == "c++17" ? "Cpp17" : "Cpp20";
 });
 
-TEST(IsCLibraryType, KnowsTypesThatComeWithTheLibrary) {
-  EXPECT_TRUE(IsCLibraryType("time_t"));
-  EXPECT_TRUE(IsCLibraryType("wint_t"));
-  EXPECT_FALSE(IsCLibraryType("time"));
-  EXPECT_FALSE(IsCLibraryType("int8_t"));
-}
-
-TEST(IsReserved, LooksAtTheBeginningOfAName) {
-  for (const char* name : {"__a", "_A", "_Z1", "__"}) EXPECT_TRUE(IsReserved(name)) << name;
-  for (const char* name : {"_", "_a", "_1", "a__", "A", ""}) EXPECT_FALSE(IsReserved(name)) << name;
-}
-
 }  // namespace
 }  // namespace zentho::idlgen
