@@ -32,23 +32,5 @@ TEST(Idlgen, WaitsForASlowReaderOfANonBlockingPipe) {
   EXPECT_EQ(result.out, "idl path:a.idl\nWRONG format in " + word + "\n\nlines:\n" + word + "\n");
 }
 
-TEST(Idlgen, SurvivesFailedWrites) {
-  const Scratch scratch;
-  const std::string path = scratch.write("fleet.idl", Data("common/fleet.idl"));
-  const auto expectHeader = [&](const ProgramResult& result) {
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.err, "");
-    EXPECT_EQ(ReadAll(scratch.path("fleet.h")), Data("common/fleet.header"));
-    EXPECT_EQ(ReadAll(path), Data("common/fleet.idl"));
-    std::filesystem::remove(scratch.path("fleet.h"));
-  };
-  expectHeader(RunProgram(scratch, "exec idlgen -fv fleet.idl", Output::Closed));
-  expectHeader(RunProgram(scratch, "exec idlgen -fv fleet.idl >&- <&-"));
-  expectHeader(RunProgram(scratch, "exec idlgen -fv fleet.idl >/dev/full"));
-
-  EXPECT_EQ(RunProgram(scratch, "ulimit -f 0; exec idlgen -f fleet.idl").status, 0);
-  EXPECT_EQ(ReadAll(scratch.path("fleet.h")), "");
-}
-
 }  // namespace
 }  // namespace zentho::idlgen

@@ -30,7 +30,6 @@ struct ProgramResult {
 enum class Output {
   Packets,  ///< A socket that keeps the writes apart.
   Pipe,     ///< A non-blocking pipe that is full before somebody reads from it.
-  Closed,   ///< A pipe whose other end is closed.
 };
 
 /// Runs a shell command in the scratch directory, with the programs in its PATH.
@@ -50,7 +49,6 @@ inline ProgramResult RunProgram(const Scratch& scratch, const std::string& comma
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-  if (output == Output::Closed) close(ends[0]);
   pid_t child = 0;
   EXPECT_EQ(posix_spawn(&child, "/bin/sh", &actions, nullptr, arguments.data(), environ), 0);
   posix_spawn_file_actions_destroy(&actions);
@@ -67,7 +65,7 @@ inline ProgramResult RunProgram(const Scratch& scratch, const std::string& comma
     result.lineByLine = result.lineByLine && write.find('\n') == write.size() - 1;
     result.out += write;
   }
-  if (output != Output::Closed) close(ends[0]);
+  close(ends[0]);
   int status = 0;
   waitpid(child, &status, 0);
   result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
