@@ -88,7 +88,7 @@ Outcome Examine(const CheckCase& test) {
   Examination examination(sources);
   Outcome result{true, {}};
   for (const Sources::Named& named : sources.named()) {
-    const Outcome told = reportOn(examination, named.file, Warnings::Tell);
+    const Outcome told = reportOn(examination, *named.file, Warnings::Tell);
     EXPECT_EQ(told.succeeded, !SaysError(test, named.path)) << named.path;
     result.succeeded = result.succeeded && told.succeeded;
     result.messages += told.messages;

@@ -23,7 +23,7 @@ std::string Messages(const Texts& texts) {
   Examination examination(sources);
   std::string messages;
   for (const Sources::Named& named : sources.named()) {
-    messages += reportOn(examination, named.file, Warnings::Tell).messages;
+    messages += reportOn(examination, *named.file, Warnings::Tell).messages;
   }
   return messages;
 }
@@ -65,7 +65,7 @@ const std::vector<Shape> shapes = {
     {"Braces", "", "{", ""},
     {"Comment", "message M {\n/* x y\n", "z%: int8\n", "}"},
     {"Colons", "message M { x: int8 y }\n", ":::::", ""},
-    {"TypesOfTheLibrary", "message M {\n", "x%: time_t\n", "}"},
+    {"TypesOfTheLibrary", "message M {\n", "x%: time_t\n", "y: Y }"},
     {"Items", "enum E { A: 0\n", "x%: A\n", "y: y }"},
     {"UnknownTypes", "message M { ", "M x% ", "}"}};
 INSTANTIATE_TEST_SUITE_P(, TimesOfShapes, testing::ValuesIn(shapes), RowName<Shape>);

@@ -10,15 +10,15 @@ namespace zentho::idlgen {
 namespace {
 
 /// The names above the values: items A and B, and the enum Mode. E is the enum of the value.
-Result KindOf(std::string_view name) {
-  if (name == "A" || name == "B") return Result::Item;
-  if (name == "E") return Result::Itself;
-  return name == "Mode" ? Result::Type : Result::Unknown;
+Meaning MeaningOfName(std::string_view name) {
+  if (name == "A" || name == "B") return Meaning::Item;
+  if (name == "E") return Meaning::Itself;
+  return name == "Mode" ? Meaning::Type : Meaning::Unknown;
 }
 
 /// Returns the sentence about the word, or an empty text.
 std::string Told(const std::string& word) {
-  const std::vector<Finding> findings = CheckValue(word, 3, KindOf);
+  const std::vector<Finding> findings = CheckValue(word, 3, MeaningOfName);
   if (findings.empty()) return {};
   const Finding& finding = findings.front();
   EXPECT_EQ(findings.size(), 1U) << word;
@@ -29,7 +29,7 @@ std::string Told(const std::string& word) {
 }
 
 bool IsError(const std::string& word) {
-  const std::vector<Finding> findings = CheckValue(word, 3, KindOf);
+  const std::vector<Finding> findings = CheckValue(word, 3, MeaningOfName);
   return findings.size() == 1 && findings.front().rule->severity == Severity::Error;
 }
 

@@ -1,5 +1,6 @@
 #include "messages/known_types.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -56,12 +57,8 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
   for (const BuiltinType& row : builtinTypes) {
     if (!isPath) last.compare(row.keyword);
   }
-  std::vector<const Declaration*> seenTypes;
-  for (const Declaration& declaration : declarations.all()) {
-    if (!view.has(declaration.file) || !declaration.isType()) continue;
-    seenTypes.push_back(&declaration);
-    last.compare(declaration.name);
-  }
+  const std::vector<const Declaration*> seenTypes = typesInView();
+  for (const Declaration* const seen : seenTypes) last.compare(seen->name);
   if (FindBuiltinType(last.found()) != nullptr) return std::string(last.found());
   constexpr std::size_t limit = 20;
   std::vector<std::string> sameNames;
@@ -74,6 +71,21 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
   for (const std::string& name : sameNames) whole.compare(name);
   if (!whole.found().empty()) return std::string(whole.found());
   return sameNames.empty() ? std::string() : sameNames.front();
+}
+
+/// Returns the types that the user sees, in the order of their declarations.
+std::vector<const Declaration*> KnownTypes::typesInView() const {
+  std::vector<const File*> files = view.others();
+  files.push_back(&view.user());
+  std::sort(files.begin(), files.end(),
+            [](const File* a, const File* b) { return a->begin < b->begin; });
+  std::vector<const Declaration*> types;
+  for (const File* const file : files) {
+    for (std::size_t i = file->begin; i < file->end; ++i) {
+      if (declarations.all()[i].isType()) types.push_back(&declarations.all()[i]);
+    }
+  }
+  return types;
 }
 
 /// Returns the shortest name by which the user finds the type.

@@ -23,6 +23,7 @@ class KnownTypes {
   [[nodiscard]] std::string mostSimilar(std::string_view type) const;
 
  private:
+  [[nodiscard]] std::vector<const Declaration*> typesInView() const;
   [[nodiscard]] std::string nameOf(const Declaration& declaration) const;
 
   const Declarations& declarations;
