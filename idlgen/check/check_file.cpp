@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "check/file_check.h"
+#include "check/context.h"
 #include "check/include_check.h"
 #include "check/member_check.h"
 #include "check/name_check.h"
@@ -14,83 +14,68 @@
 namespace zentho::idlgen {
 namespace {
 
-/// One pass over the words of a file, which looks at each of them.
-class WordCheck {
- public:
-  explicit WordCheck(FileCheck& fileCheck)
-      : check(fileCheck), nameCheck(fileCheck), memberCheck(fileCheck) {}
+void checkItemValue(Context& check, std::size_t i, std::size_t enumName) {
+  if (IsPunctuation(check.words.text(i - 1))) return;  // The name has been reported.
+  const auto meaningOf = [&](std::string_view name) {
+    return check.lookup.findInValue(name, i, enumName);
+  };
+  for (Finding& finding : CheckValue(check.words.text(i), i, meaningOf)) {
+    check.findings.push_back(std::move(finding));
+  }
+}
 
-  void checkWord(std::size_t i) {
+/// Looks at each word of the file once.
+void checkWords(Context& check) {
+  MemberCheck members(check);
+  std::size_t enumName = noWord;  // Of the last one.
+  for (std::size_t i = 0; i < check.words.size(); ++i) {
     switch (check.words.role(i)) {
       case Role::IncludePath:
-        return nameCheck.checkInclude(i);
+        checkIncludePath(check, i);
+        break;
       case Role::NamespacePath:
-        return nameCheck.checkNamespace(i);
+        checkNamespacePath(check, i);
+        break;
       case Role::EnumName:
         enumName = i;
-        return nameCheck.checkRecordName(i);
+        checkRecordName(check, i);
+        break;
       case Role::MessageName:
       case Role::ServiceName:
-        memberCheck.startRecord(i);
-        return nameCheck.checkRecordName(i);
+        members.startRecord(i);
+        checkRecordName(check, i);
+        break;
       case Role::Part:
-        return memberCheck.startPart(i);
+        members.startPart(i);
+        break;
       case Role::ItemName:
-        return nameCheck.checkItemName(i);
+        checkItemName(check, i);
+        break;
       case Role::ItemValue:
-        return checkValue(i);
-      case Role::MemberName:
-        return memberCheck.checkName(i);
+        checkItemValue(check, i, enumName);
+        break;
       case Role::MemberType:
-        return memberCheck.checkType(i);
+        members.checkMember(i);
+        break;
+      case Role::MemberName:  // With its type.
       case Role::Statement:
       case Role::Brace:
       case Role::Unread:
-        return;
+        break;
     }
   }
-
- private:
-  void checkValue(std::size_t i) {
-    if (IsPunctuation(check.words.text(i - 1))) return;  // The name has been reported.
-    const auto meaningOf = [this, i](std::string_view name) { return meaningInValue(name, i); };
-    for (Finding& finding : CheckValue(check.words.text(i), i, meaningOf)) {
-      check.findings.push_back(std::move(finding));
-    }
-  }
-
-  /// Returns what a name is to a value, in which only an enum is a type.
-  [[nodiscard]] Meaning meaningInValue(std::string_view name, std::size_t value) const {
-    const Found found = check.lookup.findInValue(name, value, enumName);
-    const bool isType = found.meaning == Meaning::Type;
-    const bool isEnum = isType && found.declaration->role == Role::EnumName;
-    // An item of another file may have the name.
-    const bool mayBeItem = isEnum || found.meaning == Meaning::Below;
-    if (mayBeItem && check.lookup.mayBeElsewhere(name)) return Meaning::Elsewhere;
-    return isType && !isEnum ? Meaning::Itself : found.meaning;
-  }
-
-  FileCheck& check;
-  NameCheck nameCheck;
-  MemberCheck memberCheck;
-  std::size_t enumName = noWord;  ///< The word of the last one.
-};
-
-bool IsBefore(const Finding& a, const Finding& b) {
-  return a.word < b.word;
 }
 
 }  // namespace
 
-std::vector<Finding> CheckFile(const Declarations& declarations, const View& view) {
-  FileCheck check(declarations, view);
-  WordCheck words(check);
-  for (std::size_t i = 0; i < check.words.size(); ++i) words.checkWord(i);
+std::vector<Finding> CheckFile(const Declarations& declarations, const File& file) {
+  const View view(declarations, file);
+  Context check(view);
+  checkWords(check);
   checkIncludes(check);
-  std::vector<Finding>& findings = check.findings;
-  const bool isSorted = std::is_sorted(findings.begin(), findings.end(), IsBefore);
-  if (!isSorted) std::stable_sort(findings.begin(), findings.end(), IsBefore);
-  return std::move(findings);
+  std::stable_sort(check.findings.begin(), check.findings.end(),
+                   [](const Finding& a, const Finding& b) { return a.word < b.word; });
+  return std::move(check.findings);
 }
 
 }  // namespace zentho::idlgen

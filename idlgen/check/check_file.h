@@ -4,13 +4,12 @@
 
 #include "findings/finding.h"
 #include "names/declarations.h"
-#include "names/view.h"
 
 namespace zentho::idlgen {
 
 /// Checks what the words of a file mean: whether each can be what its place means, and whether C++
-/// compilers accept the header, as far as the files show that the file sees. Returns the findings
+/// compilers accept the header, as far as the files show that it includes. Returns the findings
 /// in the order of the words.
-std::vector<Finding> CheckFile(const Declarations& declarations, const View& view);
+std::vector<Finding> CheckFile(const Declarations& declarations, const File& file);
 
 }  // namespace zentho::idlgen

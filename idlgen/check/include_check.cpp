@@ -9,23 +9,22 @@
 namespace zentho::idlgen {
 namespace {
 
+/// A word of a file that is checked.
+struct FileWord {
+  const File* file;
+  std::size_t word;
+};
+
 /// Two declarations of one name, in different files.
 struct Misfit {
   std::string_view name;
-  WordOf first;
-  WordOf second;
-  const File* firstFile;
-  const File* secondFile;
+  FileWord first;
+  FileWord second;
   bool inAnyOrder = true;  ///< Otherwise they only clash if the first one comes first.
 };
 
-Misfit MisfitOf(const Declaration& first, const Declaration& second, bool inAnyOrder) {
-  return {second.name,
-          {first.file->source, first.word},
-          {second.file->source, second.word},
-          first.file,
-          second.file,
-          inAnyOrder};
+Misfit MisfitOf(const Declaration& first, const Declaration& second) {
+  return {second.name, {first.file, first.word}, {second.file, second.word}};
 }
 
 /// Returns the first two files among those that are included which clash, if there are any.
@@ -38,43 +37,42 @@ std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
     if (first == nullptr) {
       first = next;
     } else if (first->file != next->file) {
-      return MisfitOf(*first, *next, true);
+      return MisfitOf(*first, *next);
     }
   }
   if (record != nullptr && item != nullptr && record->role == Role::MessageName &&
       record->file != item->file) {
-    return MisfitOf(*item, *record, false);
+    Misfit misfit = MisfitOf(*item, *record);
+    misfit.inAnyOrder = false;
+    return misfit;
   }
   const Declaration* const name = record != nullptr ? record : item;
   const File* const inside = clash.space == nullptr ? nullptr : view.firstIn(*clash.space);
   if (name == nullptr || inside == nullptr) return std::nullopt;
-  return Misfit{name->name,
-                {name->file->source, name->word},
-                {inside->source, inside->namespaceWord},
-                name->file,
-                inside};
+  return Misfit{name->name, {name->file, name->word}, {inside, inside->namespaceWord}};
 }
 
 /// Reports names that two of the included files declare, at the include that brings the second one.
 /// If an included file sees both, it is told there.
-void checkMisfits(FileCheck& check) {
+void checkMisfits(Context& check) {
   std::vector<View> brought;  // By each include, made when needed.
-  for (const Clash& clash : check.declarations.clashes()) {
+  for (const Clash& clash : check.view.all().clashes()) {
     const std::optional<Misfit> misfit = FindMisfit(clash, check.view);
     if (!misfit.has_value()) continue;
     const std::vector<Inclusion>& includes = check.file.includes;
     for (std::size_t i = brought.size(); i < includes.size(); ++i) {
-      brought.emplace_back(check.declarations, *includes[i].file);
+      brought.emplace_back(check.view.all(), *includes[i].file);
     }
     bool hasFirst = false;
     bool hasSecond = false;
     for (std::size_t i = 0; i < brought.size(); ++i) {
-      const bool bringsFirst = brought[i].has(misfit->firstFile);
-      const bool bringsSecond = brought[i].has(misfit->secondFile);
+      const bool bringsFirst = brought[i].has(misfit->first.file);
+      const bool bringsSecond = brought[i].has(misfit->second.file);
       if (bringsFirst && bringsSecond) break;
       if ((bringsSecond && hasFirst) || (bringsFirst && hasSecond && misfit->inAnyOrder)) {
-        check.findings.push_back(
-            {&rules::misfit, includes[i].word, misfit->name, {}, {misfit->first, misfit->second}});
+        check.report(rules::misfit, includes[i].word, misfit->name,
+                     {{misfit->first.file->source, misfit->first.word},
+                      {misfit->second.file->source, misfit->second.word}});
         break;
       }
       hasFirst = hasFirst || bringsFirst;
@@ -85,7 +83,7 @@ void checkMisfits(FileCheck& check) {
 
 }  // namespace
 
-void checkIncludes(FileCheck& check) {
+void checkIncludes(Context& check) {
   const std::vector<const File*> cycle = check.view.filesThatIncludeUser();
   bool isInCycle = false;
   for (const Inclusion& inclusion : check.file.includes) {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "check/file_check.h"
+#include "check/context.h"
 
 namespace zentho::idlgen {
 
 /// Checks that the files that a file includes fit together, and do not include it.
-void checkIncludes(FileCheck& check);
+void checkIncludes(Context& check);
 
 }  // namespace zentho::idlgen

@@ -1,6 +1,7 @@
 #include "check/member_check.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "schema/builtin_types.h"
 #include "words/cpp_words.h"
@@ -8,66 +9,71 @@
 
 namespace zentho::idlgen {
 
-void MemberCheck::startRecord(std::size_t i) {
-  scope = {i, Scope::Part::None};
-  listBegin = i;
+void MemberCheck::startRecord(std::size_t name) {
+  scope = {name, Scope::Part::None};
+  listBegin = name;
 }
 
-void MemberCheck::startPart(std::size_t i) {
-  const bool isRequest = words.text(i) == "request";
+void MemberCheck::startPart(std::size_t keyword) {
+  const bool isRequest = words.text(keyword) == "request";
   scope.part = isRequest ? Scope::Part::Request : Scope::Part::Response;
-  if (isRequest) requestWord = i;
-  listBegin = i;
+  if (isRequest) requestWord = keyword;
+  listBegin = keyword;
 }
 
-void MemberCheck::checkName(std::size_t i) {
-  hasName = check.checkNewName(i, words.text(i));
-}
-
-/// The type comes first in C++: the name is declared after it.
-void MemberCheck::checkType(std::size_t i) {
-  const std::string_view name = words.text(i - 1);
-  if (!hasName) {  // It has been reported. Perhaps the type stands in its place.
-    if (IsPunctuation(name) || LooksLikeType(name)) return;
-    if (!IsIdentifier(name)) {
-      checkTypeWord(i);
-      return;
-    }
-  }
-  const TypeMeaning type = checkTypeWord(i);
+void MemberCheck::checkMember(std::size_t type) {
+  const std::size_t name = type - 1;
+  const std::string_view text = words.text(name);
+  const bool isName = check.checkNewName(name, text);
+  // If it is none, perhaps the type stands in its place.
+  if (!isName && (IsPunctuation(text) || LooksLikeType(text))) return;
+  const TypeWord word = checkTypeWord(type);
+  if (!isName && !IsIdentifier(text)) return;
   // In `int8 x` and `Pose pose`, the type has been put first, and is no member.
-  const bool isType = FindBuiltinType(name) != nullptr;
-  if (!type.has_value() && (isType || check.lookup.hasRecord(name))) return;
-  if (type == Meaning::Elsewhere && isType) check.report(rules::builtinTypeAsName, i - 1);
-  Uses& own = uses[name];
-  if (isInList(own.asMember)) check.report(rules::memberTwice, i - 1, name, own.asMember);
-  checkMeaning(i, own);
-  own.asMember = i - 1;
+  const bool isType = FindBuiltinType(text) != nullptr;
+  if (word == TypeWord::Wrong && (isType || check.lookup.hasRecord(text))) return;
+  if (word == TypeWord::Elsewhere && isType) check.report(rules::builtinTypeAsName, name);
+  // The type comes first in C++: the name is declared after it.
+  Uses& own = uses[text];
+  if (isInThisList(own.asMember)) {
+    check.report(rules::memberTwice, name, text, {check.own(own.asMember)});
+  }
+  checkChange(name, own);
+  own.asMember = name;
 }
 
 /// Checks a member whose name may have been used as a type above, which some compilers reject.
-void MemberCheck::checkMeaning(std::size_t i, const Uses& use) {
-  if (!isInList(use.asType)) return;
-  const std::string_view name = words.text(i - 1);
-  const std::size_t record = check.lookup.ownWord(name, false);
-  if (record == noWord) return check.report(rules::changesMeaningOfUse, i - 1, name, use.asType);
-  const Rule& rule = record < i ? rules::changesMeaning : rules::changesMeaningBelow;
-  check.report(rule, i - 1, name, record);
+void MemberCheck::checkChange(std::size_t name, const Uses& use) {
+  if (!isInThisList(use.asType)) return;
+  const std::string_view text = words.text(name);
+  const std::size_t record = check.lookup.ownWord(text, false);
+  if (record == noWord) {
+    check.report(rules::changesMeaningOfUse, name, text, {check.own(use.asType)});
+  } else {
+    const Rule& rule = record < name ? rules::changesMeaning : rules::changesMeaningBelow;
+    check.report(rule, name, text, {check.own(record)});
+  }
 }
 
-MemberCheck::TypeMeaning MemberCheck::checkTypeWord(std::size_t i) {
+MemberCheck::TypeWord MemberCheck::checkTypeWord(std::size_t i) {
   const std::optional<std::string_view> element = ElementType(words.text(i));
   if (!element.has_value()) {
     check.report(rules::notAType, i);
-    return std::nullopt;
+    return TypeWord::Wrong;
   }
   const bool isVector = element->size() < words.text(i).size();
   const BuiltinType* const builtin = FindBuiltinType(*element);
   const bool isOfLibrary = builtin != nullptr && builtin->cppType.substr(0, 5) == "std::";
   if (isVector || isOfLibrary) checkLibrary(i);
-  if (builtin != nullptr) return Meaning::Type;
+  if (builtin != nullptr || FindKeyword(*element) == Keyword::Type) return TypeWord::Type;
+  if (*element == "char8_t") {
+    check.report(rules::laterType, i);
+    return TypeWord::Type;
+  }
   if (element->find('<') != std::string_view::npos) return checkTemplate(i, *element);
-  return checkPath(i, *element, isVector);
+  const std::vector<std::string_view> parts = Components(*element);
+  if (!checkParts(i, parts)) return TypeWord::Wrong;
+  return parts.size() > 1 ? checkPath(i, parts, isVector) : checkName(i, *element, isVector);
 }
 
 /// Checks once that no included file hides the namespace of the C++ library, which a type needs.
@@ -81,27 +87,33 @@ void MemberCheck::checkLibrary(std::size_t i) {
 }
 
 /// Checks a type of C++ with template arguments, which is copied. Its names are looked up.
-MemberCheck::TypeMeaning MemberCheck::checkTemplate(std::size_t i, std::string_view type) {
-  const std::size_t before = check.findings.size();
-  if (!IsTemplate(type)) check.report(rules::notAType, i);
-  for (const std::string_view name : TemplateNames(type)) {
-    if (check.findings.size() > before) break;
-    const Keyword keyword = FindKeyword(name);
-    if (keyword != Keyword::None && keyword != Keyword::Type && keyword != Keyword::Cpp20) {
-      check.report(rules::keywordAsType, i, name);
-    } else if (FindBuiltinType(name) != nullptr && name.data() == type.data()) {
-      check.report(rules::notAType, i);  // It has no arguments.
-    } else if (FindBuiltinType(name) != nullptr && !check.lookup.mayBeElsewhere(name)) {
-      check.report(rules::builtinInTemplate, i, name);
-    } else if (!IsLibraryType(name) && keyword == Keyword::None &&
-               check.lookup.ownWord(name, true) == noWord &&
-               check.lookup.findType(name, scope).meaning == Meaning::Unknown) {
-      check.report(rules::notDeclared, i, name);
-    }
+MemberCheck::TypeWord MemberCheck::checkTemplate(std::size_t i, std::string_view type) {
+  if (!IsTemplate(type)) {
+    check.report(rules::notAType, i);
+    return TypeWord::Wrong;
   }
-  if (check.findings.size() > before) return std::nullopt;
+  for (const std::string_view name : TemplateNames(type)) {
+    const Rule* const rule = ruleForArgument(name, name.data() == type.data());
+    if (rule == nullptr) continue;
+    check.report(*rule, i, rule == &rules::notAType ? words.text(i) : name);
+    return TypeWord::Wrong;
+  }
   check.report(rules::uncheckedTemplate, i);
-  return Meaning::Type;
+  return TypeWord::Type;
+}
+
+/// Returns the rule that a name in a template breaks, or nullptr. The first one has arguments.
+const Rule* MemberCheck::ruleForArgument(std::string_view name, bool isFirst) const {
+  const Keyword keyword = FindKeyword(name);
+  if (keyword == Keyword::Type || keyword == Keyword::Cpp20) return nullptr;
+  if (keyword != Keyword::None) return &rules::keywordAsType;
+  if (FindBuiltinType(name) != nullptr && isFirst) return &rules::notAType;
+  if (FindBuiltinType(name) != nullptr && !check.lookup.mayBeElsewhere(name)) {
+    return &rules::builtinInTemplate;
+  }
+  const bool isKnown = IsLibraryType(name) || check.lookup.ownWord(name, true) != noWord ||
+                       check.lookup.findType(name, scope).meaning != Meaning::Unknown;
+  return isKnown ? nullptr : &rules::notDeclared;
 }
 
 /// Returns whether the parts of a path are names that may be those of a type.
@@ -121,54 +133,55 @@ bool MemberCheck::checkParts(std::size_t i, const std::vector<std::string_view>&
   return true;
 }
 
-/// Checks a type that is a name, or names with dots.
-MemberCheck::TypeMeaning MemberCheck::checkPath(std::size_t i, std::string_view type,
-                                                bool isVector) {
-  if (FindKeyword(type) == Keyword::Type) return Meaning::Type;
-  if (type == "char8_t") {
-    check.report(rules::laterType, i);
-    return Meaning::Type;
-  }
-  const std::vector<std::string_view> parts = Components(type);
-  if (!checkParts(i, parts)) return std::nullopt;
+/// Checks a type that is a path of names. Only a service is used as a type in it, if all parts
+/// before the last are its name.
+MemberCheck::TypeWord MemberCheck::checkPath(std::size_t i,
+                                             const std::vector<std::string_view>& parts,
+                                             bool isVector) {
+  const std::string_view first = parts.front();
+  const std::string_view last = parts.back();
+  const auto size = static_cast<std::size_t>(last.data() + last.size() - first.data());
+  const std::string_view type = {first.data(), size};
+  const Found found = check.lookup.findType(type, scope);
+  const bool isService = std::all_of(parts.begin(), parts.end() - 1, [&](std::string_view part) {
+    return found.declaration != nullptr && found.declaration->name == part;
+  });
+  if (isService) uses[first].asType = i;
+  return checkFound(i, type, isVector, found);
+}
+
+/// Checks a type that is one name, which members may hide.
+MemberCheck::TypeWord MemberCheck::checkName(std::size_t i, std::string_view type, bool isVector) {
   const Found found = check.lookup.findType(type, scope);
   const bool isUnknown = found.meaning == Meaning::Unknown && !IsLibraryType(type);
-  Uses& use = uses[parts.front()];
-  if (parts.size() > 1) {
-    // Only a service is used as a type, if all parts before the last are its name.
-    const bool isService = std::all_of(parts.begin(), parts.end() - 1, [&](std::string_view part) {
-      return found.declaration != nullptr && found.declaration->name == part;
-    });
-    if (isService) use.asType = i;
-    return checkFound(i, type, isVector, found);
-  }
   const bool isRequest = scope.part == Scope::Part::Response && type == "request";
   if (isRequest && !isUnknown) {
-    check.report(rules::hiddenByMember, i, type, requestWord);
-    return std::nullopt;
+    check.report(rules::hiddenByMember, i, type, {check.own(requestWord)});
+    return TypeWord::Wrong;
   }
-  if (isInList(use.asMember)) {
-    check.report(isTypeElsewhere(type) ? rules::hiddenByMember : rules::memberAsType, i, type,
-                 use.asMember);
-    return std::nullopt;
+  Uses& use = uses[type];
+  if (isInThisList(use.asMember)) {
+    const Rule& rule = hasOuterType(type) ? rules::hiddenByMember : rules::memberAsType;
+    check.report(rule, i, type, {check.own(use.asMember)});
+    return TypeWord::Wrong;
   }
   // A record may have a member of its own name.
   if (found.meaning != Meaning::Itself && !isUnknown) use.asType = i;
   return checkFound(i, type, isVector, found);
 }
 
-MemberCheck::TypeMeaning MemberCheck::checkFound(std::size_t i, std::string_view type,
-                                                 bool isVector, const Found& found) {
+MemberCheck::TypeWord MemberCheck::checkFound(std::size_t i, std::string_view type, bool isVector,
+                                              const Found& found) {
   const Rule* const rule = ruleFor(found, type, isVector);
   if (rule == nullptr) {
-    return found.meaning == Meaning::Elsewhere ? Meaning::Elsewhere : Meaning::Type;
+    return found.meaning == Meaning::Elsewhere ? TypeWord::Elsewhere : TypeWord::Type;
   }
   if (rule->note.empty()) {
     check.report(*rule, i, type);
   } else {
     check.report(*rule, i, type, *found.declaration);
   }
-  return std::nullopt;
+  return TypeWord::Wrong;
 }
 
 /// Returns the rule that a member breaks by its type, or nullptr.
@@ -185,10 +198,10 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
     case Meaning::Itself:
       return isVector ? nullptr : &rules::containsItself;
     case Meaning::Item:
-      return isTypeElsewhere(Components(type).back()) ? &rules::hiddenByItem : &rules::itemAsType;
+      return hasOuterType(Components(type).back()) ? &rules::hiddenByItem : &rules::itemAsType;
     case Meaning::Namespace:
       return &rules::namespaceAsType;
-    case Meaning::NotBelow:
+    case Meaning::OuterOne:
       return &rules::perhapsDeclaredBelow;
     case Meaning::Below: {
       const bool isInMessage = words.role(scope.record) == Role::MessageName;
@@ -204,8 +217,7 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
   return nullptr;
 }
 
-/// Returns whether a type of this name is, or may be, declared further out.
-bool MemberCheck::isTypeElsewhere(std::string_view name) const {
+bool MemberCheck::hasOuterType(std::string_view name) const {
   return check.lookup.hasRecord(name) || check.lookup.mayBeElsewhere(name);
 }
 

@@ -1,31 +1,28 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
-#include "check/file_check.h"
+#include "check/context.h"
 
 namespace zentho::idlgen {
 
-/// Checks members: their names and their types.
+/// Checks the members of a file, record after record.
 class MemberCheck {
  public:
-  explicit MemberCheck(FileCheck& fileCheck) : check(fileCheck) {}
+  explicit MemberCheck(Context& fileContext) : check(fileContext) {}
 
   /// Begins the members of a message, or a service.
-  void startRecord(std::size_t i);
+  void startRecord(std::size_t name);
 
   /// Begins the members of a request or a response.
-  void startPart(std::size_t i);
+  void startPart(std::size_t keyword);
 
-  /// Checks the name of a member by itself.
-  void checkName(std::size_t i);
-
-  /// Checks the type of a member, and the whole member.
-  void checkType(std::size_t i);
+  /// Checks the member with this type, whose name is the word before it.
+  void checkMember(std::size_t type);
 
  private:
   /// Where a name has last been used, as the indexes of words.
@@ -34,29 +31,36 @@ class MemberCheck {
     std::size_t asType = noWord;  ///< Without dots, or before the first one.
   };
 
-  // These return what the word of a type is: a type, or `Elsewhere` if another file may declare it.
-  // Nothing if something has been reported.
-  using TypeMeaning = std::optional<Meaning>;
-  TypeMeaning checkTypeWord(std::size_t i);
-  TypeMeaning checkTemplate(std::size_t i, std::string_view type);
-  TypeMeaning checkPath(std::size_t i, std::string_view type, bool isVector);
-  TypeMeaning checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found);
+  /// What the word of a type is.
+  enum class TypeWord : std::uint8_t {
+    Type,
+    Elsewhere,  ///< Perhaps a type that another file declares.
+    Wrong       ///< It has been reported.
+  };
 
-  bool checkParts(std::size_t i, const std::vector<std::string_view>& parts);
-  bool checkIsVisible(std::size_t i, std::string_view type, const Uses& use);
-  void checkMeaning(std::size_t i, const Uses& use);
-  void checkLibrary(std::size_t i);
+  TypeWord checkTypeWord(std::size_t i);
+  TypeWord checkTemplate(std::size_t i, std::string_view type);
+  TypeWord checkPath(std::size_t i, const std::vector<std::string_view>& parts, bool isVector);
+  TypeWord checkName(std::size_t i, std::string_view type, bool isVector);
+  TypeWord checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found);
+  [[nodiscard]] const Rule* ruleForArgument(std::string_view name, bool isFirst) const;
   [[nodiscard]] const Rule* ruleFor(const Found& found, std::string_view type, bool isVector) const;
-  [[nodiscard]] bool isTypeElsewhere(std::string_view name) const;
+  bool checkParts(std::size_t i, const std::vector<std::string_view>& parts);
+  void checkChange(std::size_t name, const Uses& use);
+  void checkLibrary(std::size_t i);
 
-  /// Returns whether a use is in the list so far.
-  [[nodiscard]] bool isInList(std::size_t use) const { return use != noWord && use > listBegin; }
+  /// Returns whether a type of this name is, or may be, declared further out.
+  [[nodiscard]] bool hasOuterType(std::string_view name) const;
 
-  FileCheck& check;
+  /// Returns whether a use is in the list of members so far.
+  [[nodiscard]] bool isInThisList(std::size_t use) const {
+    return use != noWord && use > listBegin;
+  }
+
+  Context& check;
   const Words& words = check.words;
   Scope scope;
   std::size_t listBegin = 0;
-  bool hasName = false;              ///< Whether the last name of a member may be one.
   std::size_t requestWord = noWord;  ///< Of the service.
   bool isLibraryChecked = false;
   /// The uses in earlier lists stay, which is faster than to remove them.

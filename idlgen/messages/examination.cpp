@@ -30,12 +30,14 @@ void Examination::examineAll(const std::vector<SourceFile*>& files) {
 }
 
 const Recovery* Examination::examine(SourceFile& file) {
-  const View view(*declarations, declarations->fileOf(file));
-  const bool isRight = recoveries.count(&file) == 0 && CheckFile(*declarations, view).empty();
-  if (isRight) return nullptr;
-  Recovery& recovery = recoveries.try_emplace(&file, file).first->second;
-  recovery.run(*declarations);
-  return &recovery;
+  auto known = recoveries.find(&file);
+  if (known == recoveries.end()) {
+    const bool isRight = CheckFile(*declarations, declarations->fileOf(file)).empty();
+    if (isRight) return nullptr;
+    known = recoveries.try_emplace(&file, file).first;
+  }
+  known->second.run(*declarations);
+  return &known->second;
 }
 
 std::string Examination::typeAdvice(const SourceFile& file, std::string_view type) {

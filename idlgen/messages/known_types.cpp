@@ -15,24 +15,20 @@ std::string_view LastPart(std::string_view type) {
   return type.substr(type.rfind('.') + 1);
 }
 
-/// Returns any place of a member in the file.
+/// Returns a place of a member in a file that has one.
 Scope AnyScope(const Words& words) {
-  std::size_t i = 0;
-  const auto isRecord = [](Role role) {
-    return role == Role::MessageName || role == Role::ServiceName;
-  };
-  while (i < words.size() && !isRecord(words.role(i))) ++i;
-  return {i < words.size() ? i : noWord};
+  const auto record = std::find_if(words.roles.begin(), words.roles.end(), HasMembers);
+  return {static_cast<std::size_t>(record - words.roles.begin())};
 }
 
 }  // namespace
 
-KnownTypes::KnownTypes(const Declarations& allDeclarations, const File& user)
-    : declarations(allDeclarations), view(allDeclarations, user), lookup(allDeclarations, view) {}
+KnownTypes::KnownTypes(const Declarations& declarations, const File& user)
+    : view(declarations, user), lookup(view) {}
 
 std::vector<const File*> KnownTypes::filesThatDeclare(std::string_view type) const {
   const std::vector<std::string_view> parts = Components(type);
-  const bool isPart = parts.size() > 1 && (parts.back() == "Request" || parts.back() == "Response");
+  const bool isPart = parts.size() > 1 && IsPartName(parts.back());
   const std::size_t last = parts.size() - (isPart ? 2 : 1);
   const std::vector<const Namespace*>& namespaces = view.user().namespaces;
   std::vector<const File*> files;
@@ -42,7 +38,7 @@ std::vector<const File*> KnownTypes::filesThatDeclare(std::string_view type) con
     if (space == nullptr) continue;
     for (const Declaration* found = space->chain(parts[last]).first; found != nullptr;
          found = found->next) {
-      const bool isMeant = isPart ? found->role == Role::ServiceName : found->isType();
+      const bool isMeant = isPart ? found->role == Role::ServiceName : IsTypeName(found->role);
       const bool isHidden = found->file != nullptr && !view.has(found->file);
       if (isMeant && isHidden) files.push_back(found->file);
     }
@@ -82,7 +78,7 @@ std::vector<const Declaration*> KnownTypes::typesInView() const {
   std::vector<const Declaration*> types;
   for (const File* const file : files) {
     for (std::size_t i = file->begin; i < file->end; ++i) {
-      if (declarations.all()[i].isType()) types.push_back(&declarations.all()[i]);
+      if (IsTypeName(view.all().list()[i].role)) types.push_back(&view.all().list()[i]);
     }
   }
   return types;

@@ -13,7 +13,7 @@ namespace zentho::idlgen {
 /// The types that may be meant by a name that one of the files uses.
 class KnownTypes {
  public:
-  KnownTypes(const Declarations& allDeclarations, const File& user);
+  KnownTypes(const Declarations& declarations, const File& user);
 
   /// Returns the files that the user does not see and in which it would find the type.
   [[nodiscard]] std::vector<const File*> filesThatDeclare(std::string_view type) const;
@@ -26,7 +26,6 @@ class KnownTypes {
   [[nodiscard]] std::vector<const Declaration*> typesInView() const;
   [[nodiscard]] std::string nameOf(const Declaration& declaration) const;
 
-  const Declarations& declarations;
   View view;
   Lookup lookup;
 };

@@ -27,7 +27,6 @@ struct Declaration {
   Declaration* next = nullptr;  ///< The next one of this name in this namespace.
 
   [[nodiscard]] bool isItem() const { return role == Role::ItemName; }
-  [[nodiscard]] bool isType() const { return role == Role::EnumName || role == Role::MessageName; }
 };
 
 /// Returns the first declaration of the rest of a chain for which this holds, or nullptr.
@@ -111,8 +110,7 @@ class Declarations {
     return *fileOfSource.at(&source);
   }
   [[nodiscard]] const std::deque<File>& allFiles() const { return files; }
-  [[nodiscard]] const std::deque<Declaration>& all() const { return declarations; }
-  [[nodiscard]] const Namespace& global() const { return spaces.front(); }
+  [[nodiscard]] const std::deque<Declaration>& list() const { return declarations; }
   [[nodiscard]] std::size_t countNamespaces() const { return spaces.size(); }
 
   /// Returns whether one of the files declares an item of this name, in any namespace.

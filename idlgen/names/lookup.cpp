@@ -19,10 +19,6 @@ std::string_view PartName(Scope::Part part) {
   return part == Scope::Part::Request ? "Request" : "Response";
 }
 
-bool IsPartName(std::string_view name) {
-  return name == "Request" || name == "Response";
-}
-
 /// Returns whether a type of this name is nested in a service at the place of a member.
 bool IsNestedAbove(std::string_view name, Scope::Part part) {
   if (part == Scope::Part::None) return false;
@@ -36,13 +32,16 @@ bool IsInFramework(const File& file) {
 
 }  // namespace
 
-Lookup::Lookup(const Declarations& allDeclarations, const View& viewOfUser)
-    : declarations(allDeclarations),
-      view(viewOfUser),
+bool IsPartName(std::string_view name) {
+  return name == "Request" || name == "Response";
+}
+
+Lookup::Lookup(const View& viewOfUser)
+    : view(viewOfUser),
       file(viewOfUser.user()),
       words(file.words()),
       namespaces(file.namespaces),
-      mayBeUnread(view.isOpen() || IsInFramework(file)) {}
+      isIncomplete(view.isIncomplete() || IsInFramework(file)) {}
 
 Found Lookup::findType(std::string_view type, const Scope& user) const {
   const bool isPath = type.find('.') != std::string_view::npos;
@@ -53,14 +52,14 @@ Found Lookup::findType(std::string_view type, const Scope& user) const {
   const bool isDropped = std::any_of(path.begin(), path.end(),
                                      [&](std::string_view name) { return mayBeDropped(name); });
   if (isMissing && isDropped) return {Meaning::Elsewhere};
-  if ((isMissing || isNoType) && mayBeUnread && !found.isInnermost) return {Meaning::Elsewhere};
+  if ((isMissing || isNoType) && isIncomplete && !found.isInnermost) return {Meaning::Elsewhere};
   const bool isLater =
       found.meaning == Meaning::Unknown && user.part == Scope::Part::Request && type == "Response";
   return isLater ? Found{Meaning::LaterPart} : found;
 }
 
 bool Lookup::mayBeElsewhere(std::string_view name) const {
-  return mayBeUnread || mayBeDropped(name);
+  return isIncomplete || mayBeDropped(name);
 }
 
 /// Returns whether words that have been dropped may declare the name.
@@ -80,7 +79,7 @@ Found Lookup::findName(std::string_view name, const Scope& user) const {
       below = found;
     } else if (found.meaning != Meaning::Unknown) {
       const bool isOther = below.meaning == Meaning::Below && found.meaning != Meaning::Namespace;
-      if (isOther) return {Meaning::NotBelow, below.declaration};
+      if (isOther) return {Meaning::OuterOne, below.declaration};
       return space == namespaces.rbegin() ? Innermost(found) : found;
     }
   }
@@ -182,29 +181,31 @@ const Declaration* Lookup::ownRecord(const Scope& user) const {
   return own == nullptr ? first : own;
 }
 
-Found Lookup::findInValue(std::string_view name, std::size_t word, std::size_t enumName) const {
-  Found below = unknown;
+Meaning Lookup::findInValue(std::string_view name, std::size_t word, std::size_t enumName) const {
+  Meaning below = Meaning::Unknown;
   for (auto space = namespaces.rbegin(); space != namespaces.rend(); ++space) {
-    Found record = unknown;
+    Meaning record = Meaning::Unknown;
     const Declaration* const found = view.find(**space, name, [&](const Declaration& declared) {
       const bool isOther = declared.file != &file;
       // The item itself is the word before its value.
       if (declared.isItem()) return isOther || declared.word + 1 < word;
       if (!isOther && declared.word == enumName) return true;
-      const bool isEnumAbove =
-          declared.role == Role::EnumName && (isOther || declared.word < enumName);
-      record = {isOther || isEnumAbove ? Meaning::Type : Meaning::Below, &declared};
+      const bool isEnum = declared.role == Role::EnumName;
+      const bool isAbove = isOther || (isEnum && declared.word < enumName);
+      record = !isAbove ? Meaning::Below : isEnum ? Meaning::Type : Meaning::Service;
       return false;
     });
-    if (found != nullptr) return {found->isItem() ? Meaning::Item : Meaning::Itself, found};
-    if (record.meaning == Meaning::Type) return record;
-    if (record.meaning == Meaning::Below) below = record;
-    if (view.inner(**space, name) != nullptr) return {Meaning::Namespace};
+    // An item of a file that has not been read may have the name.
+    if (record == Meaning::Type && mayBeElsewhere(name)) record = Meaning::Elsewhere;
+    if (found != nullptr) return found->isItem() ? Meaning::Item : Meaning::Itself;
+    if (record == Meaning::Below) below = record;
+    if (record != Meaning::Below && record != Meaning::Unknown) return record;
+    if (view.inner(**space, name) != nullptr) return Meaning::Namespace;
   }
-  if (below.meaning == Meaning::Below) return below;
+  if (below == Meaning::Below && !mayBeElsewhere(name)) return below;
   // Macros and the library have many more names, which a file with includes may use.
-  const bool isNoItem = file.hasInclude && !declarations.hasItem(name);
-  return isNoItem || mayBeElsewhere(name) ? Found{Meaning::Elsewhere} : unknown;
+  const bool isNoItem = file.hasInclude && !view.all().hasItem(name);
+  return isNoItem || mayBeElsewhere(name) ? Meaning::Elsewhere : Meaning::Unknown;
 }
 
 bool Lookup::hasRecord(std::string_view name) const {

@@ -23,12 +23,12 @@ struct Scope {
 enum class Meaning : std::uint8_t {
   Type,
   Service,  ///< The type of a whole service.
-  Itself,   ///< The record that the member is in.
+  Itself,   ///< The record that contains the word.
   Item,     ///< An item of an enum, which hides types of its name.
   Namespace,
   Below,      ///< A declaration that comes later in the header.
   LaterPart,  ///< The response, in the request of its service.
-  NotBelow,   ///< One of another namespace, in spite of a declaration that comes later.
+  OuterOne,   ///< A type further out, in spite of a declaration that comes later.
   Unknown,    ///< Nothing in the files.
   Elsewhere   ///< Nothing in the files, but perhaps in another.
 };
@@ -39,19 +39,22 @@ struct Found {
   bool isInnermost = false;  ///< Found where no file that has not been read can hide it.
 };
 
+/// Returns whether a service has a type of this name inside.
+bool IsPartName(std::string_view name);
+
 /// Looks up names as C++ does in the header of one file. There, the included files come first, then
-/// enums, messages and services. Refers to its arguments.
+/// enums, messages and services. Refers to the view.
 class Lookup {
  public:
-  Lookup(const Declarations& allDeclarations, const View& viewOfUser);
+  explicit Lookup(const View& viewOfUser);
 
   /// Looks up the type of a member, which has the form of a name with dots.
   [[nodiscard]] Found findType(std::string_view type, const Scope& user) const;
 
-  /// Looks up a name in the value of an item, which is the word, of this enum. Finds an item or an
-  /// enum that is declared before the word, or another record that is not.
-  [[nodiscard]] Found findInValue(std::string_view name, std::size_t word,
-                                  std::size_t enumName) const;
+  /// Returns what a name is in a value, which is this word of this enum: an item or an enum that
+  /// the header declares before it (`Item` or `Type`), or something else that is none.
+  [[nodiscard]] Meaning findInValue(std::string_view name, std::size_t word,
+                                    std::size_t enumName) const;
 
   /// Returns whether a record of this name is declared in the namespace of the file or further out.
   [[nodiscard]] bool hasRecord(std::string_view name) const;
@@ -80,12 +83,11 @@ class Lookup {
   [[nodiscard]] bool isAbove(const Declaration& record, const Scope& user) const;
   [[nodiscard]] bool isOwn(const Declaration& record, const Scope& user) const;
 
-  const Declarations& declarations;
   const View& view;
   const File& file;
   const Words& words;
   const std::vector<const Namespace*>& namespaces;  ///< From the global one to that of the file.
-  bool mayBeUnread;  ///< Whether any name may come from what has not been read.
+  bool isIncomplete;  ///< Whether any name may be declared in what has not been read.
 };
 
 }  // namespace zentho::idlgen

@@ -30,7 +30,7 @@ void View::see(const File& other) {
   }
 }
 
-bool View::isOpen() const {
+bool View::isIncomplete() const {
   return file->completeness == Completeness::Incomplete ||
          std::any_of(included.begin(), included.end(), [](const File* other) {
            return other->completeness != Completeness::Complete;

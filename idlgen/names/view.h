@@ -7,11 +7,13 @@
 
 namespace zentho::idlgen {
 
-/// What one file sees: itself, and all that it includes, also through others.
+/// What one file sees: itself, and all that it includes, also through others. Is valid until the
+/// declarations change.
 class View {
  public:
   View(const Declarations& allDeclarations, const File& fileThatLooks);
 
+  [[nodiscard]] const Declarations& all() const { return declarations; }
   [[nodiscard]] const File& user() const { return *file; }
 
   /// The files that are seen, apart from the user.
@@ -22,8 +24,8 @@ class View {
   }
   [[nodiscard]] bool has(const Namespace& space) const { return seesNamespace[space.number] != 0; }
 
-  /// Returns whether names may come from what has not been read.
-  [[nodiscard]] bool isOpen() const;
+  /// Returns whether names may be declared in what has not been read.
+  [[nodiscard]] bool isIncomplete() const;
 
   /// Returns the files that include the user, also through others, among those that are seen.
   [[nodiscard]] std::vector<const File*> filesThatIncludeUser() const;
@@ -48,7 +50,7 @@ class View {
     }
     // Many files that are not seen declare the name.
     for (std::size_t i = file->begin; i < file->end; ++i) {
-      const Declaration& own = declarations.all()[i];
+      const Declaration& own = declarations.list()[i];
       if (own.name == name && own.space == &space && holds(own)) return &own;
     }
     return nullptr;

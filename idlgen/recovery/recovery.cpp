@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "check/check_file.h"
-#include "names/view.h"
 #include "recovery/next_fix.h"
 #include "schema/schema.h"
 #include "schema/statements.h"
@@ -51,7 +50,7 @@ void Recovery::run(Declarations& declarations) {
 /// Checks the words. Returns the fix that the findings suggest, or nothing.
 std::optional<Fix> Recovery::check(Declarations& declarations) {
   declare(declarations);
-  findings = CheckFile(declarations, View(declarations, declarations.fileOf(file)));
+  findings = CheckFile(declarations, declarations.fileOf(file));
   return FixFindings(words, findings);
 }
 

@@ -31,6 +31,16 @@ inline bool IsRecordName(Role role) {
   return role == Role::EnumName || role == Role::MessageName || role == Role::ServiceName;
 }
 
+/// Returns whether a word of this role names a type: a service is none, but has two inside.
+inline bool IsTypeName(Role role) {
+  return role == Role::EnumName || role == Role::MessageName;
+}
+
+/// Returns whether a word of this role names a record with members.
+inline bool HasMembers(Role role) {
+  return role == Role::MessageName || role == Role::ServiceName;
+}
+
 /// Returns whether a word of this role is a type or a value.
 inline bool IsSecondHalf(Role role) {
   return role == Role::ItemValue || role == Role::MemberType;
@@ -41,7 +51,7 @@ inline bool IsInList(Role role) {
   return role == Role::ItemName || role == Role::MemberName || IsSecondHalf(role);
 }
 
-/// No index of a word.
+/// In place of the index of a word: no word.
 constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 
 }  // namespace idlgen

@@ -95,8 +95,7 @@ std::ptrdiff_t OpenBraces(const Words& words) {
 TypeNames DeclaredTypes(const Words& words) {
   TypeNames types;
   for (std::size_t i = 0; i < words.size(); ++i) {
-    const Role role = words.role(i);
-    if (role == Role::EnumName || role == Role::MessageName) types.insert(words.text(i));
+    if (IsTypeName(words.role(i))) types.insert(words.text(i));
   }
   return types;
 }
