@@ -57,8 +57,10 @@ constexpr std::string_view shortSigns = "+-*/%&|^<>~!.,()";
 
 ValueToken FirstSign(std::string_view text) {
   const std::string_view both = text.substr(0, 2);
-  if (Contains(forbiddenSigns, both)) return {Kind::Forbidden, both};
-  if (Contains(longSigns, both)) return {Kind::Sign, both};
+  // Faster than to search the tables for each sign.
+  const bool mayBeLong = std::string_view("+-/*%<>=&|").find(both.back()) != std::string_view::npos;
+  if (mayBeLong && Contains(forbiddenSigns, both)) return {Kind::Forbidden, both};
+  if (mayBeLong && Contains(longSigns, both)) return {Kind::Sign, both};
   const bool isAllowed = shortSigns.find(text.front()) != std::string_view::npos;
   return {isAllowed ? Kind::Sign : Kind::Forbidden, text.substr(0, 1)};
 }
