@@ -45,7 +45,7 @@ int run(int argc, char** argv) {
     for (const std::string& path : paths) processFile(path, parser, mode == "-fv");
     return 0;
   }
-  if (mode == "-d") return 0;
+  if (mode == "-d") return 0;  // Accepted, and does nothing.
   printLine({"mode not supported"});
   return 255;
 }

@@ -8,6 +8,7 @@ namespace zentho::idlgen {
 
 // What compilers make of literals, by their text alone.
 
+/// From good to bad.
 enum class LiteralForm : std::uint8_t {
   Portable,
   Unportable,  ///< Some compilers reject it: a character, or a number of more than 64 bits.

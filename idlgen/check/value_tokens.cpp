@@ -13,17 +13,6 @@ namespace {
 
 using Kind = ValueToken::Kind;
 
-/// Returns the size of the characters of a name at the beginning of the text.
-std::size_t NameSize(std::string_view text) {
-  std::size_t size = 0;
-  while (size < text.size()) {
-    const Character next = FirstCharacter(text.substr(size));
-    if (!next.valid || !IsNameCharacter(next.code)) break;
-    size += next.size;
-  }
-  return size;
-}
-
 /// Returns the size of a number. To C++, a sign after an 'e' or 'p' belongs to it, also in 0xE+1.
 std::size_t NumberSize(std::string_view text) {
   std::size_t size = 0;

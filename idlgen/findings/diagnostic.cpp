@@ -41,8 +41,7 @@ std::string Excerpt(const Message& message) {
   const std::size_t cut =
       begin + context <= maxShownSize ? 0 : CharacterBegin(line, begin - context);
   const std::string_view part = line.substr(cut);
-  const std::size_t shown =
-      part.size() <= maxShownSize ? part.size() : CharacterBegin(part, maxShownSize);
+  const std::size_t shown = ShownSize(part);
   const std::string before = (cut > 0 ? "..." : "") + Printable(part.substr(0, begin - cut));
   const std::string word =
       Printable(line.substr(begin, std::min(message.size, cut + shown - begin)));

@@ -12,7 +12,7 @@
 
 namespace zentho::idlgen {
 
-/// A sentence about some bytes of a line.
+/// A sentence about some bytes of a line. Refers to the text of the file.
 struct Message {
   std::string path;
   Place place;

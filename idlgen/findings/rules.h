@@ -75,8 +75,7 @@ inline constexpr Rule missingResponse{
     error, R"("%" is not "response": a service has a request and a response, in this order)"};
 inline constexpr Rule responseFirst{error,
                                     R"("%" is not "request": a service begins with its request)"};
-inline constexpr Rule missingEndOfService{error, R"(a "}" is missing before this "%")"};
-inline constexpr Rule missingEndOfPart{error, R"(a "}" is missing before this "%")"};
+inline constexpr Rule missingClosing{error, R"(a "}" is missing before this "%")"};
 inline constexpr Rule missingEnd{
     error, R"(a "}" is missing before this "%": declarations cannot be nested)"};
 inline constexpr Rule blockInMembers{

@@ -45,7 +45,7 @@ std::string UnknownTypeAdvice(Examination& examination, const SourceFile& file,
   if (!elsewhere.empty()) return elsewhere;
   std::string advice = word.find('<') == std::string_view::npos
                            ? TypeAdvice(finding.text, finding.word, file.words)
-                           : FormAdvice(word, file.words.role(finding.word));
+                           : SymptomOf(file.words, {finding.rule, finding.word, word}).advice;
   return advice.empty() && !isPath ? examination.typeAdvice(file, finding.text) : advice;
 }
 
@@ -54,14 +54,11 @@ std::string UnknownTypeAdvice(Examination& examination, const SourceFile& file,
 std::string AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding) {
   if (!finding.advice.empty()) return finding.advice;
   const std::string_view word = file.words.text(finding.word);
-  const Role role = file.words.role(finding.word);
   switch (finding.rule->hint) {
     case Hint::None:
       return {};
-    case Hint::Form: {
-      std::string advice = FormAdvice(finding.text, role);
-      return advice.empty() && role == Role::MemberType ? FormAdvice(word, role) : advice;
-    }
+    case Hint::Form:
+      return SymptomOf(file.words, finding).advice;
     case Hint::SimilarType:
       return UnknownTypeAdvice(examination, file, finding);
     case Hint::ItemValue:

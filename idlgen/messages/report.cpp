@@ -7,6 +7,7 @@
 
 #include "messages/advice.h"
 #include "messages/selection.h"
+#include "reader/idl.h"
 #include "sources/source_file.h"
 #include "words/printable.h"
 
@@ -20,8 +21,7 @@ constexpr std::size_t maxMessages = 20;
 void appendCommentedInclude(const SourceFile& file, std::vector<Message>& notes) {
   std::string_view text = file.text;
   for (std::size_t lineNumber = 1; !text.empty(); ++lineNumber) {
-    const std::string_view line = text.substr(0, text.find('\n'));
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    const std::string_view line = TakeLine(text);
     const std::size_t hash = line.find_first_not_of(' ');
     for (const std::string_view directive : {"#include", "#import"}) {
       if (hash == std::string_view::npos || line.substr(hash, directive.size()) != directive) {

@@ -15,7 +15,7 @@ namespace zentho::idlgen {
 [[nodiscard]] Outcome reportOn(Examination& examination, SourceFile& file, Warnings warnings);
 
 /// Does the same for the text of the IDL file at `path`, without looking at any other. Fills the
-/// empty `schema` if the file passes.
+/// empty `schema`, as far as the file is right.
 [[nodiscard]] Outcome reportAlone(const std::string& path, std::string text, Schema& schema,
                                   Warnings warnings = Warnings::Tell);
 

@@ -20,13 +20,8 @@ std::size_t PairOf(const LocatedWords& words, std::size_t word) {
 
 /// Returns what decides between findings of one pair: the smallest is told.
 std::tuple<std::size_t, Severity, std::size_t> RankOf(const Words& words, const Finding& finding) {
-  const Role role = words.role(finding.word);
-  std::size_t symptom = noSymptom;
-  if (finding.rule->hint == Hint::Form) {
-    symptom = SymptomRank(finding.text, role);
-    const bool isType = role == Role::MemberType;
-    if (isType) symptom = std::min(symptom, SymptomRank(words.text(finding.word), role));
-  }
+  const bool isForm = finding.rule->hint == Hint::Form;
+  const std::size_t symptom = isForm ? SymptomOf(words, finding).rank : Symptom().rank;
   return {symptom, finding.rule->severity, finding.word};
 }
 

@@ -12,6 +12,7 @@
 
 #include "io/file.h"
 #include "messages/outcome.h"
+#include "reader/idl.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -30,9 +31,8 @@ constexpr std::array<option, 6> longOptions = {{{"check", no_argument, nullptr, 
 std::vector<std::string> Lines(std::string_view text) {
   std::vector<std::string> lines;
   while (!text.empty()) {
-    const std::string_view line = text.substr(0, text.find('\n'));
+    const std::string_view line = TakeLine(text);
     if (!line.empty()) lines.emplace_back(line);
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
   }
   return lines;
 }

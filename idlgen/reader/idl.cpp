@@ -45,6 +45,12 @@ std::string_view idlgen::WithoutComment(std::string_view line) {
   return line;
 }
 
+std::string_view idlgen::TakeLine(std::string_view& text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  text.remove_prefix(std::min(line.size() + 1, text.size()));
+  return line;
+}
+
 void IDL::load(std::string path) {
   idlgen::printLine({"idl path:", path});
   std::string text;
@@ -55,10 +61,8 @@ void IDL::load(std::string path) {
 void IDL::tokenize(std::string_view text) {
   // Running the passes line by line gives the same result as for the whole text, with less memory.
   while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
     std::vector<std::string> stored;
-    stored.emplace_back(idlgen::WithoutComment(text.substr(0, end)));
-    text.remove_prefix(std::min(end + 1, text.size()));
+    stored.emplace_back(idlgen::WithoutComment(idlgen::TakeLine(text)));
 
     std::vector<std::list<std::string>> splitAtSpaces;
     splitBySpace(std::move(stored), splitAtSpaces);

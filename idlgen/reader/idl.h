@@ -13,6 +13,9 @@ namespace idlgen {
 /// starts at "//" if that is the first '/' of the line.
 std::string_view WithoutComment(std::string_view line);
 
+/// Takes the first line from the text. Returns it without its line feed.
+std::string_view TakeLine(std::string_view& text);
+
 }  // namespace idlgen
 
 /// The token lines of one IDL file, and the passes that split its text into them.

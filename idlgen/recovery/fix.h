@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "findings/finding.h"
-#include "recovery/symptoms.h"
 #include "sources/source_file.h"
 #include "words/located_words.h"
 
@@ -34,7 +33,8 @@ struct Fix {
 };
 
 /// Returns a finding about a word.
-inline Finding At(const Rule& rule, const Words& words, std::size_t word, std::string advice = {}) {
+inline Finding FindingAt(const Rule& rule, const Words& words, std::size_t word,
+                         std::string advice = {}) {
   return {&rule, word, words.text(word), std::move(advice)};
 }
 

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstddef>
 
 #include "recovery/fix.h"
@@ -7,14 +6,15 @@
 namespace zentho::idlgen {
 
 Texts MissingBraces(const Words& words, std::size_t end) {
-  std::size_t i = end - 1;
-  while (words.role(i) != Role::Part && words.role(i) != Role::Statement) --i;
-  const bool isService = FindStatement(words.text(i)) == Statement::Service;
-  if (words.role(i) != Role::Part && !isService) return {"}"};
+  const std::size_t keyword = KeywordOf(words, end - 1);
+  std::size_t part = end - 1;
+  while (part > keyword && words.role(part) != Role::Part) --part;
+  const bool hasPart = part > keyword;
+  if (!hasPart && FindStatement(words.text(keyword)) != Statement::Service) return {"}"};
   Texts missing;
-  if (words.text(end - 1) != "}" && !isService) missing = {"}"};
-  if (isService) missing = {"request", "{", "}"};
-  if (isService || words.text(i) == "request") {
+  if (hasPart && words.text(end - 1) != "}") missing = {"}"};
+  if (!hasPart) missing = {"request", "{", "}"};
+  if (!hasPart || words.text(part) == "request") {
     missing.insert(missing.end(), {"response", "{", "}"});
   }
   missing.emplace_back("}");
@@ -24,8 +24,7 @@ Texts MissingBraces(const Words& words, std::size_t end) {
 Fix FixEnd(SourceFile& file) {
   const Words& words = file.words;
   const std::size_t last = words.size() - 1;
-  std::size_t keyword = last;
-  while (words.role(keyword) != Role::Statement) --keyword;
+  const std::size_t keyword = KeywordOf(words, last);
   const WordRange statement = {keyword, words.size()};
   const auto isMissing = [&](std::string_view what) {
     return Finding{&rules::endOfFile, last, what, {}, {{&file, keyword}}};

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "recovery/fix.h"
+#include "recovery/symptoms.h"
 #include "words/characters.h"
 #include "words/printable.h"
 #include "words/word_forms.h"
@@ -158,20 +159,20 @@ std::string ColonsAdvice(const LocatedWords& words, std::size_t i, Role role) {
 
 std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
   const std::vector<MeantWord> meant = WithRoles(words, range);
-  if (std::optional<Finding> finding = FindSymptom(Symptoms::Characters, meant)) {
+  if (std::optional<Finding> finding = FindSymptom(SymptomKind::Characters, meant)) {
     return WithoutSymptom(words, *std::move(finding), range);
   }
   if (!IsInList(meant.front().role)) return std::nullopt;
   for (const auto& [i, text, role] : meant) {
     if (!IsJoinedByColons(words, i)) continue;
     const Rule& rule = role == Role::ItemValue ? rules::colonsInValue : rules::colonsInType;
-    return Drop(At(rule, words, i, ColonsAdvice(words, i, role)), range);
+    return Drop(FindingAt(rule, words, i, ColonsAdvice(words, i, role)), range);
   }
   return std::nullopt;
 }
 
 std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange line) {
-  std::optional<Finding> finding = FindSymptom(Symptoms::Forms, WithRoles(words, range));
+  std::optional<Finding> finding = FindSymptom(SymptomKind::Forms, WithRoles(words, range));
   if (!finding.has_value()) return std::nullopt;
   if (BraceOf(finding->text) == '\0') return Drop(*std::move(finding), line);
   const std::size_t word = finding->word;  // Such as `};`.

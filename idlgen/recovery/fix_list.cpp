@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "recovery/fix.h"
+#include "recovery/symptoms.h"
 #include "schema/statements.h"
 #include "words/foreign_words.h"
 #include "words/word_forms.h"
@@ -26,7 +27,7 @@ class List {
  public:
   List(const LocatedWords& located, const TypeNames& typeNames, std::size_t word)
       : words(located), types(typeNames), begin(word) {
-    while (IsInList(words.role(begin - 1))) --begin;
+    while (IsInList(words.role(begin - 1))) --begin;  // A statement is before every list.
   }
 
   [[nodiscard]] bool isEnum() const { return words.role(begin) == Role::ItemName; }
@@ -56,25 +57,21 @@ class List {
     return words.role(begin - 2) == Role::Part && words.text(begin - 2) == "request";
   }
 
-  /// Returns whether a word qualifies a declaration on the line, as in other languages. If it has a
-  /// place in a pair, it is a name.
-  [[nodiscard]] bool isQualified(WordRange line) const { return qualifierIn(line) < line.end; }
-
+  /// Returns the word that qualifies a declaration on the line, as in other languages, or `noWord`.
+  /// If it has a place in a pair, it is a name.
   [[nodiscard]] std::size_t qualifierIn(WordRange line) const {
-    const auto isQualifier = [&](std::size_t i) {
+    for (std::size_t i = line.first; i < line.end && line.end - line.first > 2; ++i) {
       const bool isType =
           IsAfterColon(words, i) && (i + 1 == line.end || IsBeforeColon(words, i + 1));
-      return IsQualifier(words.text(i)) && !IsBeforeColon(words, i) && !isType;
-    };
-    std::size_t i = line.end - line.first < 3 ? line.end : line.first;
-    while (i < line.end && !isQualifier(i)) ++i;
-    return i;
+      if (IsQualifier(words.text(i)) && !IsBeforeColon(words, i) && !isType) return i;
+    }
+    return noWord;
   }
 
   /// Returns the fix of a line in which words are missing or too many.
   [[nodiscard]] Fix fixCount(WordRange line) const {
     const auto at = [&](const Rule& rule, std::size_t word) {
-      return Drop(At(rule, words, word), line);
+      return Drop(FindingAt(rule, words, word), line);
     };
     const std::size_t last = line.end - 1;
     const Rule& missing = isEnum() ? rules::missingValue : rules::missingType;
@@ -148,21 +145,21 @@ Fix FixBlock(const LocatedWords& words, WordRange line, std::size_t brace, const
   const WordRange block = {line.first, ClosingBrace(words, brace) + 1};
   if (before >= 2 && IsDeclaration(FindStatement(words.text(last - 1)))) {
     const std::size_t keyword = last - 1;
-    Finding finding = At(rules::missingEnd, words, keyword);
+    Finding finding = FindingAt(rules::missingEnd, words, keyword);
     const bool hasOwnEnd = OpenBraces(words) <= 0;  // It is nested.
     return hasOwnEnd ? Drop(std::move(finding), block)
                      : Insert(std::move(finding), keyword, MissingBraces(words, keyword));
   }
   if (before >= 1 && list.isRequest() && words.text(last) == "response") {
-    return Insert(At(rules::missingEndOfPart, words, last), last, {"}"});
+    return Insert(FindingAt(rules::missingClosing, words, last), last, {"}"});
   }
   if (before % 2 == 1 && IsBeforeColon(words, last)) {
-    return Drop(
-        list.isEnum() ? At(rules::notAValue, words, brace) : At(rules::blockAsType, words, brace),
-        block);
+    return Drop(list.isEnum() ? FindingAt(rules::notAValue, words, brace)
+                              : FindingAt(rules::blockAsType, words, brace),
+                block);
   }
   const Rule& rule = list.isEnum() ? rules::blockInEnum : rules::blockInMembers;
-  return Drop(At(rule, words, line.first), block);
+  return Drop(FindingAt(rule, words, line.first), block);
 }
 
 }  // namespace
@@ -175,7 +172,7 @@ std::size_t FirstInMixedLine(const LocatedWords& words, const TypeNames& types,
     if (word < end) continue;  // Its line has been looked at.
     const WordRange line = list.lineOf(word);
     end = line.end;
-    bool isMixed = list.isQualified(line);
+    bool isMixed = list.qualifierIn(line) != noWord;
     for (std::size_t i = line.first; i < line.end; ++i) {
       isMixed = isMixed || words.text(i).substr(0, 2) == "/*";
     }
@@ -194,19 +191,20 @@ Fix FixList(const LocatedWords& words, std::size_t word) {
   const std::optional<WordRange> line = list.firstWrongLine(word);
   const WordRange pair = {IsSecondHalf(words.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
-  const bool isWhole = IsJoinedByColons(words, word) || list.isQualified(list.lineOf(word));
+  const bool isWhole =
+      IsJoinedByColons(words, word) || list.qualifierIn(list.lineOf(word)) != noWord;
   const WordRange range = line.value_or(isWhole ? list.lineOf(word) : pair);
 
-  if (const std::optional<Fix> fix = FixCharacters(words, range)) return *fix;
+  if (std::optional<Fix> fix = FixCharacters(words, range)) return *std::move(fix);
   const std::optional<std::size_t> brace = line ? BlockBegin(words, *line) : std::nullopt;
   if (brace.has_value()) return FixBlock(words, *line, *brace, list);
-  if (list.isQualified(range)) {
+  if (const std::size_t qualifier = list.qualifierIn(range); qualifier != noWord) {
     const Rule& rule = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
-    return Drop(At(rule, words, list.qualifierIn(range)), range);
+    return Drop(FindingAt(rule, words, qualifier), range);
   }
-  if (const auto fix = FixForm(words, range, range)) return *fix;
+  if (std::optional<Fix> fix = FixForm(words, range, range)) return *std::move(fix);
   return line.has_value() ? list.fixCount(*line)
-                          : Drop(At(FormRule(words.role(word)), words, word), range);
+                          : Drop(FindingAt(FormRule(words.role(word)), words, word), range);
 }
 
 }  // namespace zentho::idlgen

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "recovery/fix.h"
+#include "recovery/symptoms.h"
 #include "schema/statements.h"
 #include "words/cpp_words.h"
 #include "words/foreign_words.h"
@@ -25,7 +26,7 @@ class Stray {
         before(i > 0 ? fileWords.role(i - 1) : Role::Statement) {}
 
   [[nodiscard]] Finding finding(const Rule& rule, std::string advice = {}) const {
-    return At(rule, words, word, std::move(advice));
+    return FindingAt(rule, words, word, std::move(advice));
   }
   [[nodiscard]] WordRange itself() const { return {word, word + 1}; }
 
@@ -49,7 +50,6 @@ class Stray {
   }
 
   [[nodiscard]] bool isClosed() const;
-  [[nodiscard]] std::string pathWithDots(std::size_t& pathEnd) const;
   [[nodiscard]] Texts laterDeclaration(std::size_t brace) const;
   [[nodiscard]] std::string_view meantKeyword() const;
   [[nodiscard]] const Rule& openingRule() const;
@@ -72,15 +72,6 @@ bool Stray::isClosed() const {
     ++i;
   }
   return i < words.size() && BraceOf(words.text(i)) == '}';
-}
-
-/// Returns the path before the word and what two colons join to it, with dots.
-std::string Stray::pathWithDots(std::size_t& pathEnd) const {
-  std::string path(words.text(word - 1));
-  for (pathEnd = word; pathEnd < end && IsJoinedByColons(words, pathEnd - 1); ++pathEnd) {
-    path.append(".").append(words.text(pathEnd));
-  }
-  return path;
 }
 
 /// Returns what a line is read as that declares something after other words, as in
@@ -128,8 +119,11 @@ const Rule& Stray::openingRule() const {
 Fix AfterPath(const Stray& at) {
   if (at.before == Role::IncludePath) return Drop(at.finding(rules::afterIncludePath), at.rest());
   if (at.text == "{") return Drop(at.finding(rules::namespaceWithBraces), at.itself());
+  std::string path(at.words.text(at.word - 1));
   std::size_t end = at.word;
-  const std::string path = at.pathWithDots(end);
+  for (; end < at.end && IsJoinedByColons(at.words, end - 1); ++end) {
+    path.append(".").append(at.words.text(end));
+  }
   if (end == at.word) return Drop(at.finding(rules::afterNamespace), at.rest());
   return Replace(at.finding(rules::notAStatement, "write dots: " + Quoted(path)),
                  {at.word - 1, end}, {path});
@@ -162,10 +156,13 @@ Fix BetweenNameAndBrace(const Stray& at, std::size_t brace) {
   const std::size_t name = at.word - 1;
   const bool isKeyword = FindKeyword(at.words.text(name)) != Keyword::None;
   if (isKeyword && brace > at.word) {  // As in `enum class E {`.
-    return Drop(At(rules::extraWordOfName, at.words, name), {name, at.word});
+    return Drop(FindingAt(rules::extraWordOfName, at.words, name), {name, at.word});
   }
   const std::string nameOnly(NameIn(at.words.text(name)));
-  return Replace(at.finding(at.openingRule()), {name, brace}, {nameOnly.empty() ? "_" : nameOnly});
+  Fix fix =
+      Replace(at.finding(at.openingRule()), {name, brace}, {nameOnly.empty() ? "_" : nameOnly});
+  fix.mayDeclare = false;
+  return fix;
 }
 
 /// A word in place of the "{" after a name.
@@ -174,16 +171,12 @@ Fix AtOpening(const Stray& at) {
   const bool isPart = at.before == Role::Part;
   if (!at.isOnLineOfWordBefore()) {
     const bool isService = at.before == Role::ServiceName && at.text == "request";
-    Finding finding = At(rules::missingOpening, at.words, name);
+    Finding finding = FindingAt(rules::missingOpening, at.words, name);
     return isPart || isService || at.isClosed() ? Insert(std::move(finding), at.word, {"{"})
                                                 : Drop(std::move(finding), {name - 1, at.word});
   }
   const std::size_t brace = OpeningBrace(at.words, at.word);
-  if (brace != noWord) {
-    Fix fix = BetweenNameAndBrace(at, brace);
-    fix.mayDeclare = fix.finding.rule == &rules::extraWordOfName;
-    return fix;
-  }
+  if (brace != noWord) return BetweenNameAndBrace(at, brace);
   Finding finding = at.finding(at.openingRule());
   if (!isPart) return Drop(std::move(finding), {name - 1, at.end});
   Fix fix = Replace(std::move(finding), at.itself(), {"{", "}"});
@@ -194,10 +187,11 @@ Fix AtOpening(const Stray& at) {
 /// A word in place of a brace.
 Fix AtBrace(const Stray& at) {
   if (at.before != Role::Brace) return AtOpening(at);
-  if (at.beginsStatement()) return Insert(at.finding(rules::missingEndOfService), at.word, {"}"});
+  if (at.beginsStatement()) return Insert(at.finding(rules::missingClosing), at.word, {"}"});
   if (at.isClosing()) {
-    return Replace(at.finding(rules::notAnEnd, FormAdvice(at.text, Role::Statement)), at.itself(),
-                   {"}"});
+    return Replace(
+        at.finding(rules::notAnEnd, SymptomOf(at.words, at.finding(rules::notAnEnd)).advice),
+        at.itself(), {"}"});
   }
   Fix fix = Drop(at.finding(rules::afterResponse), at.rest());
   if (at.text == "request") fix.mayFollow = MayFollow::FaultInStatement;
@@ -233,7 +227,7 @@ Fix AtPart(const Stray& at) {
   }
   if (at.beginsStatement()) {
     emptyParts.emplace_back("}");
-    return Insert(at.finding(rules::missingEndOfService), at.word, emptyParts);
+    return Insert(at.finding(rules::missingClosing), at.word, emptyParts);
   }
   return Drop(at.finding(missing), at.rest());
 }

@@ -41,7 +41,7 @@ std::size_t FirstCppName(const LocatedWords& words, std::size_t count) {
 Fix FixSecondNamespace(SourceFile& file, std::size_t word) {
   const std::vector<Role>& roles = file.words.roles;
   const auto first = std::find(roles.begin(), roles.end(), Role::NamespacePath);
-  Finding finding = At(rules::secondNamespace, file.words, word);
+  Finding finding = FindingAt(rules::secondNamespace, file.words, word);
   finding.others = {{&file, static_cast<std::size_t>(first - roles.begin())}};
   Fix fix = Drop(std::move(finding), {word, std::min(word + 2, file.words.size())});
   fix.mayFollow = MayFollow::FaultInOther;

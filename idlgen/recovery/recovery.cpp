@@ -1,6 +1,7 @@
 #include "recovery/recovery.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -19,9 +20,13 @@ namespace {
 constexpr std::size_t maxFixes = 20;
 
 template <typename T>
+auto At(std::vector<T>& list, std::size_t i) {
+  return list.begin() + static_cast<std::ptrdiff_t>(i);
+}
+
+template <typename T>
 void replace(std::vector<T>& list, WordRange range, const std::vector<T>& values) {
-  const auto at = [&](std::size_t i) { return list.begin() + static_cast<std::ptrdiff_t>(i); };
-  const auto rest = list.erase(at(range.first), at(range.end));
+  const auto rest = list.erase(At(list, range.first), At(list, range.end));
   list.insert(rest, values.begin(), values.end());
 }
 
@@ -102,27 +107,24 @@ void Recovery::tell(const Fix& fix) {
 
 /// Returns whether what is wrong may only follow from what has been said before.
 bool Recovery::isConsequence(const Fix& fix) const {
-  std::size_t first = 0;  // The lines with the cause.
-  std::size_t last = noWord;
+  std::size_t firstLine = 0;
+  std::size_t lastLine = std::numeric_limits<std::size_t>::max();
   switch (fix.mayFollow) {
     case MayFollow::Nothing:
       return false;
     case MayFollow::AnyFault:
       if (lacksBraces) return false;
       break;
-    case MayFollow::FaultInStatement: {
-      std::size_t keyword = fix.finding.word;
-      while (keyword > 0 && words.role(keyword) != Role::Statement) --keyword;
-      first = words.places[keyword].lineNumber;
+    case MayFollow::FaultInStatement:
+      firstLine = words.places[KeywordOf(words, fix.finding.word)].lineNumber;
       break;
-    }
     case MayFollow::FaultInOther:
-      first = last = words.places[fix.finding.others.front().word].lineNumber;
+      firstLine = lastLine = words.places[fix.finding.others.front().word].lineNumber;
       break;
   }
   return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
     const std::size_t line = diagnostic.message.place.lineNumber;
-    return first <= line && line <= last;
+    return firstLine <= line && line <= lastLine;
   });
 }
 
@@ -134,6 +136,7 @@ void Recovery::apply(const Fix& fix) {
   std::vector<std::string_view> read;
   for (const std::string& text : fix.texts) read.push_back(file.ownTexts.emplace_back(text));
   noteDropped(fix, read);
+  // A text that stands in the rest of the line is shown there, and another one at the word before.
   const std::size_t at = std::min(fix.replaced.first, words.size() - 1);
   std::vector<Place> places;
   Place place = words.places[at];
@@ -170,11 +173,8 @@ void Recovery::noteDropped(const Fix& fix, const std::vector<std::string_view>& 
   if (!fix.mayDeclare || first == end) return;
   const bool isOfMembers =
       words.role(first) == Role::MemberName || words.role(first) == Role::MemberType;
-  const auto at = [&](std::size_t i) {
-    return words.texts.begin() + static_cast<std::ptrdiff_t>(i);
-  };
-  const bool hasBrace =
-      std::any_of(at(first), at(end), [](std::string_view word) { return BraceOf(word) != '\0'; });
+  const bool hasBrace = std::any_of(At(words.texts, first), At(words.texts, end),
+                                    [](std::string_view word) { return BraceOf(word) != '\0'; });
   if (isOfMembers && !hasBrace) return;
   for (std::size_t i = first; i < end; ++i) {
     const bool isRead = std::find(read.begin(), read.end(), words.text(i)) != read.end();

@@ -13,7 +13,7 @@
 
 namespace zentho::idlgen {
 
-/// Reads a file that has words which the parser refuses, or which are not what they mean: takes the
+/// Reads a file that has words which the parser refuses, or whose role cannot be right: takes the
 /// first of them, says what is wrong, reads other words in place of its line, and begins again.
 /// Ends when there is no such word any more, or after 20 of them. Changes the words of the file.
 class Recovery {
@@ -26,8 +26,8 @@ class Recovery {
   void run(Declarations& declarations);
 
   std::vector<Finding> findings;          ///< About the words that are read in the end.
-  std::vector<Diagnostic> diagnostics;    ///< About those that are not: one for each line.
-  std::vector<std::size_t> linesAtFault;  ///< Whose words are not all read.
+  std::vector<Diagnostic> diagnostics;    ///< About the others, or missing ones: one a line.
+  std::vector<std::size_t> linesAtFault;  ///< Of which words are not read.
   bool isComplete = true;                 ///< Otherwise too much is wrong to read the rest.
 
  private:
@@ -48,7 +48,7 @@ class Recovery {
   LocatedWords& words;
   std::size_t fixes = 0;
   bool lacksBraces;        ///< Whether the file opens more braces than it closes.
-  bool isDeclared = true;  ///< Whether the declarations are those of the words.
+  bool isDeclared = true;  ///< Whether the last declarations are those of the words.
 };
 
 }  // namespace zentho::idlgen

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <utility>
 
 #include "check/value.h"
 #include "words/characters.h"
@@ -34,7 +33,7 @@ constexpr Roles names = Only(Role::EnumName) | Only(Role::MessageName) | Only(Ro
 
 /// What a word shows in one of the roles, and what to do about it.
 struct SymptomRow {
-  Symptoms kind;
+  SymptomKind kind;
   Roles roles;
   bool (*isShown)(std::string_view word, std::string_view text);
   std::string_view text;  ///< For the function.
@@ -157,8 +156,8 @@ constexpr std::string_view noElements = R"(the type of the elements is missing, 
 constexpr std::string_view bracketsAround = R"(the brackets are around the type, as in "[int8]")";
 constexpr std::string_view oneWordValue = "write the value as one word, without spaces";
 
-constexpr Symptoms sign = Symptoms::Characters;
-constexpr Symptoms form = Symptoms::Forms;
+constexpr SymptomKind sign = SymptomKind::Characters;
+constexpr SymptomKind form = SymptomKind::Forms;
 
 /// All symptoms, in the order of what they say about the cause.
 constexpr auto rows = Table<SymptomRow>({
@@ -244,9 +243,24 @@ bool IsShown(const SymptomRow& row, std::string_view word, Role role) {
   return (row.roles & Only(role)) != 0 && row.isShown(word, row.text);
 }
 
+/// Returns the first symptom of a word, or advice without one.
+Symptom FirstSymptom(std::string_view word, Role role) {
+  for (std::size_t rank = 0; rank < rows.size(); ++rank) {
+    if (IsShown(rows[rank], word, role)) return {rank, std::string(rows[rank].advice)};
+  }
+  Symptom none;
+  const std::string_view odd = OddCharacter(word);
+  if (!odd.empty() && !Has(word, "'")) {
+    none.advice = "it contains " + Quoted(odd);
+  } else if (role == Role::ItemValue) {
+    none.advice = "values are integers, items above, and expressions of them without spaces";
+  }
+  return none;
+}
+
 }  // namespace
 
-std::optional<Finding> FindSymptom(Symptoms kind, const std::vector<MeantWord>& words) {
+std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord>& words) {
   std::vector<MeantWord> unfit;
   std::copy_if(words.begin(), words.end(), std::back_inserter(unfit),
                [](const MeantWord& word) { return !Fits(word); });
@@ -261,19 +275,11 @@ std::optional<Finding> FindSymptom(Symptoms kind, const std::vector<MeantWord>& 
   return std::nullopt;
 }
 
-std::size_t SymptomRank(std::string_view word, Role role) {
-  std::size_t rank = 0;
-  while (rank < rows.size() && !IsShown(rows[rank], word, role)) ++rank;
-  return rank < rows.size() ? rank : noSymptom;
-}
-
-std::string FormAdvice(std::string_view word, Role role) {
-  const std::size_t rank = SymptomRank(word, role);
-  if (rank != noSymptom) return std::string(rows[rank].advice);
-  const std::string_view odd = OddCharacter(word);
-  if (!odd.empty() && !Has(word, "'")) return "it contains " + Quoted(odd);
-  if (role != Role::ItemValue) return {};
-  return "values are integers, items above, and expressions of them without spaces";
+Symptom SymptomOf(const Words& words, const Finding& finding) {
+  const Role role = words.role(finding.word);
+  const Symptom symptom = FirstSymptom(finding.text, role);
+  const bool isPart = role == Role::MemberType && symptom.advice.empty();
+  return isPart ? FirstSymptom(words.text(finding.word), role) : symptom;
 }
 
 const Rule& FormRule(Role role) {

@@ -20,19 +20,21 @@ struct MeantWord {
 };
 
 /// What suggests the cause of a mistake: characters that no word contains, or the form of a word.
-enum class Symptoms : std::uint8_t { Characters, Forms };
+enum class SymptomKind : std::uint8_t { Characters, Forms };
 
 /// Returns the first symptom of a kind that one of the words shows in its role, in the order of
 /// what it says about the cause. A word that is right in its place shows nothing.
-std::optional<Finding> FindSymptom(Symptoms kind, const std::vector<MeantWord>& words);
+std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord>& words);
 
-/// Returns how much the symptoms of a word say about the cause: the smaller, the more. `noSymptom`
-/// is the largest.
-std::size_t SymptomRank(std::string_view word, Role role);
-inline constexpr std::size_t noSymptom = static_cast<std::size_t>(-1);
+/// What a word shows, and what to do about it.
+struct Symptom {
+  std::size_t rank = static_cast<std::size_t>(-1);  ///< The smaller, the more it says.
+  std::string advice = {};                          ///< Or nothing.
+};
 
-/// Returns what to do about a word that cannot play its role, or nothing.
-std::string FormAdvice(std::string_view word, Role role);
+/// Returns the first symptom of a word that cannot play its role: of the part at fault, else of the
+/// whole word if that is a type.
+Symptom SymptomOf(const Words& words, const Finding& finding);
 
 /// Returns the rule that a word breaks because of its form.
 const Rule& FormRule(Role role);

@@ -66,4 +66,14 @@ struct Words {
   std::vector<Role> roles;
 };
 
+namespace idlgen {
+
+/// Returns the index of the keyword of the statement that the word is part of. The first word of a
+/// file is one, also if it is a word in its place.
+inline std::size_t KeywordOf(const Words& words, std::size_t i) {
+  while (i > 0 && words.role(i) != Role::Statement) --i;
+  return i;
+}
+
+}  // namespace idlgen
 }  // namespace zentho

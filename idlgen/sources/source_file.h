@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <list>
 #include <optional>
 #include <string>
@@ -19,15 +18,8 @@ struct SourceFile;
 
 /// What an include statement leads to.
 struct Include {
-  enum class Kind : std::uint8_t {
-    Header,    ///< A C++ header, which nobody looks for.
-    NotFound,  ///< No file, or one that is not certain to be the one that C++ finds.
-    Found
-  };
-
-  Kind kind = Kind::NotFound;
-  SourceFile* file = nullptr;   ///< The file that was found.
-  std::string correction = {};  ///< If none was found: a path that differs by one slip, or nothing.
+  SourceFile* file = nullptr;   ///< nullptr if there is none that C++ is certain to find.
+  std::string correction = {};  ///< If there is none: a path that differs by one slip, or nothing.
 };
 
 /// What recovery has taken out of a file.
@@ -36,8 +28,8 @@ struct DroppedWords {
   bool mayDeclareAnything = false;             ///< Such as an include.
 };
 
-/// An IDL file: as it was read, and as recovery has it read instead. Is moved, never copied: the
-/// words refer to `idl`.
+/// An IDL file: as it was read, and as recovery has it read instead. Is never copied, since the
+/// words refer to `idl`, and not moved once it is located, since places refer to `text`.
 struct SourceFile {
   SourceFile() = default;
   SourceFile(SourceFile&&) = default;

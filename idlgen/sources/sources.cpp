@@ -49,21 +49,19 @@ void Sources::findIncludes(SourceFile& file) {
 }
 
 /// Finds the file that a file in this directory includes, and reads it if that has not been done.
+/// Nobody looks for headers of C++.
 Include Sources::find(const std::string& directory, std::string_view word) {
   const std::string_view path = IncludedPath(word);
-  if (path.size() >= 2 && path.substr(path.size() - 2) == ".h") return {Include::Kind::Header};
-  if (path.empty()) return {};
-  Include include;
+  const bool isHeader = path.size() >= 2 && path.substr(path.size() - 2) == ".h";
+  if (path.empty() || isHeader) return {};
   const IncludeSearch::Result& result = search.find(directory, path);
   if (result.kind == IncludeSearch::Result::Kind::Missing && word.front() == '"') {
-    include.correction = search.correction(directory, path);
+    return {nullptr, search.correction(directory, path)};
   }
-  if (result.kind != IncludeSearch::Result::Kind::Found) return include;
+  if (result.kind != IncludeSearch::Result::Kind::Found) return {};
   const auto [known, isNew] = filesById.emplace(result.id, nullptr);
   if (isNew) (void)read(result.path);
-  include.file = known->second;
-  if (include.file != nullptr) include.kind = Include::Kind::Found;
-  return include;
+  return {known->second};
 }
 
 std::string Sources::includePath(const SourceFile& from, const SourceFile& to) {

@@ -6,8 +6,7 @@
 
 namespace zentho::idlgen {
 Keyword FindKeyword(std::string_view word) {
-  if (word.empty() || word.front() < 'a' || word.front() > 'z')
-    return Keyword::None;  // No keyword.
+  if (word.empty() || word.front() < 'a' || word.front() > 'z') return Keyword::None;
   const auto* const found = std::lower_bound(
       keywords.begin(), keywords.end(), word,
       [](const KeywordRow& row, std::string_view wanted) { return row.word < wanted; });

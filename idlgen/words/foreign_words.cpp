@@ -1,7 +1,5 @@
 #include "words/foreign_words.h"
 
-#include <algorithm>
-
 #include "schema/statements.h"
 #include "words/similar.h"
 #include "words/tables.h"
@@ -45,7 +43,7 @@ std::string_view SimilarKeyword(std::string_view word) {
 }
 
 bool IsQualifier(std::string_view word) {
-  return std::find(qualifiers.begin(), qualifiers.end(), word) != qualifiers.end();
+  return Contains(qualifiers, word);
 }
 
 }  // namespace zentho::idlgen

@@ -29,7 +29,7 @@ void locate(LocatedWords& words, std::string_view text) {
   places.clear();
   places.reserve(words.size());
   for (std::size_t lineNumber = 1; places.size() < words.size(); ++lineNumber) {
-    const std::string_view line = text.substr(0, text.find('\n'));
+    const std::string_view line = TakeLine(text);
     const std::string_view code = WithoutComment(line);
     std::size_t offset = code.find_first_not_of(separators);
     while (offset != std::string_view::npos) {
@@ -37,7 +37,6 @@ void locate(LocatedWords& words, std::string_view text) {
       places.push_back({lineNumber, line, code, offset});
       offset = code.find_first_not_of(separators, offset + size);
     }
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
   }
 }
 

@@ -18,6 +18,7 @@ struct Place {
 };
 
 /// The words of a file, and where they stand. A valid file needs no places: `locate` finds them.
+/// Then there is one for each word.
 struct LocatedWords : Words {
   std::vector<Place> places;
 };

@@ -48,9 +48,12 @@ std::string Printable(std::string_view text) {
   return result;
 }
 
+std::size_t ShownSize(std::string_view text) {
+  return text.size() <= maxShownSize ? text.size() : CharacterBegin(text, maxShownSize);
+}
+
 std::string Shortened(std::string_view text) {
-  const std::size_t shown =
-      text.size() <= maxShownSize ? text.size() : CharacterBegin(text, maxShownSize);
+  const std::size_t shown = ShownSize(text);
   return Printable(text.substr(0, shown)) + (shown < text.size() ? "..." : "");
 }
 

@@ -22,6 +22,9 @@ std::string WriteAdvice(const std::string& text);
 /// The number of bytes of a line or word that a message shows.
 constexpr std::size_t maxShownSize = 200;
 
+/// Returns how many bytes of a text are shown.
+std::size_t ShownSize(std::string_view text);
+
 /// Moves an index of the text back to the start of the UTF-8 character it is in.
 std::size_t CharacterBegin(std::string_view text, std::size_t index);
 

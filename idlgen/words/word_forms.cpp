@@ -62,14 +62,19 @@ bool IsPunctuation(std::string_view word) {
                       [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
 }
 
-bool IsIdentifier(std::string_view word) {
-  if (word.empty() || IsDigit(static_cast<unsigned char>(word.front()))) return false;
-  while (!word.empty()) {
-    const Character character = FirstCharacter(word);
-    if (!character.valid || !IsNameCharacter(character.code)) return false;
-    word.remove_prefix(character.size);
+std::size_t NameSize(std::string_view text) {
+  std::size_t size = 0;
+  while (size < text.size()) {
+    const Character next = FirstCharacter(text.substr(size));
+    if (!next.valid || !IsNameCharacter(next.code)) break;
+    size += next.size;
   }
-  return true;
+  return size;
+}
+
+bool IsIdentifier(std::string_view word) {
+  const bool isNumber = !word.empty() && IsDigit(static_cast<unsigned char>(word.front()));
+  return !word.empty() && !isNumber && NameSize(word) == word.size();
 }
 
 std::string_view NameIn(std::string_view word) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,9 @@ bool IsPunctuation(std::string_view word);
 
 /// Returns whether the word has digits only.
 bool IsNumber(std::string_view word);
+
+/// Returns the size of the characters of names at the beginning of the text.
+std::size_t NameSize(std::string_view text);
 
 /// Returns whether the word is one identifier of C++. It may be a keyword.
 bool IsIdentifier(std::string_view word);
