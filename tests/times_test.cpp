@@ -49,9 +49,8 @@ struct Shape {
 using TimesOfShapes = testing::TestWithParam<Shape>;
 
 TEST_P(TimesOfShapes, GrowWithTheFile) {
-  const auto& [name, begin, repeated, end] = GetParam();
-  expectAlmostLinear([&](int count) {
-    return Texts{{"a.idl", begin + Repeated(count, repeated) + end}};
+  expectAlmostLinear([&shape = GetParam()](int count) {
+    return Texts{{"a.idl", shape.begin + Repeated(count, shape.repeated) + shape.end}};
   });
 }
 
