@@ -9,13 +9,11 @@
 #include "check/member_check.h"
 #include "check/name_check.h"
 #include "check/value.h"
-#include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
 
 void checkItemValue(Context& check, std::size_t i, std::size_t enumName) {
-  if (IsPunctuation(check.words.text(i - 1))) return;  // The name has been reported.
   const auto meaningOf = [&](std::string_view name) {
     return check.lookup.findInValue(name, i, enumName);
   };

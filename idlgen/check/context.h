@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -49,6 +50,7 @@ class Context {
   const Words& words;
   Lookup lookup;
   std::vector<Finding> findings;
+  std::unordered_set<std::string_view> toldPaths;  ///< That are not found.
 };
 
 }  // namespace zentho::idlgen

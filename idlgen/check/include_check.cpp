@@ -85,15 +85,13 @@ void checkMisfits(Context& check) {
 
 void checkIncludes(Context& check) {
   const std::vector<const File*> cycle = check.view.filesThatIncludeUser();
-  bool isInCycle = false;
   for (const Inclusion& inclusion : check.file.includes) {
     const bool isItself = inclusion.file == &check.file;
     const bool isBack = std::find(cycle.begin(), cycle.end(), inclusion.file) != cycle.end();
-    if (!isItself && !isBack) continue;
-    isInCycle = true;
-    check.report(isItself ? rules::includesItself : rules::cycle, inclusion.word);
+    if (isItself) check.report(rules::includesItself, inclusion.word);
+    if (isBack) check.report(rules::cycle, inclusion.word);
   }
-  if (!isInCycle && !check.file.includes.empty()) checkMisfits(check);
+  if (!check.file.includes.empty()) checkMisfits(check);
 }
 
 }  // namespace zentho::idlgen

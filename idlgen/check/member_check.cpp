@@ -166,7 +166,8 @@ MemberCheck::TypeWord MemberCheck::checkName(std::size_t i, std::string_view typ
     return TypeWord::Wrong;
   }
   // A record may have a member of its own name.
-  if (found.meaning != Meaning::Itself && !isUnknown) use.asType = i;
+  const bool isType = found.meaning != Meaning::Itself && found.meaning != Meaning::Namespace;
+  if (isType && !isUnknown) use.asType = i;
   return checkFound(i, type, isVector, found);
 }
 

@@ -1,9 +1,10 @@
 #include "check/name_check.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string>
 #include <vector>
 
-#include "words/similar.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -62,8 +63,17 @@ void checkIncludePath(Context& check, std::size_t i) {
   const std::string_view word = check.words.text(i);
   if (const Rule* const rule = RuleOfForm(FormOfInclude(word))) check.report(*rule, i);
   const auto include = check.file.source->includes.find(word);
-  if (include == check.file.source->includes.end() || include->second.correction.empty()) return;
-  check.findings.push_back({&rules::similarPath, i, word, DidYouMean(include->second.correction)});
+  const bool isKnown = include != check.file.source->includes.end();
+  // What is told of a path is told at the first of its includes.
+  if (!isKnown || include->second.missing.empty() || !check.toldPaths.insert(word).second) return;
+  for (const MissingInclude& missing : include->second.missing) {
+    const Rule& rule = missing.isUnreadable ? rules::unreadable : rules::notFound;
+    const std::size_t count = missing.others;
+    const std::string others = count == 1
+                                   ? " (and at 1 other include)"
+                                   : " (and at " + std::to_string(count) + " other includes)";
+    check.findings.push_back({&rule, i, missing.path, missing.advice + (count > 0 ? others : "")});
+  }
 }
 
 void checkNamespacePath(Context& check, std::size_t i) {

@@ -174,7 +174,8 @@ inline constexpr Rule unquotedPath{warning,
                                    R"(% is not in quotes: write "dir/file.idl", with the quotes)"};
 inline constexpr Rule unterminatedPath{
     warning, R"(% has no closing quote: a path ends before a space, ":", "#" and "//")"};
-inline constexpr Rule similarPath{warning, "there is no file %"};
+inline constexpr Rule notFound{warning, "% is not found"};
+inline constexpr Rule unreadable{warning, "% cannot be read"};
 inline constexpr Rule cycle{warning, "% includes this file, too: one of them may not compile"};
 inline constexpr Rule includesItself{warning, "% is this file itself"};
 inline constexpr Rule misfit{error, R"("%" is declared in an included file already)",

@@ -1,6 +1,9 @@
 #include "names/declarations.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string>
+#include <utility>
 
 #include "words/word_forms.h"
 
@@ -35,6 +38,18 @@ void Declarations::update(const SourceFile& source) {
   knownClashes.reset();
 }
 
+namespace {
+
+/// Returns the name that a word declares, or nothing if it cannot be read as one.
+std::string_view DeclaredName(SourceFile& file, std::string_view word) {
+  if (IsIdentifier(word)) return word;
+  std::string name = MeantName(word);
+  if (!IsIdentifier(name)) return {};
+  return file.ownTexts.emplace_back(std::move(name));
+}
+
+}  // namespace
+
 void Declarations::declareAll(File& file) {
   const Words& words = file.words();
   file.begin = declarations.size();
@@ -42,9 +57,6 @@ void Declarations::declareAll(File& file) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     const Role role = words.role(i);
     if (IsRecordName(role) || role == Role::ItemName) declare(space, file, i);
-    if (IsRecordName(role) && !IsIdentifier(words.text(i))) {
-      file.namesInOthers.insert(NameIn(words.text(i)));
-    }
   }
   file.end = declarations.size();
 }
@@ -54,24 +66,35 @@ Namespace& Declarations::enterNamespace(File& file) {
   const Words& words = file.words();
   Namespace* space = &spaces.front();
   file.namespaces = {space};
-  const auto path = std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath);
-  if (path == words.roles.end()) return *space;
-  file.namespaceWord = static_cast<std::size_t>(path - words.roles.begin());
-  for (const std::string_view part : Components(words.text(file.namespaceWord))) {
-    if (part.empty()) continue;
-    Namespace*& inner = space->nested[part];
-    if (inner == nullptr) inner = &spaces.emplace_back(Namespace{part, spaces.size()});
+  const auto role = std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath);
+  if (role == words.roles.end()) return *space;
+  file.namespaceWord = static_cast<std::size_t>(role - words.roles.begin());
+  std::string_view path = words.text(file.namespaceWord);
+  if (path.find('/') != std::string_view::npos) {
+    std::string& dotted = file.source->ownTexts.emplace_back(path);
+    std::replace(dotted.begin(), dotted.end(), '/', '.');
+    path = dotted;
+  }
+  for (const std::string_view part : Components(path)) {
+    if (MeantName(part).empty()) continue;
+    const std::string_view name = DeclaredName(*file.source, part);
+    file.hasOddName = file.hasOddName || name.empty();
+    Namespace*& inner = space->nested[name];
+    if (inner == nullptr) inner = &spaces.emplace_back(Namespace{name, spaces.size()});
     space = inner;
     file.namespaces.push_back(space);
   }
   return *space;
 }
 
-void Declarations::declare(Namespace& space, const File& file, std::size_t word) {
-  const std::string_view name = file.words().text(word);
+void Declarations::declare(Namespace& space, File& file, std::size_t word) {
   const Role role = file.words().role(word);
+  const std::string_view name = DeclaredName(*file.source, file.words().text(word));
+  const bool isItem = role == Role::ItemName;
+  file.hasOddName = file.hasOddName || (name.empty() && !isItem);
+  if (name.empty()) return;
   Chain& chain = space.chains[name];
-  Declaration*& lastOfKind = role == Role::ItemName ? chain.lastItem : chain.lastRecord;
+  Declaration*& lastOfKind = isItem ? chain.lastItem : chain.lastRecord;
   if (lastOfKind != nullptr && lastOfKind->file == &file) return;
   Declaration& declaration =
       declarations.emplace_back(Declaration{name, role, &file, word, &space});
@@ -82,28 +105,27 @@ void Declarations::declare(Namespace& space, const File& file, std::size_t word)
 
 /// Finds the includes among the words, and whether all of them lead to files that are checked.
 void Declarations::findIncludes(File& file) {
-  file.completeness = file.source->isDamaged ? Completeness::Damaged : Completeness::Complete;
   const Words& words = file.words();
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words.role(i) != Role::IncludePath) continue;
-    file.hasInclude = true;
     const auto include = file.source->includes.find(words.text(i));
     const bool isFound = include != file.source->includes.end();
     const auto found = fileOfSource.find(isFound ? include->second.file : nullptr);
     if (found != fileOfSource.end()) {
       file.includes.push_back({i, found->second});
     } else {
-      file.completeness = Completeness::Incomplete;
+      file.isComplete = false;
     }
   }
 }
 
-bool Declarations::hasItem(std::string_view name) const {
-  return std::any_of(spaces.begin(), spaces.end(), [&](const Namespace& space) {
-    return FirstThat(space.chain(name).first, [](const Declaration& declaration) {
-             return declaration.isItem() && declaration.file != nullptr;
-           }) != nullptr;
-  });
+const Declaration* Declarations::declaredAt(const File& file, std::size_t word) const {
+  const auto begin = declarations.begin();
+  const auto end = begin + static_cast<std::ptrdiff_t>(file.end);
+  const auto found = std::lower_bound(
+      begin + static_cast<std::ptrdiff_t>(file.begin), end, word,
+      [](const Declaration& declaration, std::size_t i) { return declaration.word < i; });
+  return found == end || found->word != word ? nullptr : &*found;
 }
 
 const std::vector<Clash>& Declarations::clashes() const {

@@ -1,12 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "schema/words.h"
@@ -19,7 +17,7 @@ struct Namespace;
 
 /// A name that a file declares: of an enum, a message, a service or an item.
 struct Declaration {
-  std::string_view name;
+  std::string_view name;  ///< As it is meant, if the word is no name.
   Role role;
   const File* file;  ///< nullptr if the words of the file have changed since.
   std::size_t word;
@@ -65,24 +63,16 @@ struct Inclusion {
   const File* file;
 };
 
-/// Whether all that a file declares is known.
-enum class Completeness : std::uint8_t {
-  Complete,
-  Damaged,    ///< Words have been dropped, so that others that include the file may miss names.
-  Incomplete  ///< An include has not been found: the file itself may miss names, too.
-};
-
 /// A file that is checked, and what its words declare.
 struct File {
   SourceFile* source;
   std::size_t number;
-  Completeness completeness = Completeness::Complete;
+  bool isComplete = true;  ///< Whether all includes lead to files that are checked.
   std::vector<Inclusion> includes = {};
-  bool hasInclude = false;                        ///< Also of what is not checked.
   std::vector<const Namespace*> namespaces = {};  ///< From the global one to that of the file.
   std::size_t namespaceWord = noWord;
-  std::unordered_set<std::string_view> namesInOthers = {};  ///< In what is no name, as in `P(x`.
-  std::size_t begin = 0;  ///< Its declarations, as indexes in the list of all.
+  bool hasOddName = false;  ///< Whether it declares what cannot be read as a name, as in `P<T>`.
+  std::size_t begin = 0;    ///< Its declarations, as indexes in the list of all.
   std::size_t end = 0;
 
   [[nodiscard]] const LocatedWords& words() const { return source->words; }
@@ -113,8 +103,8 @@ class Declarations {
   [[nodiscard]] const std::deque<Declaration>& list() const { return declarations; }
   [[nodiscard]] std::size_t countNamespaces() const { return spaces.size(); }
 
-  /// Returns whether one of the files declares an item of this name, in any namespace.
-  [[nodiscard]] bool hasItem(std::string_view name) const;
+  /// Returns what the word of a file declares, or nullptr.
+  [[nodiscard]] const Declaration* declaredAt(const File& file, std::size_t word) const;
 
   /// Returns the names that clash in some of the files, in the order of their declarations.
   [[nodiscard]] const std::vector<Clash>& clashes() const;
@@ -122,7 +112,7 @@ class Declarations {
  private:
   void declareAll(File& file);
   Namespace& enterNamespace(File& file);
-  void declare(Namespace& space, const File& file, std::size_t word);
+  void declare(Namespace& space, File& file, std::size_t word);
   void findIncludes(File& file);
 
   std::deque<File> files;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "schema/builtin_types.h"
+#include "words/similar.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -41,7 +43,7 @@ Lookup::Lookup(const View& viewOfUser)
       file(viewOfUser.user()),
       words(file.words()),
       namespaces(file.namespaces),
-      isIncomplete(view.isIncomplete() || IsInFramework(file)) {}
+      isInFramework(IsInFramework(file)) {}
 
 Found Lookup::findType(std::string_view type, const Scope& user) const {
   const bool isPath = type.find('.') != std::string_view::npos;
@@ -49,24 +51,21 @@ Found Lookup::findType(std::string_view type, const Scope& user) const {
   const Found found = isPath ? findPath(path, user) : findName(type, user);
   const bool isMissing = found.meaning == Meaning::Unknown || found.meaning == Meaning::Namespace;
   const bool isNoType = found.meaning == Meaning::Item || found.meaning == Meaning::Service;
-  const bool isDropped = std::any_of(path.begin(), path.end(),
-                                     [&](std::string_view name) { return mayBeDropped(name); });
-  if (isMissing && isDropped) return {Meaning::Elsewhere};
-  if ((isMissing || isNoType) && isIncomplete && !found.isInnermost) return {Meaning::Elsewhere};
+  const bool isElsewhere = std::any_of(path.begin(), path.end(),
+                                       [&](std::string_view name) { return mayBeElsewhere(name); });
+  if (isMissing && isElsewhere && !found.isInnermost) return {Meaning::Elsewhere};
+  if (isNoType && isElsewhere && !found.isInnermost) return {Meaning::Elsewhere};
   const bool isLater =
       found.meaning == Meaning::Unknown && user.part == Scope::Part::Request && type == "Response";
   return isLater ? Found{Meaning::LaterPart} : found;
 }
 
 bool Lookup::mayBeElsewhere(std::string_view name) const {
-  return isIncomplete || mayBeDropped(name);
-}
-
-/// Returns whether words that have been dropped may declare the name.
-bool Lookup::mayBeDropped(std::string_view name) const {
-  const DroppedWords& dropped = file.source->dropped;
-  return dropped.mayDeclareAnything || dropped.names.count(name) > 0 ||
-         file.namesInOthers.count(name) > 0;
+  if (view.mayMiss(name)) return true;
+  if (!isInFramework) return false;
+  SimilarWord builtin(name, 1);
+  for (const BuiltinType& type : builtinTypes) builtin.compare(type.keyword);
+  return builtin.found().empty();
 }
 
 Found Lookup::findName(std::string_view name, const Scope& user) const {
@@ -119,15 +118,17 @@ Found Lookup::findPath(const Path& path, const Scope& user) const {
     return isOther ? Found{Meaning::Elsewhere} : findFrom(*namespaces.front(), path, 1, user);
   }
   if (IsNestedAbove(first, user.part)) return Innermost(unknown);
-  if (first == words.text(user.record)) {
-    return Innermost(findNested(*ownRecord(user), path, 1, user));
+  const Declaration* const own = ownRecord(user);
+  if (own != nullptr && first == own->name) {
+    // A type and a namespace of one name have been reported where they are declared.
+    if (view.inner(*own->space, first) != nullptr) return {Meaning::Elsewhere};
+    return Innermost(findNested(*own, path, 1, user));
   }
   const Declaration* below = nullptr;
   for (auto space = namespaces.rbegin(); space != namespaces.rend(); ++space) {
     const Declaration* const record = recordIn(**space, first);
     const Namespace* const inner = view.inner(**space, first);
     if (record != nullptr && isAbove(*record, user)) {
-      // A type and a namespace of one name have been reported where they are declared.
       if (inner != nullptr) return {Meaning::Elsewhere};
       const Found found = findNested(*record, path, 1, user);
       return space == namespaces.rbegin() ? Innermost(found) : found;
@@ -175,10 +176,8 @@ Found Lookup::findNested(const Declaration& record, const Path& path, std::size_
 
 /// Returns the declaration of the record that contains the user, or the first one of its name.
 const Declaration* Lookup::ownRecord(const Scope& user) const {
-  const Declaration* const first = recordIn(*namespaces.back(), words.text(user.record));
-  const Declaration* const own =
-      FirstThat(first, [&](const Declaration& record) { return isOwn(record, user); });
-  return own == nullptr ? first : own;
+  const Declaration* const own = view.all().declaredAt(file, user.record);
+  return own != nullptr ? own : recordIn(*namespaces.back(), words.text(user.record));
 }
 
 Meaning Lookup::findInValue(std::string_view name, std::size_t word, std::size_t enumName) const {
@@ -203,9 +202,7 @@ Meaning Lookup::findInValue(std::string_view name, std::size_t word, std::size_t
     if (view.inner(**space, name) != nullptr) return Meaning::Namespace;
   }
   if (below == Meaning::Below && !mayBeElsewhere(name)) return below;
-  // Macros and the library have many more names, which a file with includes may use.
-  const bool isNoItem = file.hasInclude && !view.all().hasItem(name);
-  return isNoItem || mayBeElsewhere(name) ? Meaning::Elsewhere : Meaning::Unknown;
+  return mayBeElsewhere(name) ? Meaning::Elsewhere : Meaning::Unknown;
 }
 
 bool Lookup::hasRecord(std::string_view name) const {

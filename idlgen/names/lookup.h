@@ -62,13 +62,13 @@ class Lookup {
   /// Returns the word that declares a record, or an item, of this name in the file, or `noWord`.
   [[nodiscard]] std::size_t ownWord(std::string_view name, bool isItem) const;
 
-  /// Returns whether a name that no file declares may still be declared.
+  /// Returns whether a name that no file declares may still be declared. This is the one rule for
+  /// all that may come from what has not been read.
   [[nodiscard]] bool mayBeElsewhere(std::string_view name) const;
 
  private:
   using Path = std::vector<std::string_view>;
 
-  [[nodiscard]] bool mayBeDropped(std::string_view name) const;
   [[nodiscard]] Found findName(std::string_view name, const Scope& user) const;
   [[nodiscard]] Found findPath(const Path& path, const Scope& user) const;
   [[nodiscard]] Found use(const Declaration& record, const Scope& user) const;
@@ -87,7 +87,7 @@ class Lookup {
   const File& file;
   const Words& words;
   const std::vector<const Namespace*>& namespaces;  ///< From the global one to that of the file.
-  bool isIncomplete;  ///< Whether any name may be declared in what has not been read.
+  bool isInFramework;  ///< Whether the file declares its names in its namespace, which has more.
 };
 
 }  // namespace zentho::idlgen

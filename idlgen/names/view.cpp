@@ -21,6 +21,9 @@ View::View(const Declarations& allDeclarations, const File& fileThatLooks)
 
 /// Sees the namespaces of a file, and puts the files that it includes on the list.
 void View::see(const File& other) {
+  const DroppedWords& words = other.source->dropped;
+  mayMissAll = mayMissAll || !other.isComplete || other.hasOddName || words.mayDeclareAnything;
+  if (!words.names.empty()) dropped.push_back(&words);
   for (const Namespace* const space : other.namespaces) seesNamespace[space->number] = 1;
   for (const Inclusion& inclusion : other.includes) {
     char& isSeen = sees[inclusion.file->number];
@@ -30,10 +33,9 @@ void View::see(const File& other) {
   }
 }
 
-bool View::isIncomplete() const {
-  return file->completeness == Completeness::Incomplete ||
-         std::any_of(included.begin(), included.end(), [](const File* other) {
-           return other->completeness != Completeness::Complete;
+bool View::mayMiss(std::string_view name) const {
+  return mayMissAll || std::any_of(dropped.begin(), dropped.end(), [&](const DroppedWords* words) {
+           return words->names.count(name) > 0;
          });
 }
 

@@ -24,8 +24,9 @@ class View {
   }
   [[nodiscard]] bool has(const Namespace& space) const { return seesNamespace[space.number] != 0; }
 
-  /// Returns whether names may be declared in what has not been read.
-  [[nodiscard]] bool isIncomplete() const;
+  /// Returns whether a name that no file declares may be declared in what has not been read: in a
+  /// file that is not found, or in words that have been dropped or cannot be read as a name.
+  [[nodiscard]] bool mayMiss(std::string_view name) const;
 
   /// Returns the files that include the user, also through others, among those that are seen.
   [[nodiscard]] std::vector<const File*> filesThatIncludeUser() const;
@@ -62,6 +63,8 @@ class View {
   const Declarations& declarations;
   const File* file;
   bool isIncluded = false;  ///< Whether one of the others includes the user.
+  bool mayMissAll = false;
+  std::vector<const DroppedWords*> dropped;  ///< Of all files, unless there are none.
   std::vector<const File*> included;
   std::vector<char> sees;           ///< 1 for each file that is seen, by its number.
   std::vector<char> seesNamespace;  ///< The same for namespaces.

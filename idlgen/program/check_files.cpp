@@ -30,9 +30,12 @@ class Run {
         return {false, ErrorLine(file.path, *reason)};
       }
     }
-    std::string errors = directoryErrors();
+    std::string errors = directoryErrors(false);
     if (!errors.empty()) return {false, std::move(errors)};
     Outcome result{true, {}};
+    // As compilers do, passes over directories that do not exist.
+    const bool isTold = sources.hasMissing() && request.warnings != Warnings::Ignore;
+    if (isTold) result.messages = directoryErrors(true);
     Examination examination(sources);
     for (const Sources::Named& named : sources.named()) {
       append(examineNamed(examination, named), result);
@@ -54,12 +57,13 @@ class Run {
     result.messages += part.messages;
   }
 
-  /// Returns a message for each base directory that is none.
-  std::string directoryErrors() {
+  /// Returns a message for each base directory that does not exist, or for those that are none.
+  std::string directoryErrors(bool ofMissing) {
     std::string messages;
     for (const std::string& directory : request.directories) {
       const Entry entry = tree.look(directory);
-      if (entry.kind == Entry::Kind::Directory) continue;
+      const bool isMissing = entry.kind == Entry::Kind::Missing;
+      if (entry.kind == Entry::Kind::Directory || isMissing != ofMissing) continue;
       const std::error_code error =
           entry.error ? entry.error : std::make_error_code(std::errc::not_a_directory);
       messages += ErrorLine(directory, error.message());

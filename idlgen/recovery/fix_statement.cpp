@@ -15,6 +15,11 @@
 namespace zentho::idlgen {
 namespace {
 
+/// Returns a name in place of a missing one, which is none of the file's.
+std::string InventedName(std::size_t word) {
+  return "_" + std::to_string(word);
+}
+
 /// A word that is not what the grammar wants outside of a list, and the line that it begins.
 class Stray {
  public:
@@ -159,8 +164,8 @@ Fix BetweenNameAndBrace(const Stray& at, std::size_t brace) {
     return Drop(FindingAt(rules::extraWordOfName, at.words, name), {name, at.word});
   }
   const std::string nameOnly(NameIn(at.words.text(name)));
-  Fix fix =
-      Replace(at.finding(at.openingRule()), {name, brace}, {nameOnly.empty() ? "_" : nameOnly});
+  Fix fix = Replace(at.finding(at.openingRule()), {name, brace},
+                    {nameOnly.empty() ? InventedName(name) : nameOnly});
   fix.mayDeclare = false;
   return fix;
 }
@@ -234,7 +239,8 @@ Fix AtPart(const Stray& at) {
 
 /// A word that is glued to a brace, or a brace in place of a name.
 Fix AtName(const Stray& at) {
-  if (at.text == "{") return Insert(at.finding(rules::missingName), at.word, {"_"});
+  if (at.text == "{")
+    return Insert(at.finding(rules::missingName), at.word, {InventedName(at.word)});
   Finding finding = at.finding(FormRule(at.words.role(at.word)));
   if (at.isClosing()) return Drop(std::move(finding), {at.word - 1, at.word});
   return Drop(std::move(finding), at.rest());

@@ -93,7 +93,6 @@ void Recovery::dropCarriageReturns() {
 
 void Recovery::say(Diagnostic diagnostic) {
   diagnostics.push_back(std::move(diagnostic));
-  file.isDamaged = true;
 }
 
 /// Says what is wrong, unless something has been said about that line, or about its cause.
@@ -166,19 +165,20 @@ void Recovery::parse() {
   }
 }
 
-/// Keeps the names in the words that are not read, which may be declared there: not in a line of
-/// members, unless it opens a block.
+/// Keeps the names that may be declared by the words that are not read: by members none, by items
+/// those before a colon, by a line of members that opens a block the one after its keyword.
 void Recovery::noteDropped(const Fix& fix, const std::vector<std::string_view>& read) {
   const auto [first, end] = fix.replaced;
   if (!fix.mayDeclare || first == end) return;
-  const bool isOfMembers =
-      words.role(first) == Role::MemberName || words.role(first) == Role::MemberType;
-  const bool hasBrace = std::any_of(At(words.texts, first), At(words.texts, end),
-                                    [](std::string_view word) { return BraceOf(word) != '\0'; });
-  if (isOfMembers && !hasBrace) return;
+  const Role role = words.role(first);
+  const bool isOfMembers = role == Role::MemberName || role == Role::MemberType;
+  const bool isOfItems = role == Role::ItemName || role == Role::ItemValue;
   for (std::size_t i = first; i < end; ++i) {
+    const bool isNamed = i > first && IsDeclaration(FindStatement(words.text(i - 1)));
+    const bool isItem = i == first || IsBeforeColon(words, i);
+    const bool mayDeclare = isOfMembers ? isNamed : !isOfItems || isItem;
     const bool isRead = std::find(read.begin(), read.end(), words.text(i)) != read.end();
-    if (!isRead) noteDropped(words.text(i), read.empty());
+    if (mayDeclare && !isRead) noteDropped(words.text(i), read.empty() && !IsInList(role));
   }
 }
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "reader/idl.h"
-#include "sources/slip.h"
+#include "words/similar.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -15,8 +15,29 @@ using ResultKind = IncludeSearch::Result::Kind;
 
 constexpr std::size_t maxPathSize = 4096;  ///< The system opens no longer paths.
 
-std::string Joined(const std::string& directory, const std::string& path) {
-  return !path.empty() && path.front() == '/' ? path : directory + path;
+/// Returns the directory above one that ends with a '/', if its path names it.
+std::string Above(const std::string& directory) {
+  const std::size_t end = directory.empty() ? 0 : directory.size() - 1;
+  const std::size_t begin = end == 0 ? 0 : directory.rfind('/', end - 1) + 1;
+  const std::string_view name = std::string_view(directory).substr(begin, end - begin);
+  if (name.empty() || name == "." || name == "..") return directory + "../";
+  return directory.substr(0, begin);
+}
+
+/// Joins a directory, which is empty or ends with a '/', and a path as text.
+std::string Joined(std::string directory, std::string_view path) {
+  if (!path.empty() && path.front() == '/') directory = "/";
+  while (true) {
+    const std::size_t slash = path.find('/');
+    const std::string_view name = path.substr(0, slash);
+    if (name == "..") {
+      directory = Above(directory);
+    } else if (!name.empty() && name != ".") {
+      directory.append(name).append(slash == std::string_view::npos ? "" : "/");
+    }
+    if (slash == std::string_view::npos) return directory;
+    path.remove_prefix(slash + 1);
+  }
 }
 
 std::string WithSlash(std::string directory) {
@@ -42,6 +63,41 @@ void walkUp(std::string directory, const Visit& visit) {
 std::string Normal(const std::string& path) {
   return std::filesystem::path(path).lexically_normal().string();
 }
+
+std::string_view Stem(std::string_view name) {
+  return name.substr(0, name.rfind('.'));
+}
+
+std::string Digits(std::string_view name) {
+  std::string digits;
+  for (const char byte : name) {
+    if (byte >= '0' && byte <= '9') digits += byte;
+  }
+  return digits;
+}
+
+/// Looks for the name of a file that is most similar to another one: two letters may differ, the
+/// case, and the extension.
+class SimilarName {
+ public:
+  explicit SimilarName(std::string_view wanted) : name(wanted), stem(Stem(wanted), 2) {}
+
+  [[nodiscard]] bool mayBe(std::string_view other) const {
+    const std::string_view extension = other.substr(Stem(other).size());
+    return extension != ".h" && Digits(Stem(other)) == Digits(Stem(name));
+  }
+
+  void compare(const std::string& other) {
+    if (stem.compare(Stem(other))) similar = other;
+  }
+
+  [[nodiscard]] const std::string& found() const { return similar; }
+
+ private:
+  std::string_view name;
+  SimilarWord stem;
+  std::string similar;
+};
 
 bool LeadsOut(const std::string& normalPath) {
   return normalPath.compare(0, 2, "..") == 0 && (normalPath.size() == 2 || normalPath[2] == '/');
@@ -74,20 +130,27 @@ IncludeSearch::IncludeSearch(SourceTree& sourceTree, std::vector<std::string> ba
 
 const IncludeSearch::Result& IncludeSearch::find(const std::string& directory,
                                                  std::string_view path) {
-  static const Result tooLong = {ResultKind::Uncertain};
+  static const Result tooLong = {ResultKind::Ambiguous};
   if (path.size() > maxPathSize) return tooLong;
   const std::string included(path);
   std::string key = directory + '\0' + included;
   const auto known = results.find(key);
   if (known != results.end()) return known->second;
-  Result result = look(directory, included);
-  if (result.kind == ResultKind::Missing && included.front() != '/') {
-    for (std::size_t i = 0; i < bases.size() && result.kind == ResultKind::Missing; ++i) {
-      result = look(bases[i], included);
+  return results.emplace(std::move(key), search(directory, included)).first->second;
+}
+
+IncludeSearch::Result IncludeSearch::search(const std::string& directory, const std::string& path) {
+  Result result = look(directory, path);
+  const bool isRelative = path.front() != '/';
+  if (result.kind == ResultKind::Missing && isRelative) {
+    for (const std::size_t i : basesWith(DirectoryOf(path))) {
+      result = look(bases[i], path);
+      if (result.kind != ResultKind::Missing) break;
     }
-    if (mayComeBefore(result, directory, included)) result = {ResultKind::Uncertain};
+    if (mayComeBefore(result, directory, path)) return {ResultKind::Ambiguous};
   }
-  return results.emplace(std::move(key), std::move(result)).first->second;
+  const bool isMissing = result.kind == ResultKind::Missing;
+  return isMissing && hasHeader(directory, path) ? Result{ResultKind::Header} : result;
 }
 
 /// Returns whether another file than this result may have its header beside that of the includer.
@@ -96,12 +159,8 @@ bool IncludeSearch::mayComeBefore(const Result& result, const std::string& direc
   for (const Position& position : positions(directory)) {
     const std::string place = Normal(position.path + path);
     if (LeadsOut(place)) continue;
-    const bool isBelow = place.compare(0, position.path.size(), position.path) == 0;
-    for (std::size_t i = 0; i < bases.size(); ++i) {
+    for (const std::size_t i : basesWith(DirectoryOf(place))) {
       if (baseIds[i] == baseIds[position.base]) continue;
-      // Of many base directories, few have a directory of this name.
-      const Entry& beside = lookAtDirectory(bases[i] + (isBelow ? position.path : ""));
-      if (beside.kind == Entry::Kind::Missing) continue;
       const Result other = look(bases[i], place);
       if (other.kind == ResultKind::Missing) continue;
       if (other.kind != result.kind || other.id != result.id) return true;
@@ -110,14 +169,36 @@ bool IncludeSearch::mayComeBefore(const Result& result, const std::string& direc
   return false;
 }
 
+/// Returns whether the header of the path stands beside the includer or in a base directory.
+bool IncludeSearch::hasHeader(const std::string& directory, const std::string& path) {
+  const std::string header = path.substr(0, path.rfind('.')) + ".h";
+  const auto isIn = [&](const std::string& base) {
+    return look(base, header).kind == ResultKind::Found;
+  };
+  const std::vector<std::size_t>& searched = basesWith(DirectoryOf(path));
+  return isIn(directory) ||
+         (path.front() != '/' && std::any_of(searched.begin(), searched.end(),
+                                             [&](std::size_t i) { return isIn(bases[i]); }));
+}
+
 IncludeSearch::Result IncludeSearch::look(const std::string& directory, const std::string& path) {
   std::string joined = Joined(directory, path);
   // Most files that are looked for in vain would be in a directory that does not exist either.
-  if (lookAtDirectory(DirectoryOf(joined)).kind == Entry::Kind::Missing)
-    return {ResultKind::Missing};
-  const Entry entry = tree.look(joined);
+  const bool mayExist = lookAtDirectory(DirectoryOf(joined)).kind != Entry::Kind::Missing;
+  const Entry entry = mayExist ? tree.look(joined) : Entry{Entry::Kind::Missing};
   if (entry.kind == Entry::Kind::File) return {ResultKind::Found, std::move(joined), entry.id};
-  return {entry.kind == Entry::Kind::Unreadable ? ResultKind::Uncertain : ResultKind::Missing};
+  const bool isUnreadable = entry.kind == Entry::Kind::Unreadable;
+  return {isUnreadable ? ResultKind::Unreadable : ResultKind::Missing, {}, {}, entry.error};
+}
+
+/// Returns the indexes of the base directories that have such a directory: of many, few have.
+const std::vector<std::size_t>& IncludeSearch::basesWith(const std::string& directory) {
+  const auto [known, isNew] = basesOf.try_emplace(directory);
+  for (std::size_t i = 0; isNew && i < bases.size(); ++i) {
+    const Entry& entry = lookAtDirectory(Joined(bases[i], directory));
+    if (entry.kind != Entry::Kind::Missing) known->second.push_back(i);
+  }
+  return known->second;
 }
 
 const Entry& IncludeSearch::lookAtDirectory(const std::string& directory) {
@@ -125,12 +206,6 @@ const Entry& IncludeSearch::lookAtDirectory(const std::string& directory) {
   if (known != directories.end()) return known->second;
   return directories.emplace(directory, tree.look(directory.empty() ? "." : directory))
       .first->second;
-}
-
-const std::vector<std::string>& IncludeSearch::list(const std::string& directory) {
-  const auto known = lists.find(directory);
-  if (known != lists.end()) return known->second;
-  return lists.emplace(directory, tree.list(directory.empty() ? "." : directory)).first->second;
 }
 
 const std::vector<IncludeSearch::Position>& IncludeSearch::positions(const std::string& directory) {
@@ -147,34 +222,33 @@ const std::vector<IncludeSearch::Position>& IncludeSearch::positions(const std::
   return result;
 }
 
-std::string IncludeSearch::correction(const std::string& directory, std::string_view path) {
-  const std::string included(path);
-  if (included.front() == '/') return correctionBelow("", directory, included);
-  std::string corrected = correctionBelow(directory, directory, included);
-  for (std::size_t i = 0; i < bases.size() && corrected.empty(); ++i) {
-    corrected = correctionBelow(bases[i], directory, included);
+std::string IncludeSearch::similarPath(const std::string& directory, std::string_view path) {
+  const std::string above = DirectoryOf(std::string(path));
+  std::vector<std::string> places = {path.front() == '/' ? "" : directory};
+  for (const std::size_t i : basesWith(above)) places.push_back(bases[i]);
+  SimilarName name(path.substr(above.size()));
+  for (const std::string& place : places) {
+    const std::string searched = Joined(place, above);
+    const auto [known, isNew] = lists.try_emplace(searched);
+    if (isNew) known->second = tree.list(searched.empty() ? "." : searched);
+    for (const std::string& other : known->second) {
+      const std::string candidate = above + other;
+      const bool isFound = name.mayBe(other) && CanBeIncluded(candidate) &&
+                           find(directory, candidate).kind == ResultKind::Found;
+      if (isFound) name.compare(other);
+    }
   }
-  return corrected;
+  return name.found().empty() ? std::string() : above + std::string(name.found());
 }
 
-/// The same, with a slip in a name that stands below the base.
-std::string IncludeSearch::correctionBelow(const std::string& base, const std::string& directory,
-                                           const std::string& path) {
-  for (std::size_t begin = 0; begin <= path.size();) {
-    const std::size_t end = std::min(path.find('/', begin), path.size());
-    const std::string above = path.substr(0, begin);
-    const std::string name = path.substr(begin, end - begin);
-    if (lookAtDirectory(base + above).kind != Entry::Kind::Directory) return {};
-    for (const std::string& other : list(base + above)) {
-      if (!IsSlip(name, other)) continue;
-      std::string corrected = above + other + path.substr(end);
-      if (CanBeIncluded(corrected) && find(directory, corrected).kind == ResultKind::Found) {
-        return corrected;
-      }
-    }
-    begin = end + 1;
-  }
-  return {};
+std::string IncludeSearch::directoryAbove(const std::string& directory, std::string_view path) {
+  std::string found;
+  walkUp(directory, [&](const std::string& above, const std::string& /*below*/) {
+    const bool isThere = look(above, std::string(path)).kind == ResultKind::Found;
+    if (found.empty() && isThere)
+      found = above.size() > 1 ? above.substr(0, above.size() - 1) : "." + above;
+  });
+  return found;
 }
 
 std::string IncludeSearch::shortestPath(const std::string& directory, const std::string& path) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <unordered_map>
 #include <vector>
 
@@ -15,7 +16,7 @@ namespace zentho::idlgen {
 std::string DirectoryOf(const std::string& path);
 
 /// Finds the files that include statements mean, in the way in which a compiler finds their
-/// headers. Paths are joined as text. Each answer is remembered.
+/// headers. Paths are joined as text: ".." takes a name off. Each answer is remembered.
 class IncludeSearch {
  public:
   /// The files are searched for below the base directories, in this order.
@@ -24,13 +25,16 @@ class IncludeSearch {
   struct Result {
     enum class Kind : std::uint8_t {
       Found,
-      Missing,   ///< There is no file.
-      Uncertain  ///< There is one that cannot be read, or it depends on where the headers are.
+      Missing,     ///< There is no file.
+      Header,      ///< There is none, but a header that it may have become.
+      Unreadable,  ///< There is one that cannot be read.
+      Ambiguous    ///< Which one it is depends on where the headers are.
     };
 
     Kind kind;
-    std::string path = {};  ///< Of the file that was found.
-    FileId id = {};
+    std::string path = {};       ///< Of the file that was found.
+    FileId id = {};              ///< Of that file.
+    std::error_code error = {};  ///< Why it cannot be read.
   };
 
   /// Looks for a file that a file in `directory` includes: beside that file, then in the base
@@ -38,11 +42,15 @@ class IncludeSearch {
   ///
   /// The headers of several base directories may be generated into one directory. There, a header
   /// that comes from another base directory may stand beside that of the includer and come first.
-  /// If there is such a file, and it is not the one that the search finds, the result is uncertain.
+  /// If there is such a file, and it is not the one that the search finds, the result is ambiguous.
   const Result& find(const std::string& directory, std::string_view path);
 
-  /// Returns a path that `find` finds and that differs from `path` by one slip, or nothing.
-  std::string correction(const std::string& directory, std::string_view path);
+  /// Returns a path that `find` finds and that leads to the same directory, to a file with a
+  /// similar name, or nothing.
+  std::string similarPath(const std::string& directory, std::string_view path);
+
+  /// Returns the first directory above this one that has the file, but is not searched, or nothing.
+  std::string directoryAbove(const std::string& directory, std::string_view path);
 
   /// Returns the shortest path by which `find` finds the file at `path`, or nothing.
   std::string shortestPath(const std::string& directory, const std::string& path);
@@ -54,13 +62,13 @@ class IncludeSearch {
     std::string path;  ///< Empty, or with a '/' at its end.
   };
 
+  Result search(const std::string& directory, const std::string& path);
   bool mayComeBefore(const Result& result, const std::string& directory, const std::string& path);
+  bool hasHeader(const std::string& directory, const std::string& path);
   Result look(const std::string& directory, const std::string& path);
   const Entry& lookAtDirectory(const std::string& directory);
-  const std::vector<std::string>& list(const std::string& directory);
+  const std::vector<std::size_t>& basesWith(const std::string& directory);
   const std::vector<Position>& positions(const std::string& directory);
-  std::string correctionBelow(const std::string& base, const std::string& directory,
-                              const std::string& path);
 
   SourceTree& tree;
   std::vector<std::string> bases;  ///< Each with a '/' at its end.
@@ -68,6 +76,7 @@ class IncludeSearch {
   std::unordered_map<std::string, Result> results;  ///< By the directory, a zero byte and the path.
   std::unordered_map<std::string, Entry> directories;  ///< What stands at these paths.
   std::unordered_map<std::string, std::vector<std::string>> lists;
+  std::unordered_map<std::string, std::vector<std::size_t>> basesOf;  ///< That have a directory.
   std::unordered_map<std::string, std::vector<Position>> positionsOf;
 };
 

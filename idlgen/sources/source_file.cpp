@@ -2,9 +2,12 @@
 
 #include <utility>
 
+#include "words/word_forms.h"
+
 namespace zentho::idlgen {
 
 std::string_view IncludedPath(std::string_view word) {
+  word = word.substr(0, word.find_last_not_of(foreignSeparators) + 1);
   const bool isQuoted = word.size() > 2 && ((word.front() == '"' && word.back() == '"') ||
                                             (word.front() == '<' && word.back() == '>'));
   return isQuoted ? word.substr(1, word.size() - 2) : std::string_view();

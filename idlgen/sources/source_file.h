@@ -1,11 +1,15 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <list>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "reader/idl.h"
 #include "schema/parser.h"
@@ -16,16 +20,28 @@ namespace zentho::idlgen {
 
 struct SourceFile;
 
-/// What an include statement leads to.
-struct Include {
-  SourceFile* file = nullptr;   ///< nullptr if there is none that C++ is certain to find.
-  std::string correction = {};  ///< If there is none: a path that differs by one slip, or nothing.
+/// What is told at an include statement: of its path, or of one in a file that it brings.
+struct MissingInclude {
+  std::string path;    ///< Its word, and where it stands if that is elsewhere.
+  std::string advice;  ///< What to do about it, or why it cannot be read.
+  bool isUnreadable;
+  std::size_t others = 0;  ///< The number of the other includes of which that is true.
 };
 
-/// What recovery has taken out of a file.
+/// What an include statement leads to.
+struct Include {
+  enum class Kind : std::uint8_t { Found, Missing, Unreadable, Other };
+
+  Kind kind = Kind::Other;     ///< Of another one, nobody says anything: of a header, for example.
+  SourceFile* file = nullptr;  ///< The file that was found.
+  std::error_code error = {};  ///< Why it cannot be read.
+  std::vector<MissingInclude> missing = {};  ///< What is told here.
+};
+
+/// What recovery has taken out of a file, which may declare names.
 struct DroppedWords {
-  std::unordered_set<std::string_view> names;  ///< May be declared there.
-  bool mayDeclareAnything = false;             ///< Such as an include.
+  std::unordered_set<std::string_view> names;
+  bool mayDeclareAnything = false;  ///< Such as an include.
 };
 
 /// An IDL file: as it was read, and as recovery has it read instead. Is never copied, since the
@@ -44,7 +60,6 @@ struct SourceFile {
   std::unordered_map<std::string_view, Include> includes;  ///< By the word of the path.
   std::list<std::string> ownTexts;  ///< What recovery has put in place of words of the text.
   DroppedWords dropped;
-  bool isDamaged = false;  ///< Whether recovery has found a fault.
 };
 
 /// Splits and parses the text. Prints nothing. Nothing is included yet.
@@ -54,7 +69,7 @@ SourceFile ParseSource(std::string path, std::string text);
 void locate(SourceFile& file);
 
 /// Returns the path between the quotes or brackets of an include statement, or nothing if it does
-/// not have both of them.
+/// not have both of them. A ";" may follow.
 std::string_view IncludedPath(std::string_view word);
 
 }  // namespace zentho::idlgen

@@ -1,7 +1,10 @@
 #include "sources/sources.h"
 
 #include <cstddef>
-#include <utility>
+
+#include "words/printable.h"
+#include "words/similar.h"
+#include "words/word_forms.h"
 
 namespace zentho::idlgen {
 
@@ -10,16 +13,30 @@ Sources::Sources(SourceTree& sourceTree, std::vector<std::string> directories)
 
 void Sources::load(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) loadNamed(path);
+  const std::size_t namedCount = sources.size();
   // The files that are included are appended, so that the loop comes to them.
   std::size_t next = 0;
   while (next < sources.size()) findIncludes(sources[next++]);
+
+  std::unordered_set<const SourceFile*> names;
+  for (const SourceFile& file : sources) {
+    if (names.size() < namedCount) names.insert(&file);
+    filesByName[file.path.substr(DirectoryOf(file.path).size())].push_back(&file);
+  }
+  for (std::size_t i = 0; i < namedCount; ++i) tellMissing(sources[i], names);
+}
+
+Sources::Place Sources::placeOf(const std::string& path) {
+  const std::string directory = DirectoryOf(path);
+  return {tree.look(directory.empty() ? "." : directory).id, path.substr(directory.size())};
 }
 
 void Sources::loadNamed(const std::string& path) {
   Entry entry = tree.look(path);
   if (entry.kind == Entry::Kind::File) {
-    if (!filesById.emplace(entry.id, nullptr).second) return;
-    entry = read(path);
+    const Place place = placeOf(path);
+    if (!filesByPlace.emplace(place, nullptr).second) return;
+    entry = read(path, place);
   }
   if (entry.kind == Entry::Kind::File) {
     namedFiles.push_back({path, &sources.back()});
@@ -30,11 +47,12 @@ void Sources::loadNamed(const std::string& path) {
 }
 
 /// Reads a file that `look` has found, and appends it if there is no error.
-Entry Sources::read(const std::string& path) {
+Entry Sources::read(const std::string& path, const Place& place) {
   std::string text;
   Entry entry = tree.read(path, text);
+  ids.insert(entry.id);
   if (entry.kind == Entry::Kind::File) {
-    filesById[entry.id] = &sources.emplace_back(ParseSource(path, std::move(text)));
+    filesByPlace[place] = &sources.emplace_back(ParseSource(path, std::move(text)));
   }
   return entry;
 }
@@ -51,17 +69,77 @@ void Sources::findIncludes(SourceFile& file) {
 /// Finds the file that a file in this directory includes, and reads it if that has not been done.
 /// Nobody looks for headers of C++.
 Include Sources::find(const std::string& directory, std::string_view word) {
+  using Kind = IncludeSearch::Result::Kind;
   const std::string_view path = IncludedPath(word);
   const bool isHeader = path.size() >= 2 && path.substr(path.size() - 2) == ".h";
   if (path.empty() || isHeader) return {};
   const IncludeSearch::Result& result = search.find(directory, path);
-  if (result.kind == IncludeSearch::Result::Kind::Missing && word.front() == '"') {
-    return {nullptr, search.correction(directory, path)};
+  if (result.kind == Kind::Missing) return {Include::Kind::Missing};
+  if (result.kind == Kind::Unreadable) return {Include::Kind::Unreadable, nullptr, result.error};
+  if (result.kind != Kind::Found) return {};
+  const Place place = placeOf(result.path);
+  const auto [known, isNew] = filesByPlace.emplace(place, nullptr);
+  std::error_code error;
+  if (isNew) error = read(result.path, place).error;
+  if (known->second == nullptr) return {Include::Kind::Unreadable, nullptr, error};
+  return {Include::Kind::Found, known->second};
+}
+
+/// Notes at the includes of a named file which ones are not found: its own, and those of files that
+/// they bring and that are not named.
+void Sources::tellMissing(SourceFile& file, const std::unordered_set<const SourceFile*>& named) {
+  std::unordered_set<std::string_view> seen;
+  for (std::size_t i = 0; i < file.words.size(); ++i) {
+    const std::string_view word = file.words.text(i);
+    if (file.words.role(i) != Role::IncludePath || !seen.insert(word).second) continue;
+    Include& include = file.includes.at(word);
+    tellMissing(file, word, include, {}, include);
+    std::vector<const SourceFile*> pending = {include.file};
+    while (!pending.empty()) {
+      const SourceFile* const next = pending.back();
+      pending.pop_back();
+      if (next == nullptr || named.count(next) > 0 || !told.insert(next).second) continue;
+      for (const auto& [path, inner] : next->includes) {
+        tellMissing(*next, path, inner, next->path, include);
+        pending.push_back(inner.file);
+      }
+    }
   }
-  if (result.kind != IncludeSearch::Result::Kind::Found) return {};
-  const auto [known, isNew] = filesById.emplace(result.id, nullptr);
-  if (isNew) (void)read(result.path);
-  return {known->second};
+}
+
+/// Notes at an include that this one, in a file, is not found. The first one of a path has a
+/// message with the number of the others.
+void Sources::tellMissing(const SourceFile& file, std::string_view word, const Include& include,
+                          std::string_view bringing, Include& at) {
+  const bool isUnreadable = include.kind == Include::Kind::Unreadable;
+  const bool isTold = isUnreadable || include.kind == Include::Kind::Missing;
+  if (!isTold || FormOfInclude(word) != IncludeForm::Path) return;
+  const std::string_view path = IncludedPath(word);
+  const std::string above = isUnreadable ? "" : search.directoryAbove(DirectoryOf(file.path), path);
+  const std::string key = above.empty() ? std::string(path) : '\0' + above;
+  const auto [first, isNew] = firstMissing.try_emplace(key, &at, at.missing.size());
+  if (!isNew) {
+    ++first->second.first->missing[first->second.second].others;
+    return;
+  }
+  std::string shown(word);
+  if (!bringing.empty()) shown += ", which " + Quoted(bringing) + " includes,";
+  std::string reason = isUnreadable    ? include.error.message()
+                       : above.empty() ? advice(file, path)
+                                       : "it is in " + Quoted(above) + ", which is not searched";
+  at.missing.push_back({std::move(shown), std::move(reason), isUnreadable});
+}
+
+/// Returns what to do about a path that is not found.
+std::string Sources::advice(const SourceFile& file, std::string_view path) {
+  std::string similar = search.similarPath(DirectoryOf(file.path), path);
+  if (similar.empty()) {
+    const auto known = filesByName.find(std::string(path.substr(path.rfind('/') + 1)));
+    const bool isOnlyOne = known != filesByName.end() && known->second.size() == 1;
+    if (isOnlyOne) similar = includePath(file, *known->second.front());
+    if (similar.find("..") != std::string::npos) similar.clear();
+  }
+  return similar.empty() ? "what it declares is not checked" : DidYouMean(similar);
 }
 
 std::string Sources::includePath(const SourceFile& from, const SourceFile& to) {

@@ -2,8 +2,12 @@
 
 #include <deque>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "sources/include_search.h"
@@ -13,7 +17,8 @@
 namespace zentho::idlgen {
 
 /// The IDL files of a run: those that it names, and all that these include, also indirectly. Each
-/// file is read and parsed once, also if several paths lead to it.
+/// file is read and parsed once. A file is a directory and a name in it, since includes are
+/// searched for from there: a link in another directory is another file.
 class Sources {
  public:
   /// `directories` are searched for included files, in this order.
@@ -37,22 +42,37 @@ class Sources {
   [[nodiscard]] const std::deque<SourceFile>& files() const { return sources; }
 
   /// Returns whether the run has read this file, or has tried to.
-  [[nodiscard]] bool contains(const FileId& id) const { return filesById.count(id) > 0; }
+  [[nodiscard]] bool contains(const FileId& id) const { return ids.count(id) > 0; }
+
+  /// Returns whether an include has not been found.
+  [[nodiscard]] bool hasMissing() const { return !firstMissing.empty(); }
 
   /// Returns the shortest path by which the file `from` can include the file `to`, or nothing.
   std::string includePath(const SourceFile& from, const SourceFile& to);
 
  private:
+  using Place = std::pair<FileId, std::string>;  ///< The directory, and the name there.
+
+  [[nodiscard]] Place placeOf(const std::string& path);
   void loadNamed(const std::string& path);
-  Entry read(const std::string& path);
+  Entry read(const std::string& path, const Place& place);
   void findIncludes(SourceFile& file);
   Include find(const std::string& directory, std::string_view word);
+  void tellMissing(SourceFile& file, const std::unordered_set<const SourceFile*>& named);
+  void tellMissing(const SourceFile& file, std::string_view word, const Include& include,
+                   std::string_view bringing, Include& at);
+  std::string advice(const SourceFile& file, std::string_view path);
 
   SourceTree& tree;
   IncludeSearch search;
   std::vector<Named> namedFiles;
   std::deque<SourceFile> sources;
-  std::map<FileId, SourceFile*> filesById;  ///< nullptr for those that cannot be read.
+  std::map<Place, SourceFile*> filesByPlace;  ///< nullptr for those that cannot be read.
+  std::set<FileId> ids;
+  std::unordered_set<const SourceFile*> told;  ///< Files that are not named, whose includes are.
+  /// Where each path, or directory that is not searched, is told: at an include, and which one.
+  std::unordered_map<std::string, std::pair<Include*, std::size_t>> firstMissing;
+  std::unordered_map<std::string, std::vector<const SourceFile*>> filesByName;
 };
 
 }  // namespace zentho::idlgen

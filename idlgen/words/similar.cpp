@@ -37,12 +37,14 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-void SimilarWord::compare(std::string_view candidate) {
-  if (candidate.size() + best <= word.size() || word.size() + best <= candidate.size()) return;
-  const std::size_t distance = Distance(word, candidate);
-  if (distance >= best) return;
+bool SimilarWord::compare(std::string_view candidate) {
+  const bool isOther =
+      candidate.size() + best <= word.size() || word.size() + best <= candidate.size();
+  const std::size_t distance = isOther ? best : Distance(word, candidate);
+  if (distance >= best) return false;
   best = distance;
   similar = candidate;
+  return true;
 }
 
 std::string DidYouMean(std::string_view word) {

@@ -1,19 +1,22 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace zentho::idlgen {
 
-/// Looks for the word that is most similar to another one. A third of the letters may differ. To a
-/// word of more than 40 letters none is similar, because comparing them takes long.
+/// Looks for the word that is most similar to another one. A third of the letters may differ, but
+/// not more than `most`. To a word of more than 40 letters none is similar, because comparing them
+/// takes long.
 class SimilarWord {
  public:
-  explicit SimilarWord(std::string_view wanted)
-      : word(wanted), best(wanted.size() <= 40 ? wanted.size() / 3 + 1 : 0) {}
+  explicit SimilarWord(std::string_view wanted, std::size_t most = 40)
+      : word(wanted), best(wanted.size() <= 40 ? std::min(wanted.size() / 3, most) + 1 : 0) {}
 
-  void compare(std::string_view candidate);
+  /// Returns whether the candidate is more similar than all before it.
+  bool compare(std::string_view candidate);
 
   /// Returns the most similar one, or nothing if none was similar.
   [[nodiscard]] std::string_view found() const { return similar; }

@@ -87,6 +87,20 @@ std::string_view NameIn(std::string_view word) {
                      static_cast<std::size_t>(end - begin));
 }
 
+std::string MeantName(std::string_view word) {
+  std::size_t begin = word.size();
+  std::size_t end = 0;
+  for (std::size_t i = 0; i < word.size(); i += FirstCharacter(word.substr(i)).size) {
+    const Character character = FirstCharacter(word.substr(i));
+    if (!character.valid || !IsNameCharacter(character.code)) continue;
+    if (begin == word.size() && !IsDigit(character.code)) begin = i;
+    end = i + character.size;
+  }
+  std::string name(begin < end ? word.substr(begin, end - begin) : std::string_view());
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
 std::optional<std::string_view> ElementType(std::string_view type) {
   while (type.size() >= 2 && type.front() == '[' && type.back() == ']') {
     type = type.substr(1, type.size() - 2);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,6 +27,10 @@ bool IsIdentifier(std::string_view word);
 
 /// Returns the first name in the word, or nothing.
 std::string_view NameIn(std::string_view word);
+
+/// Returns the name that a word which is none is probably meant as: without signs around it and
+/// digits before it, and with "_" in place of "-".
+std::string MeantName(std::string_view word);
 
 /// Returns the type inside the brackets, or nothing if they are not balanced.
 std::optional<std::string_view> ElementType(std::string_view type);
