@@ -39,6 +39,7 @@ inline constexpr Rule notAPath{error, R"(% is not a path)", {}, Hint::Form};
 
 // Words that the grammar does not want, or that give all after them another role.
 inline constexpr Rule carriageReturns{error, "lines end with CR LF: end them with LF"};
+inline constexpr Rule tabs{error, "there are tabs between words: use spaces"};
 inline constexpr Rule notAStatement{error, R"("%" is not a statement)"};
 inline constexpr Rule unknownStatement{
     error,

@@ -63,7 +63,7 @@ Fix FixLastStatement(SourceFile& file) {
 bool NeedsFix(const SourceFile& file) {
   return file.error.has_value() ||
          FirstMisplacedWord(file.words, file.words.size()) < file.words.size() ||
-         file.text.find("::") != std::string::npos;
+         file.text.find("::") != std::string::npos || file.text.find('\t') != std::string::npos;
 }
 
 std::optional<Fix> FixWords(SourceFile& file) {

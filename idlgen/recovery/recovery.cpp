@@ -36,6 +36,7 @@ Recovery::Recovery(SourceFile& sourceFile) : file(sourceFile), words(sourceFile.
   locate(file);
   lacksBraces = OpenBraces(words) > 0;
   dropCarriageReturns();
+  dropTabs();
 }
 
 void Recovery::run(Declarations& declarations) {
@@ -81,13 +82,38 @@ void Recovery::dropCarriageReturns() {
   place.offset = place.line.size() - 1;
   say({Severity::Error, {file.path, place, 1, std::string(rules::carriageReturns.sentence)}});
   for (const std::size_t i : ends) words.texts[i].remove_suffix(1);
-  LocatedWords kept;
+  splitWords(' ');  // Drops those that are empty now.
+}
+
+/// If there are tabs beside or between words, says so once, and reads them as blanks.
+void Recovery::dropTabs() {
+  const auto hasTab = [](std::string_view word) {
+    return word.find('\t') != std::string_view::npos;
+  };
+  const auto first = std::find_if(words.texts.begin(), words.texts.end(), hasTab);
+  if (first == words.texts.end()) return;
+  Place place = words.places[static_cast<std::size_t>(first - words.texts.begin())];
+  place.offset += first->find('\t');
+  say({Severity::Error, {file.path, place, 1, std::string(rules::tabs.sentence)}});
+  splitWords('\t');
+}
+
+/// Reads the parts of words between separators, which may be none, in place of the words.
+void Recovery::splitWords(char separator) {
+  LocatedWords parts;
   for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.text(i).empty()) continue;
-    kept.texts.push_back(words.text(i));
-    kept.places.push_back(words.places[i]);
+    const std::string_view text = words.text(i);
+    for (std::size_t begin = 0; begin < text.size();) {
+      const std::size_t end = std::min(text.find(separator, begin), text.size());
+      if (end > begin) {
+        parts.texts.push_back(text.substr(begin, end - begin));
+        parts.places.push_back(words.places[i]);
+        parts.places.back().offset += begin;
+      }
+      begin = end + 1;
+    }
   }
-  words = std::move(kept);
+  words = std::move(parts);
   parse();
 }
 

@@ -32,6 +32,8 @@ class Recovery {
 
  private:
   void dropCarriageReturns();
+  void dropTabs();
+  void splitWords(char separator);
   [[nodiscard]] std::optional<Fix> check(Declarations& declarations);
   void declare(Declarations& declarations);
   void say(Diagnostic diagnostic);

@@ -52,13 +52,13 @@ std::size_t LineEnd(const LocatedWords& words, std::size_t i) {
 
 bool IsBeforeColon(const LocatedWords& words, std::size_t i) {
   const std::string_view after = CodeAfter(words, i);
-  const std::size_t next = after.find_first_not_of(' ');
+  const std::size_t next = after.find_first_not_of(" \t");
   return next != std::string_view::npos && after[next] == ':';
 }
 
 bool IsAfterColon(const LocatedWords& words, std::size_t i) {
   const std::string_view before = words.places[i].code.substr(0, words.places[i].offset);
-  const std::size_t last = before.find_last_not_of(' ');
+  const std::size_t last = before.find_last_not_of(" \t");
   return last != std::string_view::npos && before[last] == ':';
 }
 
