@@ -71,9 +71,9 @@ MemberCheck::TypeWord MemberCheck::checkTypeWord(std::size_t i) {
     return TypeWord::Type;
   }
   if (element->find('<') != std::string_view::npos) return checkTemplate(i, *element);
-  const std::vector<std::string_view> parts = Components(*element);
-  if (!checkParts(i, parts)) return TypeWord::Wrong;
-  return parts.size() > 1 ? checkPath(i, parts, isVector) : checkName(i, *element, isVector);
+  if (!checkParts(i, *element)) return TypeWord::Wrong;
+  const bool isPath = element->find('.') != std::string_view::npos;
+  return isPath ? checkPath(i, *element, isVector) : checkName(i, *element, isVector);
 }
 
 /// Checks once that no included file hides the namespace of the C++ library, which a type needs.
@@ -116,8 +116,9 @@ const Rule* MemberCheck::ruleForArgument(std::string_view name, bool isFirst) co
   return isKnown ? nullptr : &rules::notDeclared;
 }
 
-/// Returns whether the parts of a path are names that may be those of a type.
-bool MemberCheck::checkParts(std::size_t i, const std::vector<std::string_view>& parts) {
+/// Checks that the parts of a path are names that may be those of a type.
+bool MemberCheck::checkParts(std::size_t i, std::string_view type) {
+  const std::vector<std::string_view> parts = Components(type);
   for (const std::string_view& part : parts) {
     if (parts.size() > 1 && part.empty() && &part == &parts.front()) continue;
     const Keyword keyword = FindKeyword(part);
@@ -133,20 +134,15 @@ bool MemberCheck::checkParts(std::size_t i, const std::vector<std::string_view>&
   return true;
 }
 
-/// Checks a type that is a path of names. Only a service is used as a type in it, if all parts
-/// before the last are its name.
-MemberCheck::TypeWord MemberCheck::checkPath(std::size_t i,
-                                             const std::vector<std::string_view>& parts,
-                                             bool isVector) {
-  const std::string_view first = parts.front();
-  const std::string_view last = parts.back();
-  const auto size = static_cast<std::size_t>(last.data() + last.size() - first.data());
-  const std::string_view type = {first.data(), size};
+/// Checks a type that is a path of names. In `S.Request`, it is the service S that is used, so that
+/// a member S would change its meaning.
+MemberCheck::TypeWord MemberCheck::checkPath(std::size_t i, std::string_view type, bool isVector) {
+  const std::vector<std::string_view> parts = Components(type);
   const Found found = check.lookup.findType(type, scope);
   const bool isService = std::all_of(parts.begin(), parts.end() - 1, [&](std::string_view part) {
     return found.declaration != nullptr && found.declaration->name == part;
   });
-  if (isService) uses[first].asType = i;
+  if (isService) uses[parts.front()].asType = i;
   return checkFound(i, type, isVector, found);
 }
 

@@ -40,12 +40,12 @@ class MemberCheck {
 
   TypeWord checkTypeWord(std::size_t i);
   TypeWord checkTemplate(std::size_t i, std::string_view type);
-  TypeWord checkPath(std::size_t i, const std::vector<std::string_view>& parts, bool isVector);
+  TypeWord checkPath(std::size_t i, std::string_view type, bool isVector);
   TypeWord checkName(std::size_t i, std::string_view type, bool isVector);
   TypeWord checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found);
   [[nodiscard]] const Rule* ruleForArgument(std::string_view name, bool isFirst) const;
   [[nodiscard]] const Rule* ruleFor(const Found& found, std::string_view type, bool isVector) const;
-  bool checkParts(std::size_t i, const std::vector<std::string_view>& parts);
+  bool checkParts(std::size_t i, std::string_view type);
   void checkChange(std::size_t name, const Uses& use);
   void checkLibrary(std::size_t i);
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "check/header_names.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -27,16 +28,6 @@ const Rule* RuleOfForm(IncludeForm form) {
   return nullptr;
 }
 
-/// Returns whether the declaration of the name would be one of an existing namespace.
-bool IsGlobalNamespace(const File& file, std::string_view name) {
-  return file.namespaces.size() == 1 && (name == "std" || name == "zentho");
-}
-
-/// Returns whether the header has functions, which those of enums do not need.
-bool HasFunctions(const Words& words) {
-  return std::any_of(words.roles.begin(), words.roles.end(), HasMembers);
-}
-
 /// Checks that no other declaration has the name of this one, in the file or in those it includes.
 void checkIsNew(Context& check, std::size_t i) {
   const std::string_view name = check.words.text(i);
@@ -55,6 +46,14 @@ void checkIsNew(Context& check, std::size_t i) {
     return;
   }
   check.reportNamespace(rules::isNamespace, i, name, check.view.inner(space, name));
+}
+
+/// Checks that no other file declares a part of the namespace as something else.
+void checkIsOnlyNamespace(Context& check, std::size_t i, const Namespace& space,
+                          std::string_view part) {
+  const auto isBrought = [&](const Declaration& other) { return other.file != &check.file; };
+  const Declaration* const other = check.view.find(space, part, isBrought);
+  if (other != nullptr) check.report(rules::declaredTwice, i, part, *other);
 }
 
 }  // namespace
@@ -79,46 +78,29 @@ void checkIncludePath(Context& check, std::size_t i) {
 void checkNamespacePath(Context& check, std::size_t i) {
   const std::vector<std::string_view> parts = Components(check.words.text(i));
   for (const std::string_view part : parts) {
-    if (part.empty()) continue;
-    if (check.checkNewName(i, part) && part == "std") check.report(rules::hidesStd, i, part);
+    if (!part.empty()) check.checkNewName(i, part);
   }
   const std::vector<const Namespace*>& spaces = check.file.namespaces;
   // The first part is empty before a leading dot.
-  if (spaces.size() == 1 || std::count(parts.begin() + 1, parts.end(), "") > 0) {
-    check.report(rules::emptyNamespace, i);
-  }
-  if (spaces.size() == 1) return;
-  // The functions of the header stand in the namespace of the framework.
-  const std::size_t top = spaces[1]->name == "zentho" ? 2 : 1;
-  const std::string_view name = top < spaces.size() ? spaces[top]->name : std::string_view();
-  const bool hidesName = name == "BytesBuffer" || (top == 2 && name == "zentho");
-  if (hidesName && HasFunctions(check.words)) check.report(rules::frameworkName, i, name);
-  // No file may declare a part of the namespace as something else.
+  const bool hasEmptyPart = std::count(parts.begin() + 1, parts.end(), "") > 0;
+  if (spaces.size() == 1 || hasEmptyPart) check.report(rules::emptyNamespace, i);
   for (std::size_t level = 1; level < spaces.size(); ++level) {
-    const auto isBrought = [&](const Declaration& other) { return other.file != &check.file; };
-    const std::string_view part = spaces[level]->name;
-    const Declaration* const other = check.view.find(*spaces[level - 1], part, isBrought);
-    if (other != nullptr) check.report(rules::declaredTwice, i, part, *other);
+    checkNamespacePart(check, i, level);
+    checkIsOnlyNamespace(check, i, *spaces[level - 1], spaces[level]->name);
   }
   const Namespace* const framework = check.view.inner(*spaces[0], "zentho");
-  if (framework == nullptr || !HasFunctions(check.words)) return;
+  const std::vector<Role>& roles = check.words.roles;
+  const bool hasFunctions = std::any_of(roles.begin(), roles.end(), HasMembers);
+  if (spaces.size() == 1 || framework == nullptr || !hasFunctions) return;
+  // The functions of the header stand in the namespace of the framework.
   check.reportHiding(rules::hiddenNamespace, i, spaces[1]->name, *framework, spaces[1]->name);
 }
 
 void checkRecordName(Context& check, std::size_t i) {
   const std::string_view name = check.words.text(i);
   if (!check.checkNewName(i, name)) return;
+  checkHeaderName(check, i, name);
   const bool isService = check.words.role(i) == Role::ServiceName;
-  const std::vector<const Namespace*>& spaces = check.file.namespaces;
-  const bool hidesFramework = !isService && name == "zentho" && spaces.size() == 2 &&
-                              spaces.back()->name == "zentho" && HasFunctions(check.words);
-  if (IsGlobalNamespace(check.file, name)) {
-    check.report(rules::globalNamespace, i);
-  } else if (hidesFramework) {
-    check.report(rules::frameworkName, i);
-  } else if (name == "std") {
-    check.report(rules::hidesStd, i);
-  }
   if (isService && IsPartName(name)) check.report(rules::nestedTypeAsService, i);
   checkIsNew(check, i);
 }
@@ -126,7 +108,7 @@ void checkRecordName(Context& check, std::size_t i) {
 void checkItemName(Context& check, std::size_t i) {
   const std::string_view name = check.words.text(i);
   if (!check.checkNewName(i, name)) return;
-  if (IsGlobalNamespace(check.file, name)) check.report(rules::globalNamespace, i);
+  checkHeaderName(check, i, name);
   checkIsNew(check, i);
 }
 

@@ -110,6 +110,8 @@ inline constexpr Rule builtinTypeAsName{
     true};
 inline constexpr Rule emptyNamespace{warning, R"("%" has an empty part)"};
 inline constexpr Rule hidesStd{warning, R"("%" hides the namespace of the C++ library)"};
+inline constexpr Rule hidesNeededStd{
+    error, R"("%" hides the namespace of the C++ library, which a type here needs)"};
 inline constexpr Rule globalNamespace{error, R"("%" is a namespace already: choose another name)"};
 inline constexpr Rule nestedTypeAsService{
     error, R"(a service cannot be named "%": it contains a type of that name)"};
@@ -122,6 +124,8 @@ inline constexpr Rule itemTwice{error, R"("%" is already an item of @)", "declar
 inline constexpr Rule memberTwice{error, R"("%" is already a member of @)", "declared here"};
 inline constexpr Rule frameworkName{
     error, R"("%" is a name of the framework, which the header needs: choose another one)"};
+inline constexpr Rule frameworkNameToo{
+    warning, R"("%" is a name of the framework, which other headers need: choose another one)"};
 inline constexpr Rule changesMeaning{
     warning, R"("%" is a type above: some compilers reject a member of that name)",
     "declared here"};

@@ -30,12 +30,12 @@ enum class Meaning : std::uint8_t {
   LaterPart,  ///< The response, in the request of its service.
   OuterOne,   ///< A type further out, in spite of a declaration that comes later.
   Unknown,    ///< Nothing in the files.
-  Elsewhere   ///< Nothing in the files, but perhaps in another.
+  Elsewhere   ///< Nothing in the files that can be judged: perhaps in another, or in the library.
 };
 
 struct Found {
   Meaning meaning;
-  const Declaration* declaration = nullptr;  ///< What has been found, or what is below.
+  const Declaration* declaration = nullptr;  ///< Of a service, an item, or what is below.
   bool isInnermost = false;  ///< Found where no file that has not been read can hide it.
 };
 
