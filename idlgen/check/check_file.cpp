@@ -69,6 +69,8 @@ void checkWords(Context& check) {
 std::vector<Finding> CheckFile(const Declarations& declarations, const File& file) {
   const View view(declarations, file);
   Context check(view);
+  const std::string& rival = file.source->rival;
+  if (!rival.empty() && check.words.size() > 0) check.report(rules::sameHeader, 0, rival);
   checkWords(check);
   checkIncludes(check);
   std::stable_sort(check.findings.begin(), check.findings.end(),

@@ -185,6 +185,7 @@ inline constexpr Rule cycle{warning, "% includes this file, too: one of them may
 inline constexpr Rule includesItself{warning, "% is this file itself"};
 inline constexpr Rule misfit{error, R"("%" is declared in an included file already)",
                              "declared here"};
+inline constexpr Rule sameHeader{warning, "the header of this file is that of %, too"};
 inline constexpr Rule noExtension{warning, R"(% has no extension, such as ".idl")"};
 
 }  // namespace rules

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "schema/builtin_types.h"
+#include "words/foreign_words.h"
 #include "words/similar.h"
 #include "words/word_forms.h"
 
@@ -47,6 +48,8 @@ std::vector<const File*> KnownTypes::filesThatDeclare(std::string_view type) con
 }
 
 std::string KnownTypes::mostSimilar(std::string_view type) const {
+  const std::string_view foreign = TypeFor(type);
+  if (!foreign.empty()) return std::string(foreign);
   // Of a path, the last part counts, and of several types with that name, the whole path.
   const bool isPath = type.find('.') != std::string_view::npos;
   SimilarWord last(LastPart(type));

@@ -60,6 +60,7 @@ struct SourceFile {
   std::unordered_map<std::string_view, Include> includes;  ///< By the word of the path.
   std::list<std::string> ownTexts;  ///< What recovery has put in place of words of the text.
   DroppedWords dropped;
+  std::string rival;  ///< The path of another file of the run that has the same header, or nothing.
 };
 
 /// Splits and parses the text. Prints nothing. Nothing is included yet.

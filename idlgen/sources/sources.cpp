@@ -23,7 +23,13 @@ void Sources::load(const std::vector<std::string>& paths) {
     if (names.size() < namedCount) names.insert(&file);
     filesByName[file.path.substr(DirectoryOf(file.path).size())].push_back(&file);
   }
-  for (std::size_t i = 0; i < namedCount; ++i) tellMissing(sources[i], names);
+  std::map<Place, const SourceFile*> filesByHeader;
+  for (std::size_t i = 0; i < namedCount; ++i) {
+    tellMissing(sources[i], names);
+    const std::string header = sources[i].path.substr(0, sources[i].path.rfind('.'));
+    const auto [first, isNew] = filesByHeader.emplace(placeOf(header), &sources[i]);
+    if (!isNew) sources[i].rival = first->second->path;
+  }
 }
 
 Sources::Place Sources::placeOf(const std::string& path) {

@@ -13,6 +13,9 @@ std::string_view KeywordFor(std::string_view word);
 /// The same, or a keyword that is similar.
 std::string_view SimilarKeyword(std::string_view word);
 
+/// Returns the type that a built-in type of another language stands for, or nothing.
+std::string_view TypeFor(std::string_view word);
+
 /// Returns whether the word qualifies a declaration in another language, as in `optional x: int8`.
 bool IsQualifier(std::string_view word);
 
