@@ -83,36 +83,20 @@ function(_idlgen_get_given_bases variable)
 endfunction()
 
 # Returns the directories in which the check searches included files: the base directories in the
-# order given, the current binary directory only if it is that of a file, and INCLUDE_DIRS.
+# order given, the current binary directory only if it is that of a file, and INCLUDE_DIRS. The check
+# passes over those that do not exist.
 function(_idlgen_get_search_dirs used_bases variable)
   _idlgen_get_given_bases(directories)
   list(APPEND directories ${used_bases})
   foreach(directory IN LISTS _idlgen_INCLUDE_DIRS)
     cmake_path(ABSOLUTE_PATH directory NORMALIZE)
-    _idlgen_make_binary_dir("${directory}")
-    if(NOT IS_DIRECTORY "${directory}")
-      message(FATAL_ERROR "idlgen_generate: directory not found: ${directory}")
-    endif()
     list(APPEND directories "${directory}")
   endforeach()
   list(REMOVE_DUPLICATES directories)
-  set(search "")
   foreach(directory IN LISTS directories)
     _idlgen_check_path("${directory}")
-    _idlgen_make_binary_dir("${directory}")
-    if(IS_DIRECTORY "${directory}")
-      list(APPEND search "${directory}")
-    endif()
   endforeach()
-  set(${variable} "${search}" PARENT_SCOPE)
-endfunction()
-
-# Makes a directory of the binary tree: what generates IDL files may do so too late for the check.
-function(_idlgen_make_binary_dir directory)
-  cmake_path(IS_PREFIX CMAKE_BINARY_DIR "${directory}" NORMALIZE is_binary)
-  if(is_binary)
-    file(MAKE_DIRECTORY "${directory}")
-  endif()
+  set(${variable} "${directories}" PARENT_SCOPE)
 endfunction()
 
 # Returns the absolute path of an IDL file, the innermost base directory that contains it, and the
@@ -259,15 +243,35 @@ function(_idlgen_add_check target idls search directory depends)
     list(TRANSFORM CMAKE_CONFIGURATION_TYPES PREPEND "${check}/" OUTPUT_VARIABLE checks)
     string(APPEND check "/$<CONFIG>")
   endif()
-  set(linked "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
-  set(options "$<REMOVE_DUPLICATES:$<FILTER:${linked},INCLUDE,^-I>>")
-  list(JOIN idls "\n" lines)
-  file(GENERATE OUTPUT "${check}/arguments" CONTENT "$<JOIN:${options},\n>\n${lines}\n")
+  _idlgen_write_arguments("${target}" "${idls}" "${check}/arguments")
   foreach(path IN LISTS checks)
     _idlgen_add_check_command("${target}" "${path}" "${idls}" "${depends}")
   endforeach()
   add_custom_target("${target}_check" DEPENDS "${check}/stamp")
   add_dependencies("${target}_generate" "${target}_check")
+endfunction()
+
+# Writes the arguments of the check: the directories of the target and of those that it links, in
+# which there are IDL files, then its include directories, in which there are other headers.
+function(_idlgen_write_arguments target idls file)
+  set(linked "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
+  set(options "$<REMOVE_DUPLICATES:$<FILTER:${linked},INCLUDE,^-I>>")
+  # What the check finds must not depend on which headers the build has generated already.
+  set(include "$<TARGET_PROPERTY:${target},INTERFACE_INCLUDE_DIRECTORIES>")
+  set(include "$<REMOVE_DUPLICATES:$<FILTER:${include},EXCLUDE,[.]idlgen/include$>>")
+  set(include "$<$<BOOL:${include}>:-I$<JOIN:${include},\n-I>\n>")
+  list(JOIN idls "\n" lines)
+  # Include directories may depend on the language of a source file: C++, if the project has it.
+  set(condition "")
+  get_property(languages GLOBAL PROPERTY ENABLED_LANGUAGES)
+  if("CXX" IN_LIST languages)
+    set(languages CXX)
+  endif()
+  if(NOT "${languages}" MATCHES "^(NONE)?$")
+    list(GET languages 0 language)
+    set(condition CONDITION "$<COMPILE_LANGUAGE:${language}>")
+  endif()
+  file(GENERATE OUTPUT "${file}" CONTENT "$<JOIN:${options},\n>\n${include}${lines}\n" ${condition})
 endfunction()
 
 # Adds the command that checks the IDL files with the arguments in the directory.
