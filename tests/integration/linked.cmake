@@ -1,5 +1,5 @@
 # Targets that link others, in an empty build directory, with one of CMake's generators: the check of
-# a target finds the files that its own include.
+# a target finds the files that its own include, and a header of which there is no IDL file.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("linked ${BUILD}")
 configure_project(linked -D CMAKE_BUILD_TYPE=Debug)
@@ -15,8 +15,9 @@ if(BUILD MATCHES "Multi-Config")
   string(APPEND check /Debug)
 endif()
 file(STRINGS ${check}/arguments arguments)
-check("arguments STREQUAL \"-I${source}/idl;-I${source}/extra;-I${source}/base;\
--I${source}/only_debug;-I${build}/late/gen;-I${build}/late;${route_idl}\"")
+check("arguments STREQUAL \"-I${source}/idl;-I${source}/none;-I${source}/extra;-I${build}/none;\
+-I${source}/base;-I${source}/only_debug;-I${build}/late/gen;-I${build}/late;\
+-I${source}/installed;${route_idl}\"")
 
 run(SUCCEEDS COMMAND ${build_all} PRINTS "Checking the IDL files of robot_idl")
 run(SUCCEEDS COMMAND ${build_all} HIDES "Checking" "Generating" "Building")
@@ -30,9 +31,21 @@ run(SUCCEEDS COMMAND ${build_all}
     HIDES "Checking the IDL files of made_idl" "Generating robot/route.h")
 run(SUCCEEDS COMMAND ${build_all} HIDES "Checking" "Generating" "Building")
 
+# Without a link, an include is not found, although the header has been generated. Of the directories
+# that do not exist, none has been created, and they are named.
+file(READ ${point_idl} text)
+file(WRITE ${point_idl} "include \"build.idl\"\n${text}")
+run(SUCCEEDS COMMAND ${build_all} --target base_idl_check
+    PRINTS "${point_idl}:1:9: warning: \"build.idl\" is not found")
+file(WRITE ${point_idl} "${text}")
+file(READ ${route_idl} text)
+file(WRITE ${route_idl} "include \"missing.idl\"\n${text}")
+run(FAILS COMMAND ${build_all} --target robot_idl_check
+    PRINTS "${source}/none: No such file" "${build}/none: No such file"
+           "${route_idl}:1:9: warning: \"missing.idl\" is not found")
+
 # A file of INCLUDE_DIRS, which no target generates a header of. Once it is gone and not included any
 # more, nothing is left to do.
-file(READ ${route_idl} text)
 file(WRITE ${route_idl} "include \"more.idl\"\n${text}")
 run(SUCCEEDS COMMAND ${build_all} --target robot_idl_check)
 file(APPEND ${source}/extra/more.idl "message Most { }\n")
@@ -49,8 +62,8 @@ endif()
 
 # WERROR: a warning stops the build, with all that is said about the file.
 file(APPEND ${route_idl} "enum Big { HUGE: 0xffffffffffffffff1 }\n")
-run(FAILS COMMAND ${build_all} PRINTS "${route_idl}:5:18: warning: " HIDES "Generating" "Building")
-run(FAILS COMMAND ${build_all} PRINTS "${route_idl}:5:18: warning: ")
+run(FAILS COMMAND ${build_all} PRINTS "${route_idl}:6:18: warning: " HIDES "Generating" "Building")
+run(FAILS COMMAND ${build_all} PRINTS "${route_idl}:6:18: warning: ")
 file(WRITE ${route_idl} "${text}")
 run(SUCCEEDS COMMAND ${build_all})
 

@@ -4,5 +4,6 @@
 int main() {
   robot::Route route;
   route.points.push_back({1, VERSION});
-  return static_cast<int>(route.points.size()) - 1;
+  route.length = 1;
+  return static_cast<int>(route.points.size()) - route.length;
 }
