@@ -10,7 +10,7 @@ set(made ${build}/idl/made_idl.idlgen/include/make/made.h)
 file(GLOB_RECURSE sources ${source}/*)
 
 # The first build generates all headers. The second one has nothing to do.
-run(SUCCEEDS COMMAND ${build_all})
+run(SUCCEEDS COMMAND ${build_all} HIDES "warning")
 run(SUCCEEDS COMMAND ${build}/app/app)
 run(SUCCEEDS COMMAND ${build_all} HIDES "Generating" "Building")
 
