@@ -13,7 +13,8 @@ def idlgen_headers(
       name: the directory of the headers below that of the package. A cc_library needs it in
         `includes`.
       srcs: the IDL files, named relative to the package.
-      deps: labels of all IDL files that they include, also indirectly, and that are not in srcs.
+      deps: labels of all IDL files that they include, also indirectly, and that are not in srcs,
+        or of their headers if there is nothing else.
       werror: whether warnings fail the build.
       tool: the idlgen-header to run.
       **kwargs: other arguments of the genrules, such as tags, testonly and visibility.
