@@ -83,8 +83,7 @@ function(_idlgen_get_given_bases variable)
 endfunction()
 
 # Returns the directories in which the check searches included files: the base directories in the
-# order given, the current binary directory only if it is that of a file, and INCLUDE_DIRS. The check
-# passes over those that do not exist.
+# order given, the current binary directory only if it is that of a file, and INCLUDE_DIRS.
 function(_idlgen_get_search_dirs used_bases variable)
   _idlgen_get_given_bases(directories)
   list(APPEND directories ${used_bases})
@@ -225,14 +224,18 @@ endfunction()
 # Adds the target that checks the IDL files, together with those that they include, before their
 # headers are generated.
 function(_idlgen_add_check target idls search directory depends)
-  # Targets that link this one search its directories. They learn of them by a property that is empty
-  # for other targets. Include directories would not do: install(EXPORT) would write them, and they
-  # cannot be read if they depend on the language of a source file.
-  set(entries "${search}")
-  list(TRANSFORM entries PREPEND "$<BUILD_INTERFACE:$<$<BOOL:$<TARGET_PROPERTY:IDLGEN_TARGET>>:-I")
+  # The checks of targets that link this one search its directories, and wait for what generates its
+  # IDL files. They learn of both by a property that is empty for other targets.
+  list(TRANSFORM search PREPEND "-I" OUTPUT_VARIABLE entries)
+  set(generated "${target}_check_depends")
+  add_custom_target("${generated}" DEPENDS ${idls} ${_idlgen_DEPENDS})
+  list(APPEND entries "$<$<TARGET_EXISTS:${generated}>:${generated}>")
+  list(TRANSFORM entries PREPEND "$<BUILD_INTERFACE:$<$<BOOL:$<TARGET_PROPERTY:IDLGEN_TARGET>>:")
   list(TRANSFORM entries APPEND ">>")
   set_target_properties("${target}" PROPERTIES
     IDLGEN_TARGET TRUE INTERFACE_LINK_DEPENDS "${entries}")
+  set(linked "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
+  list(APPEND depends "$<FILTER:${linked},INCLUDE,^[^/]+_check_depends$>")
 
   # What a target links may depend on the configuration.
   set(check "${directory}/check")
@@ -254,8 +257,8 @@ endfunction()
 # Writes the arguments of the check: the directories of the target and of those that it links, in
 # which there are IDL files, then its include directories, in which there are other headers.
 function(_idlgen_write_arguments target idls file)
-  set(linked "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
-  set(options "$<REMOVE_DUPLICATES:$<FILTER:${linked},INCLUDE,^-I>>")
+  set(options "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
+  set(options "$<REMOVE_DUPLICATES:$<FILTER:${options},INCLUDE,^-I>>")
   # What the check finds must not depend on which headers the build has generated already.
   set(include "$<TARGET_PROPERTY:${target},INTERFACE_INCLUDE_DIRECTORIES>")
   set(include "$<REMOVE_DUPLICATES:$<FILTER:${include},EXCLUDE,[.]idlgen/include$>>")
