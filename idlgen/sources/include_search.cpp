@@ -77,14 +77,18 @@ std::string Digits(std::string_view name) {
 }
 
 /// Looks for the name of a file that is most similar to another one: two letters may differ, the
-/// case, and the extension.
+/// case, and the extension, if it is one of these or differs by one letter.
 class SimilarName {
  public:
-  explicit SimilarName(std::string_view wanted) : name(wanted), stem(Stem(wanted), 2) {}
+  SimilarName(std::string_view wanted, const std::set<std::string>& knownExtensions)
+      : name(wanted), stem(Stem(wanted), 2), extensions(knownExtensions) {}
 
   [[nodiscard]] bool mayBe(std::string_view other) const {
     const std::string_view extension = other.substr(Stem(other).size());
-    return extension != ".h" && Digits(Stem(other)) == Digits(Stem(name));
+    SimilarWord similarExtension(name.substr(Stem(name).size()), 1);
+    const bool isExtension =
+        similarExtension.compare(extension) || extensions.count(std::string(extension)) > 0;
+    return isExtension && Digits(Stem(other)) == Digits(Stem(name));
   }
 
   void compare(const std::string& other) {
@@ -96,6 +100,7 @@ class SimilarName {
  private:
   std::string_view name;
   SimilarWord stem;
+  const std::set<std::string>& extensions;
   std::string similar;
 };
 
@@ -222,11 +227,12 @@ const std::vector<IncludeSearch::Position>& IncludeSearch::positions(const std::
   return result;
 }
 
-std::string IncludeSearch::similarPath(const std::string& directory, std::string_view path) {
+std::string IncludeSearch::similarPath(const std::string& directory, std::string_view path,
+                                       const std::set<std::string>& extensions) {
   const std::string above = DirectoryOf(std::string(path));
   std::vector<std::string> places = {path.front() == '/' ? "" : directory};
   for (const std::size_t i : basesWith(above)) places.push_back(bases[i]);
-  SimilarName name(path.substr(above.size()));
+  SimilarName name(path.substr(above.size()), extensions);
   for (const std::string& place : places) {
     const std::string searched = Joined(place, above);
     const auto [known, isNew] = lists.try_emplace(searched);

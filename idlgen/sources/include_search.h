@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -46,8 +47,9 @@ class IncludeSearch {
   const Result& find(const std::string& directory, std::string_view path);
 
   /// Returns a path that `find` finds and that leads to the same directory, to a file with a
-  /// similar name, or nothing.
-  std::string similarPath(const std::string& directory, std::string_view path);
+  /// similar name and one of these extensions, or nothing.
+  std::string similarPath(const std::string& directory, std::string_view path,
+                          const std::set<std::string>& extensions);
 
   /// Returns the first directory above this one that has the file, but is not searched, or nothing.
   std::string directoryAbove(const std::string& directory, std::string_view path);

@@ -21,7 +21,9 @@ void Sources::load(const std::vector<std::string>& paths) {
   std::unordered_set<const SourceFile*> names;
   for (const SourceFile& file : sources) {
     if (names.size() < namedCount) names.insert(&file);
-    filesByName[file.path.substr(DirectoryOf(file.path).size())].push_back(&file);
+    const std::string name = file.path.substr(DirectoryOf(file.path).size());
+    filesByName[name].push_back(&file);
+    if (name.find('.') != std::string::npos) extensions.insert(name.substr(name.rfind('.')));
   }
   std::map<Place, const SourceFile*> filesByHeader;
   for (std::size_t i = 0; i < namedCount; ++i) {
@@ -138,7 +140,7 @@ void Sources::tellMissing(const SourceFile& file, std::string_view word, const I
 
 /// Returns what to do about a path that is not found.
 std::string Sources::advice(const SourceFile& file, std::string_view path) {
-  std::string similar = search.similarPath(DirectoryOf(file.path), path);
+  std::string similar = search.similarPath(DirectoryOf(file.path), path, extensions);
   if (similar.empty()) {
     const auto known = filesByName.find(std::string(path.substr(path.rfind('/') + 1)));
     const bool isOnlyOne = known != filesByName.end() && known->second.size() == 1;

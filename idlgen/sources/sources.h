@@ -73,6 +73,7 @@ class Sources {
   /// Where each path, or directory that is not searched, is told: at an include, and which one.
   std::unordered_map<std::string, std::pair<Include*, std::size_t>> firstMissing;
   std::unordered_map<std::string, std::vector<const SourceFile*>> filesByName;
+  std::set<std::string> extensions;  ///< Of the files, each with its dot.
 };
 
 }  // namespace zentho::idlgen
