@@ -57,11 +57,6 @@ bool IsNameCharacter(char32_t code) {
   return !IsIn(signsAndSpaces, code);  // All others are left to the compiler.
 }
 
-bool IsPunctuation(std::string_view word) {
-  return std::none_of(word.begin(), word.end(),
-                      [](char byte) { return IsNameCharacter(static_cast<unsigned char>(byte)); });
-}
-
 std::size_t NameSize(std::string_view text) {
   std::size_t size = 0;
   while (size < text.size()) {
@@ -85,6 +80,10 @@ std::string_view NameIn(std::string_view word) {
   const auto* const end = std::find_if_not(begin, word.end(), isPart);
   return word.substr(static_cast<std::size_t>(begin - word.begin()),
                      static_cast<std::size_t>(end - begin));
+}
+
+bool IsPunctuation(std::string_view word) {
+  return NameIn(word).empty();
 }
 
 std::string MeantName(std::string_view word) {
@@ -119,26 +118,31 @@ std::vector<std::string_view> Components(std::string_view path) {
   return parts;
 }
 
+// type = name [ "<" [ argument { "," argument } ] ">" [ type that begins with a dot ] ]
+// argument = number | type
+// Is read without recursion, because lines may be long.
 bool IsTemplate(std::string_view type) {
-  std::size_t depth = 0;
-  char before = '\0';  // What stands before and after the next word.
+  const auto take = [&type](char sign) {
+    const bool isNext = !type.empty() && type.front() == sign;
+    if (isNext) type.remove_prefix(1);
+    return isNext;
+  };
+  std::size_t depth = 0;  // Of the lists that are open.
   while (true) {
-    const std::size_t size = std::min(type.find_first_of("<>,"), type.size());
-    const std::string_view word = type.substr(0, size);
-    const char after = size < type.size() ? type[size] : '\0';
-    const bool isEmptyList = word.empty() && before == '<' && after == '>';
-    const bool isMember = before == '>' && (word.empty() || word.front() == '.');
-    const bool mayBeEmpty = before == '>' || isEmptyList;
-    if (word.empty() && !mayBeEmpty) return false;
-    if (before == '>' && !isMember) return false;
-    if (!word.empty() && !IsNumber(word) && !IsDotted(word)) return false;
-    if (after == '<' && (word.empty() || IsNumber(word))) return false;
-    if (after == '\0') return depth == 0;
-    if (after != '<' && depth == 0) return false;
-    if (after == '<') ++depth;
-    if (after == '>') --depth;
-    before = after;
-    type.remove_prefix(size + 1);
+    const std::string_view name = type.substr(0, type.find_first_of("<>,"));
+    type.remove_prefix(name.size());
+    const bool isNumber = depth > 0 && IsNumber(name);
+    if (!isNumber && !IsDotted(name)) return false;
+    if (!isNumber && take('<')) {
+      ++depth;
+      if (type.substr(0, 1) != ">") continue;  // The first argument follows.
+    }
+    while (take('>')) {
+      if (depth-- == 0) return false;
+    }
+    if (type.empty()) return depth == 0;
+    const bool isArgumentNext = depth > 0 && take(',');
+    if (!isArgumentNext && type.front() != '.') return false;
   }
 }
 

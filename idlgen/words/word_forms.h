@@ -13,9 +13,6 @@ namespace zentho::idlgen {
 /// Returns whether the character can be part of a name.
 bool IsNameCharacter(char32_t code);
 
-/// Returns whether no character of the word can be part of a name, as in `=`, `<<` or `//`.
-bool IsPunctuation(std::string_view word);
-
 /// Returns whether the word has digits only.
 bool IsNumber(std::string_view word);
 
@@ -25,8 +22,11 @@ std::size_t NameSize(std::string_view text);
 /// Returns whether the word is one identifier of C++. It may be a keyword.
 bool IsIdentifier(std::string_view word);
 
-/// Returns the first name in the word, or nothing.
+/// Returns the first name in the word, or nothing. It may contain any characters beyond ASCII.
 std::string_view NameIn(std::string_view word);
+
+/// Returns whether there is no name in the word, as in `=`, `<<` or `//`.
+bool IsPunctuation(std::string_view word);
 
 /// Returns the name that a word which is none is probably meant as: without signs around it and
 /// digits before it, and with "_" in place of "-".
@@ -46,7 +46,7 @@ bool IsTemplate(std::string_view type);
 inline constexpr std::string_view foreignSeparators = ";,\t\r";
 
 /// Returns the brace that the word is, or that is glued to it: "{" at its end, or "}" at its
-/// beginning or end, apart from separators and invisible characters. `\0` if there is none.
+/// beginning or end, apart from separators. `\0` if there is none.
 char BraceOf(std::string_view word);
 
 /// Returns whether the word has the form of a type: a name with dots, or one of C++ with template
