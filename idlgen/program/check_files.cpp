@@ -81,11 +81,9 @@ class Run {
             "is a file to read"};
   }
 
-  bool isStamp(const OutputFile& file) const { return file.path == request.stamp; }
-
   OutputFile stamp() const { return output(*request.stamp, {}); }
 
-  /// Returns the files to write, in this order: the stamp shows that all has been done.
+  /// Returns the files to write.
   std::vector<OutputFile> outputs() const {
     std::vector<OutputFile> files;
     if (request.depfile.has_value()) {
@@ -101,13 +99,17 @@ class Run {
                        [&](const std::string& path) { return DiskTree().look(path).id == id; });
   }
 
+  /// Writes the depfile, and then the stamp, which shows that all has been done.
   Outcome writeOutputs() const {
-    for (const OutputFile& file : outputs()) {
-      const std::string text = isStamp(file) ? std::string() : depfileText();
-      const std::error_code error = replaceFile(file.path, text);
-      if (error) return {false, ErrorLine(file.path, error.message())};
-    }
-    return {true, {}};
+    Outcome result{true, {}};
+    if (request.depfile.has_value()) result = write(*request.depfile, depfileText());
+    if (result.succeeded && request.stamp.has_value()) result = write(*request.stamp, {});
+    return result;
+  }
+
+  static Outcome write(const std::string& path, const std::string& text) {
+    const std::error_code error = replaceFile(path, text);
+    return error ? Outcome{false, ErrorLine(path, error.message())} : Outcome{true, {}};
   }
 
   std::string depfileText() const {
