@@ -61,8 +61,8 @@ std::string Lines(const Message& message, const char* kind) {
          Excerpt(message);
 }
 
-}  // namespace
-
+/// Returns a sentence or note of a rule, with the text in place of `%` and the name in place of
+/// `@`, followed by the advice, if there is one.
 std::string Sentence(std::string_view pattern, std::string_view text, const std::string& advice,
                      std::string_view name) {
   std::string sentence;
@@ -77,6 +77,8 @@ std::string Sentence(std::string_view pattern, std::string_view text, const std:
   }
   return advice.empty() ? sentence : sentence + ": " + advice;
 }
+
+}  // namespace
 
 Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
   const Rule& rule = *finding.rule;

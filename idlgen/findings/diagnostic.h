@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "findings/finding.h"
@@ -31,11 +30,6 @@ struct Diagnostic {
   Message message;
   std::vector<Message> notes = {};
 };
-
-/// Returns a sentence or note of a rule, with the text in place of `%` and the name in place of
-/// `@`, followed by the advice, if there is one.
-std::string Sentence(std::string_view pattern, std::string_view text, const std::string& advice,
-                     std::string_view name = {});
 
 /// Returns what is said about a finding in a file.
 Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding);
