@@ -2,13 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "findings/finding.h"
-#include "sources/source_file.h"
 #include "words/located_words.h"
 
 namespace zentho::idlgen {
@@ -53,33 +51,7 @@ inline Fix Insert(Finding finding, std::size_t before, Texts texts) {
   return {std::move(finding), {before, before}, std::move(texts)};
 }
 
-/// Returns the fix for a word that stands in a list of members or items.
-Fix FixList(const LocatedWords& words, std::size_t word);
-
-/// Returns the fix for a word that stands anywhere else.
-Fix FixStatement(const LocatedWords& words, std::size_t word);
-
-/// Returns the fix for a statement that is not complete at the end of the file.
-Fix FixEnd(SourceFile& file);
-
-/// Returns what is missing before this word to complete the statement that is open there.
-Texts MissingBraces(const Words& words, std::size_t end);
-
-/// Returns whether the list that contains this word has a line, up to that of the word, which opens
-/// a block or whose words cannot be read as names followed by types or values. A pair may stand on
-/// two lines.
-bool HasWrongLine(const LocatedWords& words, const TypeNames& types, std::size_t word);
-
-/// Returns the first of some words of one list whose line is wrong as a whole, although it may
-/// consist of pairs: another word qualifies a declaration, as in `1: required int32 x`, or the line
-/// has a comment. `noWord` if there is none.
-std::size_t FirstInMixedLine(const LocatedWords& words, const TypeNames& types,
-                             const std::vector<std::size_t>& ofList);
-
-/// Returns the fix if the cause is in the characters of the words or in two colons between them.
-std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range);
-
-/// Returns the fix if the cause is in the form of one of the words. It leaves out `line`.
-std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange line);
+/// Returns the rule that a word of this role breaks because of its form.
+const Rule& FormRule(Role role);
 
 }  // namespace zentho::idlgen

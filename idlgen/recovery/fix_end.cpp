@@ -1,6 +1,7 @@
-#include <cstddef>
+#include "recovery/fix_end.h"
 
-#include "recovery/fix.h"
+#include <string_view>
+
 #include "schema/statements.h"
 
 namespace zentho::idlgen {

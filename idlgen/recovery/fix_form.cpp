@@ -1,8 +1,8 @@
+#include "recovery/fix_form.h"
+
 #include <algorithm>
-#include <optional>
 #include <utility>
 
-#include "recovery/fix.h"
 #include "recovery/symptoms.h"
 #include "words/characters.h"
 #include "words/printable.h"
@@ -11,23 +11,23 @@
 namespace zentho::idlgen {
 namespace {
 
-/// Returns the words of a range with the roles that they would have in a line without mistakes. One
-/// too many at its end is no name.
+/// Returns the words of a range with the roles that they would have in a line without mistakes. In
+/// a list, these alternate, beginning with that of the first word, but the last of several words is
+/// never a name.
 std::vector<MeantWord> WithRoles(const LocatedWords& words, WordRange range) {
   const Role first = words.role(range.first);
-  const bool isItem = first == Role::ItemName || first == Role::ItemValue;
-  const Role second = isItem ? Role::ItemValue : Role::MemberType;
-  const Role name = isItem ? Role::ItemName : Role::MemberName;
-  std::vector<MeantWord> meant;
-  for (std::size_t i = range.first; i < range.end; ++i) {
-    const bool isExtra = i > range.first && i + 1 == range.end;
-    const bool isName = !isExtra && ((i - range.first) % 2 == 0) != IsSecondHalf(first);
+  std::vector<MeantWord> meant = {{range.first, words.text(range.first), first}};
+  const bool isEnum = first == Role::ItemName || first == Role::ItemValue;
+  bool isName = IsSecondHalf(first);  // Of the next word.
+  for (std::size_t i = range.first + 1; i < range.end; ++i, isName = !isName) {
     // After a pair, "=" begins a default value.
     const bool isDefault = i >= range.first + 2 && words.text(i) == "=";
-    const Role role = !IsInList(first) ? Role::Statement : isName || isDefault ? name : second;
-    meant.push_back({i, words.text(i), role});
+    Role role = isEnum ? Role::ItemValue : Role::MemberType;
+    if ((isName && i + 1 < range.end) || isDefault) {
+      role = isEnum ? Role::ItemName : Role::MemberName;
+    }
+    meant.push_back({i, words.text(i), IsInList(first) ? role : Role::Statement});
   }
-  if (!IsInList(first)) meant.front().role = first;
   return meant;
 }
 
@@ -41,15 +41,13 @@ std::size_t CommentBegin(std::string_view word) {
 /// Returns the index after the last word of the comment that begins in this one.
 std::size_t CommentEnd(const LocatedWords& words, std::size_t i) {
   const std::string_view comment = words.text(i).substr(CommentBegin(words.text(i)));
-  if (comment.substr(0, 2) == "*/") return i + 1;
-  const std::size_t lineEnd = LineEnd(words, i);
-  if (comment.substr(0, 2) != "/*" || comment.find("*/", 2) != std::string_view::npos) {
-    return comment.substr(0, 2) == "/*" ? i + 1 : lineEnd;
-  }
-  for (std::size_t end = i + 1; end < words.size(); ++end) {
+  const bool isBlock = comment.substr(0, 2) == "/*";
+  const bool isClosed = isBlock && comment.find("*/", 2) != std::string_view::npos;
+  if (isClosed || comment.substr(0, 2) == "*/") return i + 1;
+  for (std::size_t end = i + 1; isBlock && end < words.size(); ++end) {
     if (words.text(end).find("*/") != std::string_view::npos) return end + 1;
   }
-  return lineEnd;
+  return LineEnd(words, i);
 }
 
 /// Appends the parts of a word between separators.

@@ -1,9 +1,11 @@
+#include "recovery/fix_statement.h"
+
 #include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-#include "recovery/fix.h"
+#include "recovery/fix_form.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
 #include "words/cpp_words.h"
@@ -194,9 +196,9 @@ Fix AtBrace(const Stray& at) {
   if (at.before != Role::Brace) return AtOpening(at);
   if (at.beginsStatement()) return Insert(at.finding(rules::missingClosing), at.word, {"}"});
   if (at.isClosing()) {
-    return Replace(
-        at.finding(rules::notAnEnd, SymptomOf(at.words, at.finding(rules::notAnEnd)).advice),
-        at.itself(), {"}"});
+    Finding finding = at.finding(rules::notAnEnd);
+    finding.advice = SymptomOf(at.words, finding).advice;
+    return Replace(std::move(finding), at.itself(), {"}"});
   }
   Fix fix = Drop(at.finding(rules::afterResponse), at.rest());
   if (at.text == "request") fix.mayFollow = MayFollow::FaultInStatement;

@@ -4,37 +4,48 @@
 #include <cstddef>
 #include <string>
 
+#include "recovery/fix_end.h"
+#include "recovery/fix_list.h"
+#include "recovery/fix_statement.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
 
-bool IsChecked(Role role) {
-  return role != Role::Statement && role != Role::Part && role != Role::Brace &&
-         role != Role::Unread;
-}
-
-bool IsMisplaced(std::string_view word, Role role) {
+/// Returns whether the word cannot have its role, which shows that a word is missing or too many:
+/// it is a brace where a name, a type or a value should be, or is glued to one, or has nothing that
+/// could be a name.
+bool IsMisplaced(const Words& words, std::size_t i) {
+  const Role role = words.role(i);
+  if (role == Role::Statement || role == Role::Part || role == Role::Brace ||
+      role == Role::Unread) {
+    return false;
+  }
+  const std::string_view word = words.text(i);
   const auto isLetter = [](char byte) { return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z'; };
   if (isLetter(word.front()) && isLetter(word.back())) return false;  // Most words.
   if (word.find_first_not_of(foreignSeparators) == std::string_view::npos) return true;
   return BraceOf(word) != '\0' || (word == "=" && IsSecondHalf(role));
 }
 
-/// Returns the first of the first `count` words that cannot have its role, or `count`. It shows
-/// that a word is missing or too many: it is a brace where a name, a type or a value should be, or
-/// is glued to one, or has nothing that could be a name.
-std::size_t FirstMisplacedWord(const Words& words, std::size_t count) {
+/// Returns whether the word is a type or value of which "::" makes two words.
+bool IsCppName(const LocatedWords& words, std::size_t i) {
+  return IsSecondHalf(words.role(i)) && IsJoinedByColons(words, i);
+}
+
+/// Returns the first of the words before `end` for which the function returns true, or `end`.
+template <typename Predicate>
+std::size_t FirstWord(std::size_t end, Predicate isWanted) {
   std::size_t i = 0;
-  while (i < count && !(IsChecked(words.role(i)) && IsMisplaced(words.text(i), words.role(i)))) ++i;
+  while (i < end && !isWanted(i)) ++i;
   return i;
 }
 
-/// Returns the index of the first type or value of which "::" makes two words, or `count`.
-std::size_t FirstCppName(const LocatedWords& words, std::size_t count) {
-  std::size_t i = 0;
-  while (i < count && !(IsSecondHalf(words.role(i)) && IsJoinedByColons(words, i))) ++i;
-  return i;
+/// Returns the fix for a word that the parser refuses, or that cannot have its role.
+Fix FixWord(const LocatedWords& words, std::size_t word) {
+  if (!IsInList(words.role(word))) return FixStatement(words, word);
+  const TypeNames types = DeclaredTypes(words);
+  return FixList(List(words, types, word), word);
 }
 
 /// Returns the fix for a second namespace statement, which begins with this word.
@@ -52,33 +63,39 @@ Fix FixSecondNamespace(SourceFile& file, std::size_t word) {
 /// Returns the fix for a statement that the file ends in.
 Fix FixLastStatement(SourceFile& file) {
   const std::size_t last = file.words.size() - 1;
-  const bool isInList = IsInList(file.words.role(last));
-  return isInList && HasWrongLine(file.words, DeclaredTypes(file.words), last)
-             ? FixList(file.words, last)
-             : FixEnd(file);
+  if (!IsInList(file.words.role(last))) return FixEnd(file);
+  const TypeNames types = DeclaredTypes(file.words);
+  const List list(file.words, types, last);
+  return list.firstWrongLine(last).has_value() ? FixList(list, last) : FixEnd(file);
 }
 
 }  // namespace
 
 bool NeedsFix(const SourceFile& file) {
-  return file.error.has_value() ||
-         FirstMisplacedWord(file.words, file.words.size()) < file.words.size() ||
+  const Words& words = file.words;
+  const auto isMisplaced = [&](std::size_t i) { return IsMisplaced(words, i); };
+  return file.error.has_value() || FirstWord(words.size(), isMisplaced) < words.size() ||
          file.text.find("::") != std::string::npos || file.text.find('\t') != std::string::npos;
 }
 
 std::optional<Fix> FixWords(SourceFile& file) {
+  const LocatedWords& words = file.words;
   const std::optional<ParseError>& error = file.error;
-  const bool isAtEnd = error.has_value() && error->kind == ParseError::Kind::EndOfFile;
-  const bool isRefused = error.has_value() && !isAtEnd;
-  const std::size_t count = isRefused ? error->tokensRead - 1 : file.words.size();
+  const bool isRefused = error.has_value() && error->kind != ParseError::Kind::EndOfFile;
+  const std::size_t end = isRefused ? error->tokensRead - 1 : words.size();
   const std::size_t word =
-      std::min(FirstMisplacedWord(file.words, count), FirstCppName(file.words, count));
-  if (word == count && isAtEnd) return FixLastStatement(file);
-  if (word == count && !isRefused) return std::nullopt;
-  const bool isSecondNamespace = word == count && error->kind == ParseError::Kind::SecondNamespace;
-  if (isSecondNamespace) return FixSecondNamespace(file, word);
-  return IsInList(file.words.role(word)) ? FixList(file.words, word)
-                                         : FixStatement(file.words, word);
+      FirstWord(end, [&](std::size_t i) { return IsMisplaced(words, i) || IsCppName(words, i); });
+  if (word < end) return FixWord(words, word);
+  if (!error.has_value()) return std::nullopt;
+  switch (error->kind) {
+    case ParseError::Kind::WrongFormat:
+      return FixWord(words, word);
+    case ParseError::Kind::SecondNamespace:
+      return FixSecondNamespace(file, word);
+    case ParseError::Kind::EndOfFile:
+      return FixLastStatement(file);
+  }
+  return std::nullopt;
 }
 
 std::optional<Fix> FixFindings(const LocatedWords& words, const std::vector<Finding>& findings) {
@@ -94,9 +111,10 @@ std::optional<Fix> FixFindings(const LocatedWords& words, const std::vector<Find
     while (listEnd < words.size() && IsInList(words.role(listEnd))) ++listEnd;
     const auto end = std::lower_bound(next, doubtful.end(), listEnd);
     const std::vector<std::size_t> ofList(next, end);
-    if (HasWrongLine(words, types, ofList.back())) return FixList(words, ofList.back());
-    const std::size_t mixed = FirstInMixedLine(words, types, ofList);
-    if (mixed != noWord) return FixList(words, mixed);
+    const List list(words, types, ofList.front());
+    if (list.firstWrongLine(ofList.back()).has_value()) return FixList(list, ofList.back());
+    const std::size_t mixed = list.firstInMixedLine(ofList);
+    if (mixed != noWord) return FixList(list, mixed);
     next = end;
   }
   return std::nullopt;

@@ -3,7 +3,9 @@
 #include <optional>
 #include <vector>
 
+#include "findings/finding.h"
 #include "recovery/fix.h"
+#include "sources/source_file.h"
 
 namespace zentho::idlgen {
 

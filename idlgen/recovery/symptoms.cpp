@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "check/value.h"
+#include "recovery/fix.h"
 #include "words/characters.h"
 #include "words/foreign_words.h"
 #include "words/printable.h"
@@ -280,32 +281,6 @@ Symptom SymptomOf(const Words& words, const Finding& finding) {
   const Symptom symptom = FirstSymptom(finding.text, role);
   const bool isPart = role == Role::MemberType && symptom.advice.empty();
   return isPart ? FirstSymptom(words.text(finding.word), role) : symptom;
-}
-
-const Rule& FormRule(Role role) {
-  switch (role) {
-    case Role::Statement:
-    case Role::Unread:
-      return rules::notAStatement;
-    case Role::Part:
-      return rules::notAPart;
-    case Role::Brace:
-      return rules::notABrace;
-    case Role::IncludePath:
-      return rules::notAPath;
-    case Role::ItemValue:
-      return rules::notAValue;
-    case Role::MemberType:
-      return rules::notAType;
-    case Role::NamespacePath:
-    case Role::EnumName:
-    case Role::MessageName:
-    case Role::ServiceName:
-    case Role::ItemName:
-    case Role::MemberName:
-      return rules::notAName;
-  }
-  return rules::notAName;
 }
 
 }  // namespace zentho::idlgen

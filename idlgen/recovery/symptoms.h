@@ -36,7 +36,4 @@ struct Symptom {
 /// whole word if that is a type.
 Symptom SymptomOf(const Words& words, const Finding& finding);
 
-/// Returns the rule that a word breaks because of its form.
-const Rule& FormRule(Role role);
-
 }  // namespace zentho::idlgen

@@ -1,0 +1,127 @@
+#include "recovery/list.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "schema/statements.h"
+#include "words/foreign_words.h"
+#include "words/word_forms.h"
+
+namespace zentho::idlgen {
+namespace {
+
+/// Returns whether the last word of an odd line may begin a pair: it is the only one, or the words
+/// before it are pairs, rather than those after a type.
+bool MayBeginPair(const LocatedWords& words, WordRange line) {
+  const std::size_t first = line.first;
+  const std::size_t last = line.end - 1;
+  const bool beginsWithType = LooksLikeType(words.text(first)) && !IsBeforeColon(words, first) &&
+                              !IsAfterColon(words, first);
+  return first == last || (!beginsWithType && !IsAfterColon(words, last));
+}
+
+/// Returns whether the first word of a line may end a pair.
+bool MayEndPair(const LocatedWords& words, std::size_t i) {
+  if (i >= words.size() || IsBeforeColon(words, i)) return false;
+  // A brace may be glued to a type, as in `int8}`.
+  return words.text(i).front() != '}' && BraceOf(words.text(i)) != '{';
+}
+
+}  // namespace
+
+List::List(const LocatedWords& located, const TypeNames& typeNames, std::size_t word)
+    : words(located), types(typeNames), begin(word) {
+  while (IsInList(words.role(begin - 1))) --begin;  // A statement is before every list.
+}
+
+bool List::isRequest() const {
+  return words.role(begin - 2) == Role::Part && words.text(begin - 2) == "request";
+}
+
+std::optional<WordRange> List::firstWrongLine(std::size_t last) const {
+  std::size_t i = begin;
+  while (i <= last && i < words.size() && words.text(i).front() != '}') {
+    const WordRange line = {i, lineEnd(i)};
+    const bool isOdd = (line.end - i) % 2 == 1;
+    if (blockBegin(line).has_value() || (isOdd && !goesOn(line))) return line;
+    i = isOdd ? line.end + 1 : line.end;
+  }
+  return std::nullopt;
+}
+
+std::size_t List::firstInMixedLine(const std::vector<std::size_t>& ofList) const {
+  std::size_t end = 0;
+  for (const std::size_t word : ofList) {
+    if (word < end) continue;  // Its line has been looked at.
+    const WordRange line = lineOf(word);
+    end = line.end;
+    if (qualifierIn(line) != noWord) return word;
+    for (std::size_t i = line.first; i < line.end; ++i) {
+      if (words.text(i).substr(0, 2) == "/*") return word;
+    }
+  }
+  return noWord;
+}
+
+WordRange List::lineOf(std::size_t word) const {
+  std::size_t first = word;
+  while (first > begin && AreOnOneLine(words, first - 1, word)) --first;
+  return {first, std::max(lineEnd(word), word + 1)};
+}
+
+std::optional<std::size_t> List::blockBegin(WordRange line) const {
+  for (std::size_t i = line.first; i < line.end; ++i) {
+    if (words.text(i) == "{") return i;
+    const bool isKeyword = IsDeclaration(FindStatement(words.text(i))) && !IsBeforeColon(words, i);
+    if (isKeyword && i + 2 < words.size() && words.text(i + 2) == "{") return i + 2;
+  }
+  return std::nullopt;
+}
+
+std::size_t List::qualifierIn(WordRange line) const {
+  for (std::size_t i = line.first; i < line.end && line.end - line.first > 2; ++i) {
+    const bool isType =
+        IsAfterColon(words, i) && (i + 1 == line.end || IsBeforeColon(words, i + 1));
+    if (IsQualifier(words.text(i)) && !IsBeforeColon(words, i) && !isType) return i;
+  }
+  return noWord;
+}
+
+bool List::looksLikeSecondHalf(std::size_t i) const {
+  std::string_view text = words.text(i);
+  text = text.substr(0, text.find_last_not_of(";,") + 1);
+  const bool isName = IsIdentifier(text) && !LooksLikeType(text);
+  if (!isName) return text.find('=') == std::string_view::npos;
+  return !isEnum() && types.count(text) > 0 && !IsBeforeColon(words, i);
+}
+
+/// Returns the index after the last word that stands on the line of this one, in the list.
+std::size_t List::lineEnd(std::size_t i) const {
+  std::size_t end = i;
+  while (end < words.size() && AreOnOneLine(words, i, end)) {
+    if (BraceOf(words.text(end)) == '}') return end + (words.text(end).front() == '}' ? 0 : 1);
+    ++end;
+  }
+  return end;
+}
+
+/// Returns whether the pair that the last word of an odd line begins ends with the next line's
+/// first word: because of a colon between them, as in `x` and `: int8`; because that one looks
+/// like a type or a value, as in `x` and `int8`; or because each stands alone, as in `x` and
+/// `Pose`. Then the rest of the next line must be pairs again, unless both reasons hold, or a colon
+/// shows that the next line is not complete either.
+bool List::goesOn(WordRange line) const {
+  const std::size_t last = line.end - 1;
+  const std::size_t next = line.end;
+  if (!MayBeginPair(words, line) || !MayEndPair(words, next)) return false;
+  const std::size_t nextEnd = blockBegin({next, lineEnd(next)}).value_or(lineEnd(next));
+  const bool restIsPairs = (nextEnd - next) % 2 == 1;
+  const bool isColonBetween = IsBeforeColon(words, last) || IsAfterColon(words, next);
+  const bool isSecondHalf = looksLikeSecondHalf(next);
+  const bool areAlone = last == line.first && nextEnd == next + 1;
+  if (isColonBetween) return restIsPairs || isSecondHalf;
+  if (isSecondHalf) return restIsPairs || IsBeforeColon(words, nextEnd - 1);
+  return areAlone && !isEnum() && IsIdentifier(words.text(last)) && IsIdentifier(words.text(next));
+}
+
+}  // namespace zentho::idlgen
