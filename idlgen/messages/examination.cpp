@@ -12,15 +12,15 @@ namespace zentho::idlgen {
 Examination::Examination(Sources& readSources) : sources(&readSources) {
   std::vector<SourceFile*> files;
   for (SourceFile& file : readSources.files()) files.push_back(&file);
-  examineAll(files);
+  repairAll(files);
 }
 
 Examination::Examination(SourceFile& file) {
-  examineAll({&file});
+  repairAll({&file});
 }
 
-/// Repairs each file alone, so that the others find what it declares.
-void Examination::examineAll(const std::vector<SourceFile*>& files) {
+/// Repairs each file as if it were alone, so that the others find what it declares.
+void Examination::repairAll(const std::vector<SourceFile*>& files) {
   for (SourceFile* const file : files) {
     if (!NeedsFix(*file)) continue;
     Declarations alone({file});
@@ -29,15 +29,14 @@ void Examination::examineAll(const std::vector<SourceFile*>& files) {
   declarations.emplace(files);
 }
 
-const Recovery* Examination::examine(SourceFile& file) {
+Examined Examination::examine(SourceFile& file) {
   auto known = recoveries.find(&file);
   if (known == recoveries.end()) {
     const bool isRight = CheckFile(*declarations, declarations->fileOf(file)).empty();
-    if (isRight) return nullptr;
+    if (isRight) return {};
     known = recoveries.try_emplace(&file, file).first;
   }
-  known->second.run(*declarations);
-  return &known->second;
+  return known->second.run(*declarations);
 }
 
 std::string Examination::typeAdvice(const SourceFile& file, std::string_view type) {

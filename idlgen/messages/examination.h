@@ -22,18 +22,18 @@ class Examination {
   /// Examines one file that is alone.
   explicit Examination(SourceFile& file);
 
-  /// Checks one of the files. Returns what is wrong with it, or nullptr if that is nothing.
-  [[nodiscard]] const Recovery* examine(SourceFile& file);
+  /// Checks one of the files together with the others. Returns what is wrong with it.
+  [[nodiscard]] Examined examine(SourceFile& file);
 
   /// Returns what to do about a type that the file uses and that is not declared, or nothing.
   [[nodiscard]] std::string typeAdvice(const SourceFile& file, std::string_view type);
 
  private:
-  void examineAll(const std::vector<SourceFile*>& files);
+  void repairAll(const std::vector<SourceFile*>& files);
 
-  Sources* sources = nullptr;  ///< Unless the file is alone.
-  std::unordered_map<const SourceFile*, Recovery> recoveries;
-  std::optional<Declarations> declarations;
+  Sources* sources = nullptr;                                  ///< Unless the file is alone.
+  std::unordered_map<const SourceFile*, Recovery> recoveries;  ///< Of the files that need one.
+  std::optional<Declarations> declarations;                    ///< Of all files, once repaired.
 };
 
 }  // namespace zentho::idlgen

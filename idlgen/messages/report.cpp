@@ -43,10 +43,10 @@ bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
                                                : first.offset < second.offset;
 }
 
-/// Returns what is told about a file: what recovery has told, and these findings.
+/// Adds these findings to what recovery has told about the file, in the order of the places.
 std::vector<Diagnostic> Diagnostics(Examination& examination, SourceFile& file,
-                                    const Recovery& recovery, std::vector<Finding> findings) {
-  std::vector<Diagnostic> diagnostics = recovery.diagnostics;
+                                    std::vector<Diagnostic> diagnostics,
+                                    std::vector<Finding> findings) {
   bool isIncludeNoted = false;
   for (Finding& finding : findings) {
     finding.advice = AdviceFor(examination, file, finding);
@@ -67,26 +67,25 @@ bool IsError(const Finding& finding) {
 }  // namespace
 
 Outcome reportOn(Examination& examination, SourceFile& file, Warnings warnings) {
-  const Recovery* const recovery = examination.examine(file);
-  if (recovery == nullptr) return {true, {}};
-  const std::vector<Finding>& all = recovery->findings;
-  const bool hasError = !recovery->diagnostics.empty() ||
+  Examined examined = examination.examine(file);
+  const std::vector<Finding>& all = examined.findings;
+  const bool hasError = !examined.diagnostics.empty() ||
                         std::any_of(all.begin(), all.end(), IsError) ||
                         (warnings == Warnings::Fail && !all.empty());
 
-  std::vector<Finding> findings = Selection(file, *recovery, warnings);
+  std::vector<Finding> findings = Selection(file, examined, warnings);
   std::stable_partition(findings.begin(), findings.end(), IsError);
-  const std::size_t told = std::min(recovery->diagnostics.size(), maxMessages);
+  const std::size_t told = std::min(examined.diagnostics.size(), maxMessages);
   const bool isCut = told + findings.size() > maxMessages;
   if (isCut) findings.resize(maxMessages - told);
 
   Outcome outcome{!hasError, {}};
   for (const Diagnostic& diagnostic :
-       Diagnostics(examination, file, *recovery, std::move(findings))) {
+       Diagnostics(examination, file, std::move(examined.diagnostics), std::move(findings))) {
     outcome.messages += Lines(diagnostic);
   }
   if (isCut) outcome.messages += Printable(file.path) + ": more messages are not shown\n";
-  if (!recovery->isComplete)
+  if (!examined.isComplete)
     outcome.messages += Printable(file.path) + ": the rest is not checked\n";
   return outcome;
 }

@@ -27,17 +27,17 @@ std::tuple<std::size_t, Severity, std::size_t> RankOf(const Words& words, const 
 
 }  // namespace
 
-std::vector<Finding> Selection(const SourceFile& file, const Recovery& recovery,
+std::vector<Finding> Selection(const SourceFile& file, const Examined& examined,
                                Warnings warnings) {
   const LocatedWords& words = file.words;
-  const std::vector<std::size_t>& told = recovery.linesAtFault;
+  const std::vector<std::size_t>& linesAtFault = examined.linesAtFault;
   std::vector<Finding> selection;
   std::map<std::pair<std::size_t, std::size_t>, std::size_t> known;  // By line and pair.
-  for (const Finding& finding : recovery.findings) {
+  for (const Finding& finding : examined.findings) {
     const bool isWarning = finding.rule->severity == Severity::Warning;
     if (isWarning && warnings == Warnings::Ignore) continue;
     const std::size_t line = words.places[finding.word].lineNumber;
-    if (std::find(told.begin(), told.end(), line) != told.end()) continue;
+    if (std::find(linesAtFault.begin(), linesAtFault.end(), line) != linesAtFault.end()) continue;
     const auto [place, isNew] =
         known.try_emplace({line, PairOf(words, finding.word)}, selection.size());
     if (isNew) {

@@ -10,8 +10,8 @@
 namespace zentho::idlgen {
 
 /// Returns the findings that are told: of each pair with a colon one, and one of the rest of its
-/// line. Nothing of a line that recovery has told about. The one that says most about the cause is
+/// line, but none of a line of which words are not read. The one that says most about the cause is
 /// told: by its symptom, else an error rather than a warning, else the first one.
-std::vector<Finding> Selection(const SourceFile& file, const Recovery& recovery, Warnings warnings);
+std::vector<Finding> Selection(const SourceFile& file, const Examined& examined, Warnings warnings);
 
 }  // namespace zentho::idlgen

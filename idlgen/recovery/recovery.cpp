@@ -39,25 +39,26 @@ Recovery::Recovery(SourceFile& sourceFile) : file(sourceFile), words(sourceFile.
   dropTabs();
 }
 
-void Recovery::run(Declarations& declarations) {
+const Examined& Recovery::run(Declarations& declarations) {
   for (;; ++fixes) {
     std::optional<Fix> fix = FixWords(file);
     if (!fix.has_value()) fix = check(declarations);
-    if (!fix.has_value()) return;
+    if (!fix.has_value()) return examined;
     if (fixes == maxFixes) break;
     tell(*fix);
     apply(*fix);
   }
   declare(declarations);
-  findings.clear();
-  isComplete = false;
+  examined.findings.clear();
+  examined.isComplete = false;
+  return examined;
 }
 
 /// Checks the words. Returns the fix that the findings suggest, or nothing.
 std::optional<Fix> Recovery::check(Declarations& declarations) {
   declare(declarations);
-  findings = CheckFile(declarations, declarations.fileOf(file));
-  return FixFindings(words, findings);
+  examined.findings = CheckFile(declarations, declarations.fileOf(file));
+  return FixFindings(words, examined.findings);
 }
 
 /// Shows the words to other files, if they have changed.
@@ -118,16 +119,13 @@ void Recovery::splitWords(char separator) {
 }
 
 void Recovery::say(Diagnostic diagnostic) {
-  diagnostics.push_back(std::move(diagnostic));
+  examined.diagnostics.push_back(std::move(diagnostic));
 }
 
 /// Says what is wrong, unless something has been said about that line, or about its cause.
 void Recovery::tell(const Fix& fix) {
   const std::size_t line = words.places[fix.finding.word].lineNumber;
-  const bool isTold = std::any_of(
-      diagnostics.begin(), diagnostics.end(),
-      [&](const Diagnostic& diagnostic) { return diagnostic.message.place.lineNumber == line; });
-  if (!isTold && !isConsequence(fix)) say(DiagnosticOf(file, fix.finding));
+  if (!hasTold(line, line) && !isConsequence(fix)) say(DiagnosticOf(file, fix.finding));
 }
 
 /// Returns whether what is wrong may only follow from what has been said before.
@@ -147,16 +145,22 @@ bool Recovery::isConsequence(const Fix& fix) const {
       firstLine = lastLine = words.places[fix.finding.others.front().word].lineNumber;
       break;
   }
-  return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const Diagnostic& diagnostic) {
-    const std::size_t line = diagnostic.message.place.lineNumber;
-    return firstLine <= line && line <= lastLine;
-  });
+  return hasTold(firstLine, lastLine);
+}
+
+/// Returns whether something has been said about one of these lines.
+bool Recovery::hasTold(std::size_t firstLine, std::size_t lastLine) const {
+  return std::any_of(examined.diagnostics.begin(), examined.diagnostics.end(),
+                     [&](const Diagnostic& diagnostic) {
+                       const std::size_t line = diagnostic.message.place.lineNumber;
+                       return firstLine <= line && line <= lastLine;
+                     });
 }
 
 /// Parses the words once more, with those that the fix reads in place of its range.
 void Recovery::apply(const Fix& fix) {
   if (fix.replaced.first < fix.replaced.end) {
-    linesAtFault.push_back(words.places[fix.finding.word].lineNumber);
+    examined.linesAtFault.push_back(words.places[fix.finding.word].lineNumber);
   }
   std::vector<std::string_view> read;
   for (const std::string& text : fix.texts) read.push_back(file.ownTexts.emplace_back(text));
@@ -170,14 +174,9 @@ void Recovery::apply(const Fix& fix) {
     if (found != std::string_view::npos) place.offset = found;
     places.push_back(place);
   }
-  replaceWords(fix.replaced, read, places);
+  replace(words.texts, fix.replaced, read);
+  replace(words.places, fix.replaced, places);
   parse();
-}
-
-void Recovery::replaceWords(WordRange range, const std::vector<std::string_view>& texts,
-                            const std::vector<Place>& places) {
-  replace(words.texts, range, texts);
-  replace(words.places, range, places);
 }
 
 void Recovery::parse() {
