@@ -22,17 +22,14 @@ void appendCommentedInclude(const SourceFile& file, std::vector<Message>& notes)
   std::string_view text = file.text;
   for (std::size_t lineNumber = 1; !text.empty(); ++lineNumber) {
     const std::string_view line = TakeLine(text);
-    const std::size_t hash = line.find_first_not_of(' ');
-    for (const std::string_view directive : {"#include", "#import"}) {
-      if (hash == std::string_view::npos || line.substr(hash, directive.size()) != directive) {
-        continue;
-      }
-      notes.push_back({file.path,
-                       {lineNumber, line, line.substr(0, hash), hash},
-                       line.size() - hash,
-                       R"(this is a comment: write include "...", without "#")"});
-      return;
-    }
+    const std::size_t hash = std::min(line.find_first_not_of(' '), line.size());
+    const std::string_view comment = line.substr(hash);
+    if (comment.substr(0, 8) != "#include" && comment.substr(0, 7) != "#import") continue;
+    notes.push_back({file.path,
+                     {lineNumber, line, line.substr(0, hash), hash},
+                     comment.size(),
+                     R"(this is a comment: write include "...", without "#")"});
+    return;
   }
 }
 

@@ -15,7 +15,7 @@ namespace zentho::idlgen {
 enum class MayFollow : std::uint8_t {
   Nothing,
   FaultInStatement,  ///< One about a line of the same statement.
-  FaultInOther,      ///< One about the line of the word that the note is about.
+  FaultInOther,      ///< One about the line of the word that the finding's note is about.
   AnyFault           ///< Any one, if the file closes all braces that it opens.
 };
 
@@ -24,8 +24,8 @@ using Texts = std::vector<std::string>;
 /// What is wrong with some words, and what to read in place of them.
 struct Fix {
   Finding finding;     ///< About the word that shows the cause.
-  WordRange replaced;  ///< May be empty.
-  Texts texts = {};    ///< What is read there.
+  WordRange replaced;  ///< Empty if the texts are only put before its first word.
+  Texts texts = {};    ///< What is read there. Empty if the words are only left out.
   MayFollow mayFollow = MayFollow::Nothing;
   bool mayDeclare = true;  ///< Whether names among the words that are not read may be declared.
 };

@@ -10,8 +10,8 @@
 namespace zentho::idlgen {
 namespace {
 
-/// Returns whether the last word of an odd line may begin a pair: it is the only one, or the words
-/// before it are pairs, rather than those after a type.
+/// Returns whether the last word of an odd line may begin a pair: it is the only one, or the line
+/// neither begins with a type, as in `int8 x y`, nor ends with one, after a colon.
 bool MayBeginPair(const LocatedWords& words, WordRange line) {
   const std::size_t first = line.first;
   const std::size_t last = line.end - 1;

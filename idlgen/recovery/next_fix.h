@@ -9,11 +9,12 @@
 
 namespace zentho::idlgen {
 
-/// Returns whether the parser refuses the file, or a word cannot have its role.
+/// Returns whether the parser refuses the file, or a word cannot have its role, or perhaps cannot
+/// because of a "::". The words need no places.
 bool NeedsFix(const SourceFile& file);
 
 /// Returns the fix for the first word that the parser refuses or that cannot have its role, or
-/// nothing.
+/// nothing. The words have places.
 std::optional<Fix> FixWords(SourceFile& file);
 
 /// Returns the fix for the first list with a finding in or below a line that cannot be read in

@@ -191,7 +191,8 @@ void Recovery::parse() {
 }
 
 /// Keeps the names that may be declared by the words that are not read: by members none, by items
-/// those before a colon, by a line of members that opens a block the one after its keyword.
+/// the first and those before a colon, by a line of members that opens a block the one after its
+/// keyword.
 void Recovery::noteDropped(const Fix& fix, const std::vector<std::string_view>& read) {
   const auto [first, end] = fix.replaced;
   if (!fix.mayDeclare || first == end) return;
@@ -207,6 +208,7 @@ void Recovery::noteDropped(const Fix& fix, const std::vector<std::string_view>& 
   }
 }
 
+/// Keeps the names in a word that is not read.
 void Recovery::noteDropped(std::string_view word, bool isWholeLine) {
   const Statement keyword = FindStatement(SimilarKeyword(word));
   if (isWholeLine && (keyword == Statement::Include || keyword == Statement::Namespace)) {

@@ -22,7 +22,7 @@ struct Examined {
 };
 
 /// Reads a file that has words which the parser refuses, or whose role cannot be right: takes the
-/// first of them, says what is wrong, reads other words in place of its line, and begins again.
+/// first of them, says what is wrong, reads other words in its place, and begins again.
 /// Ends when there is no such word any more, or after 20 of them. Changes the words of the file.
 class Recovery {
  public:

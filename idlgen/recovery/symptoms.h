@@ -26,7 +26,7 @@ enum class SymptomKind : std::uint8_t { Characters, Forms };
 /// what it says about the cause. A word that is right in its place shows nothing.
 std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord>& words);
 
-/// What a word shows, and what to do about it.
+/// What a word shows, and what to do about it. There may be advice without a symptom.
 struct Symptom {
   std::size_t rank = static_cast<std::size_t>(-1);  ///< The smaller, the more it says.
   std::string advice = {};                          ///< Or nothing.
