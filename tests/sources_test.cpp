@@ -49,12 +49,12 @@ std::vector<Include> IncludesOf(const SourceFile& file) {
   return includes;
 }
 
-/// Returns what the first include of a file leads to: the path of the file, or "not found" with the
-/// correction.
+/// Returns what the first include of a file leads to: the path of the file, "not told", or "not
+/// found" and what is said about that.
 std::string FirstInclude(const Sources& sources, std::size_t file = 0) {
   const Include include = IncludesOf(sources.files().at(file)).at(0);
   if (include.file != nullptr) return include.file->path;
-  return "not found" + include.correction;
+  return include.missing.empty() ? "not told" : "not found: " + include.missing.at(0).advice;
 }
 
 struct Search {
@@ -84,23 +84,24 @@ const std::vector<Search> searches = {
     {"BesideFirst", "d/x.idl e/x.idl", "e", "d/a.idl", R"("x.idl")", "d/x.idl"},
     {"BracketsLikeQuotes", "d/x.idl", "", "d/a.idl", "<x.idl>", "d/x.idl"},
     // The first two directories are both beside d, so their order does not count.
-    {"DirectoriesInOrder", "e/g/x.idl f/g/x.idl", "d f e", "d/a.idl", R"("g/x.idl")", "not found"},
+    {"DirectoriesInOrder", "e/g/x.idl f/g/x.idl", "d f e", "d/a.idl", R"("g/x.idl")", "not told"},
     {"FromElsewhere", "e/g/x.idl f/g/x.idl", "n f/ e", "d/a.idl", R"("g/x.idl")", "f/g/x.idl"},
-    {"PathsAboveTheFile", "e/x.idl", "", "d/a.idl", R"("../e/./x.idl")", "d/../e/./x.idl"},
+    {"PathsAboveTheFile", "e/x.idl", "", "d/a.idl", R"("../e/./x.idl")", "e/x.idl"},
     {"AbsolutePaths", "/e/x.idl", "d", "d/a.idl", R"("/e/x.idl")", "/e/x.idl"},
     {"ItsOwnFile", "", "", "a.idl", R"("./a.idl")", "a.idl"},
     {"PassesOverDirectories", "d/x.idl/y e/x.idl", "e", "d/a.idl", R"("x.idl")", "e/x.idl"},
     // The headers of d and e may share a directory, where that of e/n/x.idl comes first.
-    {"OneInPlaceOfIt", "e/n/x.idl d/x.idl", "d e", "d/n/a.idl", R"("x.idl")", "not found"},
-    {"AnotherOneAbove", "e/x.idl", "d e", "d/n/a.idl", R"("../x.idl")", "not found"},
+    {"OneInPlaceOfIt", "e/n/x.idl d/x.idl", "d e", "d/n/a.idl", R"("x.idl")", "not told"},
+    {"AnotherOneAbove", "e/x.idl", "d e", "d/n/a.idl", R"("../x.idl")", "not told"},
     {"TheSameOne", "e/x.idl", "d ./d e", "d/a.idl", R"("x.idl")", "e/x.idl"},
-    {"AnyPathOfTheBase", "e/n/x.idl d/x.idl", "./f/../d e", "d/n/a.idl", R"("x.idl")", "not found"},
-    {"NotInNoDirectory", "e/x.idl", "", "d/a.idl", R"("x.idl")", "not found"},
-    {"NotWithoutQuotes", "x.idl", "", "a.idl", R"("x.idl)", "not found"},
-    {"NotInSingleQuotes", "x.idl", "", "a.idl", "'x.idl'", "not found"},
-    {"NotALongPath", longName, "", "a.idl", '"' + longName + '"', "not found"},
-    {"NotTheEmptyPath", "", "", "a.idl", R"("")", "not found"},
-    {"NotAHeader", "x.h", "", "a.idl", R"("x.h")", "not found"},
+    {"AnyPathOfTheBase", "e/n/x.idl d/x.idl", "./f/../d e", "d/n/a.idl", R"("x.idl")", "not told"},
+    {"NotInNoDirectory", "e/x.idl", "", "d/a.idl", R"("x.idl")",
+     "not found: what it declares is not checked"},
+    {"NotWithoutQuotes", "x.idl", "", "a.idl", R"("x.idl)", "not told"},
+    {"NotInSingleQuotes", "x.idl", "", "a.idl", "'x.idl'", "not told"},
+    {"NotALongPath", longName, "", "a.idl", '"' + longName + '"', "not told"},
+    {"NotTheEmptyPath", "", "", "a.idl", R"("")", "not told"},
+    {"NotAHeader", "x.h", "", "a.idl", R"("x.h")", "not told"},
 };
 INSTANTIATE_TEST_SUITE_P(Include, Finds, testing::ValuesIn(searches), RowName<Search>);
 
@@ -135,8 +136,8 @@ TEST(Sources, ListsADirectoryOnce) {
   CountingTree tree({{"d/a.idl", text}, {"e/common/status.idl", ""}});
   Sources sources(tree, {"d", "e", "f"});
   sources.load({"d/a.idl"});
-  EXPECT_EQ(FirstInclude(sources), "not found");
-  EXPECT_EQ(tree.lists, (std::map<std::string, int>{{"d/", 1}, {"e/", 1}, {"e/common/", 1}}));
+  EXPECT_EQ(FirstInclude(sources), "not found: what it declares is not checked");
+  EXPECT_EQ(tree.lists, (std::map<std::string, int>{{"d/common/", 1}, {"e/common/", 1}}));
 }
 
 TEST(Sources, FollowALongRing) {
