@@ -108,6 +108,20 @@ TEST_P(Checks, TellEachMistake) {
 
 INSTANTIATE_TEST_SUITE_P(IdlgenHeader, Checks, testing::ValuesIn(CheckCases()), RowName<CheckCase>);
 
+// A value that was not read could declare anything in the header.
+TEST(Checks, ReadTheValueOfEachItem) {
+  const std::string value = ": 1};int/**/x;enum/**/F{B=1 }";
+  for (unsigned code = 1; code < 0x800; ++code) {
+    std::string name(1, static_cast<char>(code));
+    if (code >= 0x80)
+      name = {static_cast<char>(0xc0 | code >> 6), static_cast<char>(0x80 | (code & 0x3f))};
+    for (const std::string& before : {name, "A: 0 " + name, "A" + name}) {
+      Schema schema;
+      EXPECT_FALSE(reportAlone("", "enum E { " + before + value, schema).succeeded) << before;
+    }
+  }
+}
+
 /// Generates the header of an IDL file as idlgen does.
 void generate(const std::string& path) {
   Printed([&] {
