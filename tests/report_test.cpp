@@ -49,9 +49,9 @@ a.idl:1:36: error: "Größe" is not declared
       |                              ^~~~~
 )"},
     {"Escapes", "\tmessage M\xff\x1b\xc2\x9b\xe2\x80\x8b\xf3\xa0\x80\x81{\r.",
-     R"(a.idl:1:1: error: "\tmessage" is not a statement: use spaces instead of tabs
+     R"(a.idl:1:1: error: there are tabs between words: use spaces
     1 | \tmessage M\xff\x1b\u009b\u200b\U000e0001{\r.
-      | ^~~~~~~~~
+      | ^~
 )"},
     {"EmptyLinesAndNoLastLineFeed", "\n\n# comment\n}",
      R"(a.idl:4:1: error: "}" is not a statement: there is no "{" for it

@@ -66,6 +66,7 @@ void checkMisfits(Context& check) {
     bool hasFirst = false;
     bool hasSecond = false;
     for (std::size_t i = 0; i < brought.size(); ++i) {
+      if (brought[i].has(&check.view.user())) continue;  // It brings all, and has been told.
       const bool bringsFirst = brought[i].has(misfit->first.file);
       const bool bringsSecond = brought[i].has(misfit->second.file);
       if (bringsFirst && bringsSecond) break;

@@ -38,9 +38,10 @@ std::vector<Finding> Selection(const SourceFile& file, const Examined& examined,
     if (isWarning && warnings == Warnings::Ignore) continue;
     const std::size_t line = words.places[finding.word].lineNumber;
     if (std::find(linesAtFault.begin(), linesAtFault.end(), line) != linesAtFault.end()) continue;
+    const bool isOfInclude = words.role(finding.word) == Role::IncludePath;
     const auto [place, isNew] =
         known.try_emplace({line, PairOf(words, finding.word)}, selection.size());
-    if (isNew) {
+    if (isNew || isOfInclude) {
       selection.push_back(finding);
     } else if (RankOf(words, finding) < RankOf(words, selection[place->second])) {
       selection[place->second] = finding;

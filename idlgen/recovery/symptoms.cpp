@@ -167,7 +167,6 @@ constexpr auto rows = Table<SymptomRow>({
     {sign, all, IsComment, "*/", hashComments},
     {sign, all & ~paths, Has, "/*", hashComments},
     {sign, all & ~(items | values), BeginsWithDashes, "--", hashComments},
-    {sign, all, Has, "\t", "use spaces instead of tabs"},
     {sign, all, Has, "\r", "end lines with LF, not with CR LF"},
     {sign, all, Has, byteOrderMark, "save the file without a byte order mark"},
     {sign, all, IsGluedToOpening, "", R"(put a space before "{")"},

@@ -107,9 +107,11 @@ void Sources::tellMissing(SourceFile& file, const std::unordered_set<const Sourc
       const SourceFile* const next = pending.back();
       pending.pop_back();
       if (next == nullptr || named.count(next) > 0 || !told.insert(next).second) continue;
-      for (const auto& [path, inner] : next->includes) {
-        tellMissing(*next, path, inner, next->path, include);
-        pending.push_back(inner.file);
+      for (std::size_t j = 0; j < next->words.size(); ++j) {
+        const auto inner = next->includes.find(next->words.text(j));
+        if (next->words.role(j) != Role::IncludePath || inner == next->includes.end()) continue;
+        tellMissing(*next, inner->first, inner->second, next->path, include);
+        pending.push_back(inner->second.file);
       }
     }
   }
