@@ -35,7 +35,7 @@ struct HeaderName {
 
 constexpr Harm none = Harm::None;
 constexpr Harm always = Harm::Error;
-constexpr Harm others = Harm::WithOthers;
+constexpr Harm withOthers = Harm::WithOthers;
 constexpr Harm functions = Harm::WithFunctions;
 constexpr Harm either = Harm::WithOrWithoutThem;
 
@@ -43,7 +43,7 @@ constexpr auto headerNames = Table<HeaderName>({
     {"std", false, always, always, always, always, none},
     {"zentho", false, always, always, always, always, none},
     {"BytesBuffer", false, none, none, none, none, functions},
-    {"zentho", true, always, functions, others, none, functions},
+    {"zentho", true, always, functions, withOthers, none, functions},
     {"BytesBuffer", true, always, always, always, functions, always},
     {"serialize", true, always, none, none, either, either},
     {"deserialize", true, always, none, none, either, either},
