@@ -1,7 +1,7 @@
 // A lower bound for the run times of the programs: only writes the header.
-//   idlgen_floor lines HEADER COPY    copies HEADER to COPY with one write per line, like idlgen
-//   idlgen_floor whole HEADER COPY    copies it with one write, like idlgen-header
-//   idlgen_floor                      does nothing, to measure the start of a process
+//   floor lines HEADER COPY    copies HEADER to COPY with one write per line, like idlgen
+//   floor whole HEADER COPY    copies it with one write, like idlgen-header
+//   floor                      does nothing, to measure the start of a process
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-"""The inputs of scripts/bench: messages for each tool, and inputs of growing size."""
+"""The inputs of scripts/bench: messages for each tool, inputs of growing size, trees of files."""
 
 FIELDS = ["int8", "int16", "int32", "int64", "float32", "float64", "string", "int32"]
 
@@ -69,3 +69,32 @@ GROWING = [
         "members of the C library's types": lambda n: members(n, "x{i}: time_t\n"),
     }),
 ]
+
+
+# Each of these returns the numbers of the files that each file of a tree includes.
+
+def mesh(count):
+    """Each file includes up to three others."""
+    return [sorted({i // 2, i // 3, i // 5} - {i}) for i in range(count)]
+
+
+def chain(count):
+    return [[], *([i] for i in range(count - 1))]
+
+
+def star(count):
+    return [*([] for _ in range(count)), list(range(count))]
+
+
+def layers(count):
+    """Both files of a layer include both of the layer below."""
+    return [[], [], *([i // 2 * 2, i // 2 * 2 + 1] for i in range(2 * count - 2))]
+
+
+def including(number, others):
+    """The text of a file with one message, which has members of the ones of other files."""
+    lines = [f'include "file{other}.idl"\n' for other in others]
+    lines += [f"message Message{number} {{\n"]
+    lines += [f"    field{i}: {type}\n" for i, type in enumerate(FIELDS)]
+    lines += [f"    part{other}: Message{other}\n" for other in others]
+    return "".join(lines) + "}\n"

@@ -8,8 +8,7 @@ import sys
 import tempfile
 
 import builds
-import trees
-from inputs import GROWING, TOOLS, idlgen
+from inputs import GROWING, TOOLS, chain, idlgen, including, layers, mesh, star
 from timing import compare, medians, peak_memory, run
 
 
@@ -48,7 +47,7 @@ def command(tool, build, folder, text):
 
 
 def compare_with_floor(build, folder):
-    floor = str(build / "bench/idlgen_floor")
+    floor = str(build / "floor")
     copy = str(folder / "copy")
     own, empty = medians([command("idlgen", build, folder, "")[2], [floor]], 201)
     print(f"An empty file: {milliseconds(own[0])}; an empty program: {milliseconds(empty[0])}")
@@ -71,8 +70,6 @@ def compare_with_other_version(build, folder, other):
     for count, runs in (1, 1001), (100, 501), (1000, 101), (10000, 21), (100000, 7):
         words = command("idlgen-header", build, folder, idlgen(count))[2]
         compared(f"{count:,}", compare([[program, *words[1:]] for program in programs], runs))
-    table("a build of 600 headers that include each other", "own", "other version", "median ratio")
-    compared("Ninja", builds.compare_versions(folder, [build / "installed", other]))
 
 
 def version(tool):
@@ -95,7 +92,10 @@ def compare_tools(build, folder):
 
 def check_command(build, folder, includes):
     """Writes files that include each other. Returns their paths and the command to check them."""
-    paths = trees.write(folder, includes)
+    folder.mkdir(parents=True)
+    paths = [f"{folder}/file{i}.idl" for i in range(len(includes))]
+    for i, (path, others) in enumerate(zip(paths, includes)):
+        pathlib.Path(path).write_text(including(i, others))
     arguments = folder / "arguments"
     arguments.write_text("\n".join(paths))
     return paths, [f"{build}/idlgen/idlgen-header", "--check", f"@{arguments}"]
@@ -103,23 +103,22 @@ def check_command(build, folder, includes):
 
 def show_checks(build, folder):
     table("check of", "--check", "idlgen -f", "median ratio")
-    paths, check = check_command(build, folder / "mesh", trees.mesh(600))
+    paths, check = check_command(build, folder / "mesh", mesh(600))
     compared("600 files that include each other",
              compare([check, [f"{build}/idlgen/idlgen", "-f", *paths]], 41))
     table("check of", "time", "memory")
-    for name, includes in {"a chain of 5,000 files": trees.chain(5000),
-                           "a file with 5,000 includes": trees.star(5000),
-                           "20 layers of two files": trees.layers(20)}.items():
+    for name, includes in {"a chain of 5,000 files": chain(5000),
+                           "a file with 5,000 includes": star(5000),
+                           "20 layers of two files": layers(20)}.items():
         words = check_command(build, folder / name, includes)[1]
         memory = number(peak_memory(words) / 1e6) + " MB" if len(includes) >= 5000 else ""
         row(name, milliseconds(medians([words], 9)[0][0]), memory)
 
 
-def compare_builds(build, folder):
+def show_builds(build, folder):
     prefix = build / "installed"
     table("a build of 500 headers", "time", "nothing to do")
-    for tool, (full, idle) in builds.compare_with_flatc(folder, prefix).items():
-        row(f"Ninja and {tool}", milliseconds(full), milliseconds(idle))
+    row("Ninja", *map(milliseconds, builds.measure_build(folder, prefix)))
     table("a target of 4,000 files", "links 100 targets", "links none", "median ratio")
     compared("configuring", builds.compare_configurations(folder, prefix))
 
@@ -142,7 +141,7 @@ def main(build, other=None):
         compare_with_floor(build, folder)
         compare_tools(build, folder)
         show_checks(build, folder / "trees")
-        compare_builds(build, folder / "builds")
+        show_builds(build, folder / "builds")
         show_growth(build, folder)
 
 

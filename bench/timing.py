@@ -38,14 +38,10 @@ def medians(commands, runs, expected=0):
             for column in zip(*rounds(commands, runs, expected))]
 
 
-def median_ratio(pairs):
-    """Returns the medians of both figures of the pairs, and the median of their ratios."""
-    return [*map(statistics.median, zip(*pairs)), statistics.median(a / b for a, b in pairs)]
-
-
 def compare(commands, runs):
-    """Returns the same for the wall seconds of two commands, which run in turn."""
-    return median_ratio([[seconds for seconds, _ in pair] for pair in rounds(commands, runs)])
+    """Returns the median wall seconds of two commands that run in turn, and the median ratio."""
+    pairs = [[seconds for seconds, _ in pair] for pair in rounds(commands, runs)]
+    return [*map(statistics.median, zip(*pairs)), statistics.median(a / b for a, b in pairs)]
 
 
 def peak_memory(command):
