@@ -1,43 +1,68 @@
-"""The part of a comparison of random files with compilers that is the same for all kinds of files."""
+"""The part of comparisons of random files with compilers that is the same for files and trees."""
 import argparse
 import collections
 import concurrent.futures
+import itertools
 import pathlib
 import random
 import shutil
 import sys
 import tempfile
 
+from kinds import BELOW, COPIED, TOLD, UNSEEN, VALID, WARNING
 from tools import Tools
 
 
-def parse_options(**more):
-    """Reads the command line. `more` are options without a value, with their help."""
-    parser = argparse.ArgumentParser()
+def parse_options(count, **more):
+    """Reads the command line. `more` are options with their default values and help."""
+    parser = argparse.ArgumentParser(description=sys.modules["__main__"].__doc__,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("build", type=pathlib.Path)
-    parser.add_argument("--count", type=int, default=300)
+    parser.add_argument("--count", type=int, default=count)
     parser.add_argument("--seed", default="1")
     parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--keep", type=pathlib.Path, help="where to copy files that disagree")
-    parser.add_argument("--kind", default="", help="only kinds whose name has this text")
-    for name, text in more.items():
-        parser.add_argument("--" + name.replace("_", "-"), action="store_true", help=text)
+    for name, (value, text) in more.items():
+        parser.add_argument("--" + name, type=type(value), default=value, help=text)
     return parser.parse_args()
 
 
-def compare(options, kinds, try_one):
+def choose(options, *groups):
+    """Returns the kinds to try: one of each group in turn."""
+    rng = random.Random(options.seed)
+    groups = [[kind for kind in group if options.kind in kind.name] for group in groups]
+    turns = [itertools.cycle(rng.sample(group, len(group))) for group in groups if group]
+    if not turns:
+        sys.exit(f"There is no kind with {options.kind!r} in its name.")
+    return [next(turn) for turn in itertools.islice(itertools.cycle(turns), options.count)]
+
+
+def judge_messages(expected, marks, messages):
+    """Returns how the messages about a file differ from what is expected of it. Marks with
+    severities say which messages there must be, others which there may be."""
+    told = {(message.line, message.severity) for message in messages}
+    severities, lines = {severity for _, severity in told}, {line for line, _ in marks}
+    if any(severity for _, severity in marks):
+        return [f"told: {sorted(told)}, expected: {marks}"] if told != set(marks) else []
+    allowed = {VALID: [set()], UNSEEN: [set()], WARNING: [{"warning"}],
+               COPIED: [set(), {"warning"}], TOLD: [{"error"}, {"warning"}, {"error", "warning"}]}
+    wrong = []
+    if severities not in allowed.get(expected, [{"error"}, {"error", "warning"}]):
+        wrong.append(f"severity: {severities or 'none'}, expected: {expected}")
+    if expected != BELOW and any(line not in lines for line, _ in told):
+        wrong.append(f"lines: {sorted(told)}, expected: {sorted(lines)}")
+    return wrong
+
+
+def compare(kinds, cases, try_one):
     """Tries files of all kinds, and prints the disagreements and a table. Returns the exit status.
 
-    try_one(tools, directory, rng, kind) makes and checks files of one kind. It returns a report,
-    which is empty if all agree, and whether the first message is at the line of the mistake.
+    The first kind is the valid one. try_one(tools, directory, rng, kind) makes and checks files of
+    one kind, and returns what is wrong, and what the files and the programs say.
     """
-    # A quarter is of the first kind, which is the valid one.
-    rows = [kind for kind in kinds if options.kind in kind.name]
-    if not rows:
-        sys.exit(f"There is no kind with {options.kind!r} in its name.")
-    rows = [rows[0 if i % 4 == 0 else (i - i // 4) % len(rows)] for i in range(options.count)]
-    count = collections.defaultdict(lambda: [0, 0, 0])
-
+    options = parse_options(300, keep=("", "where to copy files that disagree"),
+                            kind=("", "only kinds whose name has this text"))
+    rows = choose(options, kinds[:1], cases, kinds[1::2], kinds[2::2])
+    files, disagreements = collections.Counter(), collections.Counter()
     with tempfile.TemporaryDirectory() as temporary, \
             concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         tools = Tools(options.build, pathlib.Path(temporary))
@@ -45,19 +70,21 @@ def compare(options, kinds, try_one):
         def try_row(i):
             directory = pathlib.Path(temporary) / str(i)
             directory.mkdir()
-            report, is_exact = try_one(tools, directory, random.Random(f"{options.seed}/{i}"), rows[i])
-            if report and options.keep:
-                shutil.copytree(directory, options.keep / directory.name, dirs_exist_ok=True)
+            wrong, said = try_one(tools, directory, random.Random(f"{options.seed}/{i}"), rows[i])
+            if wrong and options.keep:
+                shutil.copytree(directory, pathlib.Path(options.keep, directory.name))
             shutil.rmtree(directory)
-            return report and f"==== {i} {rows[i].name}: {report}", is_exact
+            head = f"==== {i} {rows[i].name}: {'; '.join(wrong)}"
+            return "\n".join([head, *said]) if wrong else ""
 
-        for kind, (report, is_exact) in zip(rows, pool.map(try_row, range(options.count))):
-            for name in kind.name, "all":
-                count[name] = [a + b for a, b in zip(count[name], (1, is_exact, bool(report)))]
+        for kind, report in zip(rows, pool.map(try_row, range(options.count))):
             if report:
                 print(report, flush=True)
+            for name in "cases" if kind in cases else kind.name, "all":
+                files[name] += 1
+                disagreements[name] += bool(report)
 
-    print(" files  told at the line  disagreements")
-    for name in sorted(count, key=lambda name: name == "all"):
-        print("{:6} {:17} {:14}  ".format(*count[name]) + name)
-    return count["all"][2] > 0
+    print(" files  disagreements")
+    for name in sorted(files, key=lambda name: name == "all"):
+        print(f"{files[name]:6} {disagreements[name]:14}  {name}")
+    return disagreements["all"] > 0

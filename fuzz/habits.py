@@ -1,11 +1,12 @@
 """Lines of other languages, and slips, that people write in IDL files.
 
 In the lines, {x} is the name of the line that they replace, {t} its type or value, {n} a number
-that no other line has, and {earlier} a member above.
+that no other line has, and {earlier} a member above. Many may also end with ";" or ",".
 """
 
-# In place of a member. Most are of C, C++, protobuf, Thrift, ROS, Go, Rust, CORBA and Python.
-MEMBERS = """
+FORMS = {
+    # In place of a member. Most are of C, C++, protobuf, Thrift, ROS, Go, Rust, CORBA and Python.
+    "member": """
 {x}: {t};
 {x}: {t},
 {x}: {t}.
@@ -13,11 +14,9 @@ MEMBERS = """
 {x} = {t}
 {x}={t}
 {x} := {t}
-{x} = {t};
 {x} -> {t}
 {x} as {t}
 {t} {x};
-{t} {x},
 {t} {x}[4];
 {t} {x} = 1;
 {t} {x} = 1 [default = 3];
@@ -32,7 +31,6 @@ unsigned int {x};
 unsigned short {x};
 char {x}[64];
 std::string {x};
-std::vector<{t}> {x};
 std::vector<{t}> {x}
 {x}: std::string
 {x}: std::vector<{t}>
@@ -74,12 +72,10 @@ reserved "{x}";
 option deprecated = true;
 oneof {x} { a: int8 }
 1: {t} {x}
-1: {t} {x},
 1: required {t} {x};
 2: optional list<{t}> {x}
 {x}: list<{t}>
 {x}: Vec<{t}>,
-{x}: Vec<{t}>
 {x}: Option<{t}>,
 {x}: sequence<{t}>
 sequence<{t}, 10> {x};
@@ -146,10 +142,9 @@ default: {t}
 pass
 constructor(x);
 void get_{x}();
-""".strip("\n").split("\n")
-
-# In place of a member of a file without includes. In others, some file may declare the names.
-UNKNOWN_TYPES = """
+""",
+    # In place of a member of a file without includes. In others, some file may declare the names.
+    "unknown type": """
 {t} {x}
 {x}: Int32
 {x}: int9
@@ -166,18 +161,13 @@ UNKNOWN_TYPES = """
 required {x}
 Header header{n}
 extends Base
-""".strip("\n").split("\n")
-
-# In place of an item of an enum.
-ITEMS = """
+""",
+    # In place of an item of an enum.
+    "item": """
 {x} = {t}
 {x} = {t},
-{x} = {t};
 {x}={t}
-{x}={t},
 {x}
-{x},
-{x};
 {x}: {t},
 {x}: {t};
 {x}: = {t}
@@ -203,17 +193,15 @@ uint8 {x} = {t}
 {x}:\t{t}
 {earlier}: {t}
 default: {t}
-""".strip("\n").split("\n")
-
-# Between statements.
-STATEMENTS = """
+""",
+    # Between statements.
+    "gap": """
 struct X{n} { a: int8 }
 Message X{n} { a: int8 }
 mesage X{n} { a: int8 }
 message X{n} : Base { a: int8 }
 message X{n}(a: int8)
 message X{n}
-message X{n};
 message 2X{n} { a: int8 }
 message X-{n} { a: int8 }
 enum class X{n} { X{n}A: 0 }
@@ -235,13 +223,11 @@ option java_package = "com.robot";
 syntax = "proto3";
 ;
 package a.b
-package a.b;
 import "a/b.proto";
 import a.b
 from a import b
 using namespace std;
 using X{n} = int32;
-typedef int32 X{n};
 typedef int32 X{n}
 namespace py robot
 rpc Get{n} (A) returns (B);
@@ -259,10 +245,8 @@ type X{n} struct { a int8 }
 // the # of wheels
 * note
 TODO
-""".strip("\n").split("\n")
-
-# In place of the line that begins an enum, a message, a service or a part of it. {x} is its name.
-HEADS = {
+""",
+    # In place of the line that begins one of these. {x} is its name.
     "enum": """
 enum {x} : uint8 {
 enum class {x} {
@@ -303,26 +287,25 @@ Request {
 {x}s {
 struct {x} {
 """,
-}
-HEADS = {role: lines.strip("\n").split("\n") for role, lines in HEADS.items()}
-
-# In place of the line that ends a declaration.
-ENDS = "}; }, }) });".split()
-
-# In place of a last member and the "}" below it.
-LAST_MEMBERS = """
+    # In place of the line that ends a declaration.
+    "end": """
+};
+},
+})
+});
+""",
+    # In place of a last member and the "}" below it.
+    "last member": """
 {x} = {t} }
 {x}: {t}}
 {x}: {t}; }
 {x}: {t}, }
 {t} {x}; }
 {x}: {t}; };
-""".strip("\n").split("\n")
-
-# In place of an include. {x} is its path.
-INCLUDES = """
+""",
+    # In place of an include. {x} is its path.
+    "include": """
 import "{x}"
-import "{x}";
 include "{x}";
 include "{x}
 include {x}
@@ -330,30 +313,31 @@ include '{x}'
 include ("{x}")
 include "{x}" as a
 using "{x}"
-""".strip("\n").split("\n")
-
-# In place of a namespace. {x} is its path.
-NAMESPACES = """
+""",
+    # In place of a namespace. {x} is its path.
+    "namespace": """
 namespace {x};
 namespace cpp {x}
 namespace = {x}
 namespace {x}::a
 package {x}
-package {x};
 module {x};
 namespace "{x}"
 Namespace {x}
-""".strip("\n").split("\n")
+""",
+}
+FORMS = {place: [[line] for line in lines.strip("\n").split("\n")]
+         for place, lines in FORMS.items()}
 
 # A list in another list: its first line is the mistake. In a declaration:
-INNER_LISTS = [
+FORMS["inner list"] = [
     ["oneof kind{n} {", "    a{n}: int8", "    b{n}: string", "}"],
     ["union u{n} {", "    a{n}: int8", "}"],
     ["group g{n} {", "    a{n}: int8", "}"],
     ["struct {", "    a{n}: int8", "}"],
 ]
 # Between statements:
-OUTER_LISTS = [
+FORMS["outer list"] = [
     ["rpc F{n} {", "    a: int8", "}"],
     ["extend X{n} {", "    a: int8", "}"],
     ["struct X{n} {", "    a: int8", "    b: [string]", "}"],

@@ -1,5 +1,6 @@
-"""The kinds of files that compilers.py makes: valid ones, and ones with a mistake."""
+"""The kinds of files that compilers.py makes besides the cases of the tests."""
 import collections
+import itertools
 import re
 
 # In the texts, "@" is before each word that an error or warning may be about. A text that begins
@@ -21,9 +22,9 @@ BELOW = "an error at the mark or below, since words are missing, and none accept
 NAME, TYPE, VALUE = "a name", "a type", "a value"
 MEMBER, ITEM, STATEMENT = "members", "items", "statements"
 # The same on a line of its own: the words are out of step, and the next line is right again.
-MEMBER_LINE, ITEM_LINE, STATEMENT_LINE = "a line of members", "a line of items", "a statement's line"
+MEMBER_LINE, ITEM_LINE, STATEMENT_LINE = "a member's line", "an item's line", "a statement's line"
 END = "the last statement"
-# These change a file. The text is the word that is concerned.
+# These change a file. The text is the word that is concerned, or a function of the whole text.
 DROP, DOUBLE, CHANGE = "drop a word", "double a word", "change the text"
 
 # What else the files have:
@@ -38,19 +39,22 @@ def words(text):
     return re.split("[ \n]+", text.strip("\n "))
 
 
+def add_carriage_returns(text):
+    # Told at the first line that is neither empty nor a comment.
+    marked = re.sub("^(?= *[^ \n#/])", "@", text, count=1, flags=re.MULTILINE)
+    return marked.replace("\n", "\r\n") + "\r\n"
+
+
 # geometry.idl, with geometry.Point, exists beside each file.
 KINDS = [
     Kind("valid", VALID, STATEMENT, ANY, [""]),
 
     # Names.
-    Kind("keyword as a name", ERROR, NAME, ANY, words(
-        "class new xor not_eq asm this operator template true int nullptr")),
-    Kind("C++20 keyword as a name", WARNING, NAME, ANY, words(
-        "concept requires co_await char8_t consteval constinit")),
-    Kind("reserved name", WARNING, NAME, ANY, words(
-        "__x _X __int128 __func__ _Pragma __init__")),
+    Kind("keyword as a name", ERROR, NAME, ANY, words("new not_eq this operator template int")),
+    Kind("C++20 keyword as a name", WARNING, NAME, ANY, words("requires char8_t constinit")),
+    Kind("reserved name", WARNING, NAME, ANY, words("__x _X __int128 __func__ _Pragma")),
     Kind("character in a name", FORM, NAME, ANY, words(
-        r"""a-b 1st 7 x! x? a+b x` a-b-c a/b "x" x% °C x— “x” ‘x’ x½ x‐y x… x§ x[3] x[] \u00e9 x=3
+        r"""a-b 1st 7 x! x? a+b x` a-b-c a/b "x" x% x— ‘x’ x½ x‐y x… x§ x[] x=3
         (x) x/**/ *x &x x, x} x; x() x/**/y x\ x.y""")),
     Kind("invisible character in a name", FORM, NAME, ANY, words(
         "x\xa0y x\u200by x\u200d x\u2060 x² x\u3000y \u3000x x\u1680y x\u180ey"
@@ -58,181 +62,67 @@ KINDS = [
     Kind("other characters", UNSEEN, NAME, ANY, words("x₁ x🙂 x€")),
     Kind("sign in a name", ERROR, NAME, ANY, words("@x× @x→ @a−b @x■")),
     Kind("unusual name", VALID, NAME, ANY, words(
-        "a$b é e\u0301t µm Ωx ªx ºx a·b 路径 final override import module")),
-    Kind("built-in type as a name", VALID, MEMBER, ANY, [
-        "int8: string", "string: [int8]", "int8: int8", "string: string",
-        "float64: [uint8] b: int8"]),
-    Kind("type before the name", ERROR, MEMBER, ALONE, [
-        "@int8 @x", "@string @x", "@float64 @x y: int8", "@int8 @x @string @y"]),
+        "a$b e\u0301t µm ªx ºx a·b final override import module")),
     Kind("type before the name, with includes", WARNING, MEMBER, INCLUDES, ["@int8 @x"]),
-    Kind("two members of a name", ERROR, MEMBER, ANY, [
-        "x: int8 @x: int16", "x: [string] y: int8 @x: [string]"]),
-    Kind("contextual name", VALID, STATEMENT, ANY, [
-        "message P { std: int8 x: string }", "message P { zentho: [string] serialize: string }",
-        "message P { deserialize: int8 data: int8 buffer: [int8] }",
-        "message P { request: int8 response: string message: int8 }"]),
     Kind("two items of a name", ERROR, ITEM, ANY, ["A: 1 @A: 2", "A: 1 B: 2 @A: 1"]),
-    Kind("item of two enums", ERROR, STATEMENT, ANY, [
-        ("enum E { A: 1 }", "enum F { B: 1 @A: 1 }")]),
-    Kind("two types of a name", ERROR, STATEMENT, ANY, [
-        ("message P { }", "message @P { x: int8 }"),
-        ("enum P { A: 1 }", "message @P { }"),
-        ("message P { }", "enum @P { A: 1 }"),
-        ("enum P { }", "enum @P { }"),
-        ("message P { }", "service @P { request { } response { } }"),
-        ("service P { request { } response { } }", "enum @P { A: 1 }"),
-        ("service P { request { } response { } }", "service @P { request { } response { } }")]),
-    Kind("item and message", ERROR, STATEMENT, ANY, [
-        ("enum E { P: 0 }", "message @P { }"), ("message P { }", "enum E { A: 1 @P: 0 }")]),
-    Kind("item named as an enum", VALID, STATEMENT, ANY, [
-        "enum E { E: 0 }", ("enum F { A: 1 }", "enum E { F: 0 }")]),
-    Kind("item named as a service", VALID, STATEMENT, ANY, [
-        ("enum E { S: 0 }", "service S { request { } response { } }",
-         "service T { request { x: S.Request } response { } }")]),
-    Kind("service Request", ERROR, STATEMENT, ANY, [
-        "service @Request { request { } response { } }",
-        "service @Response { request { x: int8 } response { y: string } }"]),
+    Kind("two types of a name", ERROR, STATEMENT, ANY, list(itertools.product(
+        ["message P { }", "enum P { }", "service P { request { } response { } }"],
+        ["message @P { }", "enum @P { }", "service @P { request { } response { } }"]))),
+    Kind("item named as an enum", VALID, STATEMENT, ANY, [("enum F { A: 1 }", "enum E { F: 0 }")]),
     Kind("contextual name of a type", VALID, STATEMENT, ANY, [
-        "message main { main: int8 }", "message message { }", "message response { }",
-        "service request { request { request: int8 } response { } }",
-        "service response { request { } response { response: int8 } }",
-        "message service { message: int8 }"]),
-    Kind("type named std", WARNING, STATEMENT, PLAIN, [
-        ("namespace r.nav", "message @std { }"), "namespace @r.std",
-        ("namespace r", "enum @std { }"),
-        ("namespace r", "service @std { request { } response { } }")]),
+        "message main { main: int8 }", "message message { }", "message P { P: int8 }",
+        "service response { request { } response { response: int8 } }"]),
     Kind("global std or zentho", ERROR, STATEMENT, PLAIN, [
-        "message @std { }", "message @zentho { x: int8 }", "enum E { @std: 0 }",
-        "enum E { @zentho: 0 }", "enum @zentho { A: 1 }"]),
+        "message @zentho { x: int8 }", "enum E { @std: 0 }", "enum @zentho { A: 1 }"]),
 
     # Types.
     Kind("misspelt type", ERROR, TYPE, ALONE, words(
-        "Strng in8 int9 String Int8 flaot64 [Strng] [[Int]] vec3 boolean")),
+        "in8 int9 Int8 [Strng] [[Int]] vec3 boolean")),
     Kind("unknown type, with includes", UNSEEN, TYPE, INCLUDES, words("Strng [Missing] a.Missing")),
     Kind("unknown type with dots", ERROR, TYPE, ALONE, words(
         "other.Missing [nav.Missing] Missing.Request .other.Missing")),
     Kind("unknown type after a dot", UNSEEN, TYPE, ANY, words(
         ".Missing std.Missing [zentho.Missing]")),
-    Kind("unknown type twice", ERROR, MEMBER, ALONE, ["a: @Missing Missing: int8"]),
-    Kind("fundamental type", VALID, TYPE, ANY, words(
-        """bool char short int long float double wchar_t char16_t char32_t signed unsigned size_t
-        [bool] int8_t uint64_t [int16_t] std.size_t std.string [[std.int8_t]]""")),
     Kind("keyword as a type", ERROR, TYPE, ANY, words(
-        "void auto class [] [void] [auto] enum template operator")),
+        "class [void] [auto] enum template operator")),
     Kind("character in a type", ERROR, TYPE, ANY, words(
-        """int8; int8, int8} int8? "int8" 'int8' a-b string;y int8\xa0 “int8” [int8]; [int8,3]
-        [int8]] int8]] int8[] int8[3] float64[36] uint8[] [int8 [[int8] [int8]x x[int8] [ int8. ..
-        . a..b a/b \tint8 int8\t int8\r [string]\r [\tint8] \x01int8""")),
+        """int8? "int8" 'int8' a-b string;y int8\xa0 “int8” [int8,3] int8]] int8[] int8[3]
+        [int8]x [ int8. .. . a..b a/b int8\t [string]\r [\tint8] \x01int8""")),
     Kind("odd type", FORM, TYPE, ANY, words(
-        r"""int* int& decltype(1) typename.N struct.N x[int8]] int8_t* (int) int/**/ const.int8
-        int&& float[3] int\ std.enable_if_t<sizeof(int)==4,int>""") + [
-            "int\r", "\tint", "std.uint8_t\u3000static", "int\u1680static", "int\u180e"]),
-    Kind("C++20 type", WARNING, TYPE, ANY, words("char8_t [char8_t]")),
+        r"""typename.N int8_t* (int) int/**/ int\ const.int8 int&& float[3]""") + [
+            "int\r", "\tint", "int\u1680static", "int\u180e"]),
     Kind("template as a type", WARNING, TYPE, ANY, words(
-        "std.vector<int> [std.vector<int>] std.map<int,std.string> std.array<int,3>")),
+        "[char8_t] [std.vector<int>] std.map<int,std.string> std.array<int,3>")),
     Kind("template as a type, with includes", TOLD, TYPE, INCLUDES, words(
         "vector<int8> List<string> sequence<float64> map<string,int32> [Foo<Missing>]")),
     Kind("unknown name in a template", ERROR, TYPE, ALONE, words(
-        "vector<int8> List<string> sequence<float64> map<string,int32> std.vector<uint8>"
-        " std.vector<Missing> [std.vector<float64>]")),
+        "vector<int8> List<string> std.vector<Missing> [std.vector<float64>]")),
     Kind("several words for a type", ERROR, MEMBER_LINE, ANY, [
-        "x: @[ int8 @]", "x: @[int8 @]", "x: @[ int8]", "@count: unsigned @long", "@id: long @long",
-        "@x: map<string, @int32>", "@x: int8 @[3]", "@optional @speed: @float32",
+        "x: @[int8 @]", "x: @[ int8]", "@x: int8 @[3]",
         "@repeated @stops: @int8 @optional @x: @int8"]),
-    Kind("message within itself", ERROR, STATEMENT, ANY, [
-        "message P { x: @P }", "message P { y: int8 x: @P }"]),
     Kind("part of a service within itself", ERROR, STATEMENT, ANY, [
-        "service S { request { x: @S } response { } }",
-        "service S { request { x: @Request } response { } }",
-        "service S { request { } response { x: @Response } }",
         ("message Request { }", "service S { request { x: @Request } response { } }"),
         ("message Response { }", "service S { request { } response { x: @Response } }")]),
-    Kind("recursion through a vector", VALID, STATEMENT, ANY, [
-        "message P { x: [P] }", "message P { P: [P] }", "message P { P: int8 }",
-        ("message Response { }", "service S { request { x: Response } response { } }"),
-        "service S { request { x: [Request] } response { y: Request z: [Response] } }",
-        "service S { request { } response { x: S.Request y: S.S.Request } }"]),
-    Kind("message used before it", ERROR, STATEMENT, ALONE, [
-        ("message Q { x: @P }", "message P { }"),
-        ("message Q { x: int8 y: [@P] }", "message P { x: int8 }"),
-        ("message Q { x: [@P] }", "message P { x: [@Q] }"),
-        ("message Q { x: @P }", "message P { x: @R }", "message R { x: @Q }"),
-        "service S { request { x: @[Response] } response { } }"]),
-    Kind("message before it, with includes", WARNING, STATEMENT, INCLUDES, [
-        ("message Q { x: @P }", "message P { }"),
-        ("message Q { x: [[@P]] y: int8 }", "message P { x: int8 }")]),
-    Kind("enum used before it", VALID, STATEMENT, ANY, [
-        ("message P { x: E y: [E] }", "enum E { A: 1 }")]),
-    Kind("service as a type", WARNING, STATEMENT, ANY, [
-        ("service S { request { } response { } }",
-         "service T { request { x: @S } response { } }")]),
-    Kind("service in a message", ERROR, STATEMENT, ALONE, [
-        ("message P { x: int8 y: @S }", "service S { request { } response { } }"),
-        ("service S { request { } response { } }", "message P { x: @S.Request }"),
+    Kind("service below its use", ERROR, STATEMENT, ALONE, [
         ("service T { request { x: @S.Request } response { } }",
          "service S { request { } response { } }")]),
     Kind("no type", ERROR, STATEMENT, ALONE, [
-        ("enum E { A: 1 }", "message P { x: @A }"),
-        ("enum E { A: 1 }", "message P { x: @E.A }"),
         ("message P { y: int8 }", "message Q { x: [@P.y] }"),
-        "message P { x: int8 y: @x }",
-        ("message P { x: @Q.Request }", "message Q { }"),
         ("service S { request { } response { } }",
          "service T { request { x: @S.request } response { } }")]),
     Kind("type hidden by an item", ERROR, STATEMENT, ANY, [
-        ("enum E { E: 0 }", "message P { x: @E }"),
         ("enum E { F: 0 }", "enum F { A: 1 }", "message P { x: [@F] }")]),
-    Kind("member hides a type", ERROR, STATEMENT, ANY, [
-        ("message P { }", "message Q { P: int8 q: @P }"),
-        ("enum P { A: 1 }", "service S { request { P: int8 q: [@P] } response { } }")]),
-    Kind("service hides a type", ERROR, STATEMENT, ANY, [
-        ("message request { }", "service S { request { } response { x: @request } }"),
-        ("enum request { A: 1 }", "service S { request { } response { x: @[request] } }")]),
-    Kind("service hides short names only", VALID, STATEMENT, ANY, [
-        ("message request { }", "service S { request { x: request } response { } }"),
-        ("message response { }", "service S { request { } response { x: response } }")]),
-    Kind("service hides unqualified names only", VALID, STATEMENT, PLAIN, [
-        ("namespace n", "message request { }",
-         "service S { request { } response { x: n.request } }")]),
     Kind("member changes a meaning", WARNING, STATEMENT, ANY, [
-        ("message P { }", "message Q { @q: @P @P: int8 }"),
-        ("message P { }", "message Q { @P: @P }"),
         ("enum P { A: 1 }", "message Q { x: int8 @P: @[P] }"),
-        ("message Q { x: @P @P: int8 }", "enum P { A: 1 }"),
-        "service S { request { } response { @Request: @Request } }",
-        ("service S { request { } response { } }",
-         "service T { request { @S: @S.Request } response { } }"),
-        ("service S { request { } response { } }",
-         "service T { request { x: @S.Request @S: int8 } response { } }"),
-        "service S { request { } response { x: @S.Request @S: int8 } }"]),
-    Kind("member hides short names only", VALID, STATEMENT, PLAIN, [
-        ("namespace r.nav", "message P { }", "message Q { P: r.nav.P }"),
-        ("namespace r.nav", "message P { }",
-         "message Q { P: int8 q: nav.P nav: nav.P r: r.nav.P }"),
-        "service S { request { } response { S: int8 } }"]),
-    Kind("first component found too early", ERROR, STATEMENT, PLAIN, [
-        ("namespace a.b.a", "message P { }", "message Q { x: @a.b.a.P }"),
-        ("namespace r.r", "message P { }", "message Q { x: [@r.r.P] }"),
-        ("namespace r.nav", "message r { }", "message Q { x: @r.nav.r }"),
-        ("namespace r.nav", "message nav { }", "message Q { x: @nav.nav }")]),
+        "service S { request { } response { @Request: @Request } }"]),
     Kind("type of another file before a type", VALID, STATEMENT, PLAIN, [
         ('\ninclude "geometry.idl"\n', "namespace r", "message P { x: geometry.Point }",
-         "message geometry { }"),
-        ('\ninclude "geometry.idl"\n', "namespace r", "message P { x: [geometry.Point] }",
          "service geometry { request { } response { } }")]),
-    Kind("type of another file before a type, without a namespace", WARNING, STATEMENT, PLAIN, [
-        ('\ninclude "geometry.idl"\n', "message P { x: @geometry.Point }", "message geometry { }")]),
     Kind("message used before it by a path", ERROR, STATEMENT, PLAIN, [
         ("namespace r.nav", "message Q { x: @nav.P }", "message P { }"),
         ("namespace r.nav", "message P { x: @r.nav.P }")]),
     Kind("repeated component", VALID, STATEMENT, PLAIN, [
         ("namespace a.b.a", "message P { }", "message Q { x: a.P y: b.a.P z: .a.b.a.P w: [P] }")]),
-    Kind("namespace below zentho", UNSEEN, STATEMENT, PLAIN, [
-        ("namespace zentho.nav", "message P { x: Any }")]),
-    Kind("namespace of the framework", ERROR, STATEMENT, PLAIN, [
-        ("namespace @BytesBuffer.nav", "message P { x: int8 }"), ("namespace @BytesBuffer",
-         "service S { request { } response { } }"),
-        ("namespace @zentho.BytesBuffer", "message P { x: int8 }")]),
 
     # Values.
     Kind("no value", ERROR, VALUE, ANY, words(
@@ -273,7 +163,7 @@ KINDS = [
         "'??' '?' '++' static_cast<int>(1) alignof(int) noexcept(1) (1,2) L'é' u'é'"
         " sizeof(sizeof(int)) decltype(1)(2)")),
     Kind("cast to an enum as a value", COPIED, STATEMENT, ANY, [
-        ("enum E { A: 1 }", "enum F { B: (E)1 C: E(0) D: sizeof(E) I: (E)-1 }")]),
+        ("enum E { A: 1 }", "enum F { B: @(E)1 C: @E(0) D: @sizeof(E) I: @(E)-1 }")]),
     Kind("rare C++ as a value, perhaps not accepted", WARNING, VALUE, ANY, words(
         "f(1) g(1,2) f<1>(2) float(1) sizeof()")),
     Kind("character of some compilers", WARNING, VALUE, ANY, words(r"'\400' '\xffff' L'ab' 'é'")),
@@ -282,105 +172,57 @@ KINDS = [
         ("message P { x: int64 }",
          "enum E { A: SIZE_MAX B: PTRDIFF_MIN C: UINTPTR_MAX D: INT_FAST8_MAX }")]),
     Kind("macro of a literal as a value", COPIED, STATEMENT, ANY, [
-        ("message P { x: [uint8] }", "enum E { A: INT8_C(3) B: UINT64_C(0x10) C: INTMAX_C(1) }")]),
+        ("message P { x: [uint8] }", "enum E { A: @INT8_C(3) B: @UINT64_C(0x10) C: @INTMAX_C(1) }")]),
     Kind("macro of a limit as a value, without an integer", UNSEEN, STATEMENT, NOTHING, [
         "enum E { A: UINT32_MAX }"]),
-    Kind("spaces in a value", ERROR, ITEM_LINE, ANY, ["A: 1 @<< 2", "A: 1 @| 2", "A: 1 @+: @B"]),
-    Kind("equals sign", ERROR, ITEM_LINE, ANY, [
-        "@A @= @1 @B @= @2", "@A=1 @B=2", "A: @=1", "@A=: 1", "@A=1", "@A= @1"]),
-    Kind("comma or semicolon", ERROR, ITEM_LINE, ANY, [
-        "A: @1, B: 2", "A: @1; B: @2;", "A:@0,B:@1", "@A, @B"]),
-    Kind("equals sign in a member", ERROR, MEMBER_LINE, ANY, [
-        "@x @= @int8", "@x=int8", "@x @= @int8 @y @= @int8", "x: int8 @= @3", '@x: @string @= @"a"',
-        "name: string @[default @= @3]"]),
+    Kind("spaces in a value", ERROR, ITEM_LINE, ANY, ["A: 1 @| 2", "A: 1 @+: @B"]),
+    Kind("equals sign", ERROR, ITEM_LINE, ANY, ["A: @=1", "@A=: 1", "@A= @1"]),
+    Kind("comma or semicolon", ERROR, ITEM_LINE, ANY, ["A: @1, B: 2", "A: @1; B: @2;", "@A, @B"]),
     Kind("comma or semicolon in a member", ERROR, MEMBER_LINE, ANY, [
-        "x: @int8, y: int8", "x: @int8; y: @int8;", "x: @string, y: @int8;", "x: @int8,y: @string",
-        "x:@int8;y:@int8", "@x, @y: @int8"]),
+        "x: @int8; y: @int8;", "x: @string, y: @int8;", "x:@int8;y:@int8", "@x, @y: @int8"]),
 
     # Includes and namespaces.
     Kind("include of another file", WARNING, STATEMENT, ANY, [
-        "\ninclude @base.idl\n", "include @'b.idl'", 'include @"b.idl', 'include @"base"',
-        '\ninclude @"a//b.idl"\n', '\ninclude @"a#b.idl"\n', 'include @"v1.2/robot"']),
+        "\ninclude @base.idl\n", "include @'b.idl'", 'include @"b.idl', 'include @"base"']),
     Kind("odd include", FORM, STATEMENT, ANY, [
-        '\ninclude @"b.h"/*.idl"\n', 'include @"a\\b.idl"', 'include @"a"b.idl"',
-        'include @"a\tb.idl"', 'include @"a.idl\r"', 'include @".idl"']),
-    Kind("include with more words", ERROR, STATEMENT_LINE, ANY, [
-        'include @"my @file.idl"', 'include "a/b.idl" @// note', 'include "a.idl" @"b.idl"',
-        'include "a.idl" @;']),
+        'include @"a"b.idl"', 'include @"a\tb.idl"', 'include @"a.idl\r"']),
     Kind("path with other characters", UNSEEN, STATEMENT, ANY, ['include "a\u3000b.idl"']),
-    Kind("namespace with odd dots", WARNING, STATEMENT, PLAIN, [
-        "namespace @a..b", "namespace @a.", "namespace @."]),
-    Kind("dot before a namespace", VALID, STATEMENT, PLAIN, ["namespace .a.b"]),
     Kind("namespace that is no name", ERROR, STATEMENT, PLAIN, [
-        "namespace @a.b;", "namespace @a-b", "namespace @1.0", "namespace @a.int.b",
-        "namespace @a/b", 'namespace @"a"', "namespace @a.b;c", "namespace @r.na°"]),
+        "namespace @1.0", "namespace @a.int.b", 'namespace @"a"', "namespace @a.b;c"]),
     Kind("control character in a namespace", FORM, STATEMENT, PLAIN, [
         "namespace @a\t", "namespace @a.b\r", "namespace @a\u3000b", "namespace @\u1680a.b"]),
-    Kind("namespace with more words", ERROR, STATEMENT_LINE, PLAIN, [
-        "namespace @a::@b", "namespace a.b @{", "namespace a.b @;", "namespace a @b",
-        "namespace @a @= @b"]),
-    Kind("second namespace", ERROR, STATEMENT_LINE, PLAIN, [
-        ("namespace a", "@namespace @a"), ("namespace a.b", "@namespace @c")]),
 
     # Statements.
     Kind("unknown statement", ERROR, STATEMENT_LINE, ANY, [
-        "@struct P { x: int8 }", "@Message P { }", "@mesage P { }", "@};", "@}",
-        '@syntax = "proto3"', "@package a", "@\tmessage P { }",
-        "@message\tP { }", '@import "a.idl"', "@; message P { }",
-        "@\xa0message P { }", "@/* note */", "@option x: int8", "@const MAX: int32 = 10"]),
-    Kind("statement below a namespace", ERROR, STATEMENT_LINE, PLAIN, [
-        ("namespace robot", "@const MAX: int32 = 10"), ("namespace robot", "@option x = y")]),
+        '@syntax = "proto3"', "@; message P { }", "@\xa0message P { }", "@option x: int8"]),
     Kind("text after a name", ERROR, STATEMENT_LINE, ANY, [
-        "message P : @Base { }", "message P @extends Q { }", "enum E : @int8 { A: 1 }",
-        "message P @(x: int8)", "enum @class @E { A: 1 }", "message P @x: int8 }"]),
+        "message P @(x: int8)", "message P @x: int8 }"]),
     Kind("parts of a service", ERROR, STATEMENT_LINE, ANY, [
-        "service S { @response { } request { } }", "service S { @}", "service S { request { } @}",
-        "service S { request { } response { } @request { } }",
-        "service S { request: @P response: Q }", "service S { @x: int8 }",
-        "service S @request { } response { }", "service S { request { } @reponse { } }",
-        "service S { @Request { } response { } }"]),
-    Kind("glued closing brace", BELOW, STATEMENT, ANY, [
-        "message P { x: @int8}", "message P { x: @int8}}", "enum E { A: @1}",
-        "message P { x: int8 @};", "service S { request { x: @int8} response { } }",
-        "service S { request { } response { @}}"]),
-    Kind("glued opening brace", BELOW, STATEMENT, ANY, [
-        "message @P{ x: int8 }", "message @P{\n x: int8 }", "enum @E{ A: 1 }",
-        "service @S{ request { } response { } }", "message P @{{ x: int8 }",
-        "service S { @request{ x: int8 } response { } }"]),
+        "service S { @response { } request { } }", "service S { @}",
+        "service S { request { } response { } @request { } }", "service S { @x: int8 }",
+        "service S @request { } response { }", "service S { @Request { } response { } }"]),
+    Kind("glued brace", BELOW, STATEMENT, ANY, [
+        "message P { x: @int8}", "message P { x: @int8}}", "message P { x: int8 @};",
+        "service S { request { x: @int8} response { } }", "service S { request { } response { @}}",
+        "message P @{{ x: int8 }", "service S { @request{ x: int8 } response { } }"]),
     Kind("missing closing brace", BELOW, STATEMENT, ANY, [
         "message P { x: @int8", "enum E { A: @1", "message P @{",
         "service S { request { } response { @}", "service S { request { x: @int8 response { } }"]),
-    Kind("missing name", BELOW, STATEMENT, ANY, [
-        "@message { x: int8 }", "@enum { A: 1 }", "@service { }"]),
-    Kind("missing type", BELOW, STATEMENT, ANY, [
-        "message P { x: int8 @y: }", "message P { @x }", "message P { @x: y: int8 }"]),
-    Kind("missing value", BELOW, STATEMENT, ANY, [
-        "enum E { @A B C }", "enum E { @A: }", "enum E { @A: B: 1 }"]),
-    Kind("part with another name", BELOW, STATEMENT, ANY, [
-        "service S { request { } response { } @error { } }", "message P { @const @x: int8 }"]),
+    Kind("missing name, type or value", BELOW, STATEMENT, ANY, [
+        "@enum { A: 1 }", "@service { }", "message P { x: int8 @y: }", "message P { @x }",
+        "message P { @x: y: int8 }", "enum E { @A: }", "enum E { @A: B: 1 }"]),
     Kind("cut statement", BELOW, END, ANY, [
         "@message", "@message P", "@message P {", "@include", "@enum E { A", "@message P { x:",
         "service S { request { @}", "service S { request { } response { @}"]),
-    Kind("two colons", FORM, MEMBER_LINE, ALONE, ["@p: @a::B @q: @a::B", "@p: @[a::B]"]),
-    Kind("two colons once", BELOW, STATEMENT, ANY, [
-        "message P { @p: a::B }", "message P { x: int8 @y: .a::B }"]),
 
     # Comments.
-    Kind("colons before a comment", VALID, MEMBER, ANY, [
-        "\nx: int8::# note\n", "\nx: int8::// note\n"]),
     Kind("C comment", BELOW, MEMBER, ANY, [
         "@/* note */ x: int8", "@/* a note */ x: int8", "x: int8 @/* a */", "@x: int8/* c */"]),
-    Kind("C comment in an enum", BELOW, ITEM, ANY, ["A: 1 @/* foo */", "@/* foo */ A: 1"]),
-    Kind("hash in a // comment", ERROR, MEMBER, ANY, ["\nx: int8 @// see #4\n"]),
-    Kind("hash before include", VALID, STATEMENT, ANY, ['\n#include "a.idl"\n']),
-    Kind("hash before include, and its type", ERROR, STATEMENT, ALONE, [
-        ('\n#include "geometry.idl"\n', "message P { x: @geometry.Point }")]),
 
     # Changes of a whole file.
     Kind("dropped brace", BELOW, DROP, ANY, ["}", "{"]),
     Kind("dropped type or value", BELOW, DROP, ANY, ["type"]),
     Kind("doubled brace", BELOW, DOUBLE, ANY, ["}", "{"]),
-    Kind("byte order mark", ERROR, CHANGE, ANY, ["bom"]),
-    Kind("carriage returns", FORM, CHANGE, ANY, ["crlf"]),
-    Kind("tab before a line", FORM, CHANGE, ANY, ["tab"]),
+    Kind("byte order mark", ERROR, CHANGE, ANY, ["@\ufeff".__add__]),
+    Kind("carriage returns", FORM, CHANGE, ANY, [add_carriage_returns]),
 ]

@@ -1,41 +1,93 @@
 #!/usr/bin/env python3
 """Shows how well idlgen-header tells several mistakes in one run.
 
-mistakes.py BUILD [--count N] [--seed S] [--jobs J] [--show N]
-
-Makes valid IDL files like those of robots and puts 1, 3 or 6 mistakes into each, on lines of their
-own: lines of other languages, and slips. Prints for each number of mistakes
+Makes valid IDL files like those of most people and puts 1, 3 or 6 mistakes into each, on lines of
+their own: lines of other languages, and slips. In some files, right declarations share lines.
+Prints for each kind of files
 
 - "told": how many of the lines with a mistake have an error or a warning
 - "true": how many of the lines with an error or a warning have a mistake
 
 and how many messages a single brace too many or too few gives. The status is 1 if a figure is worse
-than wanted. --show prints some files of which a line is not told or another one is.
+than wanted.
 """
-import argparse
 import collections
 import concurrent.futures
 import functools
+import itertools
 import pathlib
 import random
-import subprocess
+import re
 import sys
 import tempfile
 
 import habits
+from comparison import parse_options
 from messages import read_messages
-from robots import Line, RobotFile
+from sources import Source
+from tools import run
 
-WANTED = {1: (1.00, 0.99), 3: (0.98, 0.97), 6: (0.97, 0.97)}
-BRACE = -1  # Instead of a number of mistakes.
-WANTED_FOR_BRACE = 2
+# A kind of files: how many mistakes each has, whether declarations share lines, and what is wanted.
+Kind = collections.namedtuple("Kind", "name mistakes joined told true")
+KINDS = [Kind("1", 1, False, 1.00, 0.99), Kind("3", 3, False, 0.98, 0.97),
+         Kind("6", 6, False, 0.97, 0.97), Kind("3, joined", 3, True, 0.98, 0.97)]
+NONE, BRACE = Kind("none", 0, True, 0, 0), Kind("brace", 1, False, 0, 0)
+WANTED_FOR_BRACE = 2  # Messages at most.
+
+# A line of a file. `role` is "include", "namespace", "gap" (between statements), "enum", "message",
+# "service", "part" (the head of a request or response), "member", "item", "end" or "other". A line
+# with a declaration has its name, and a member its type, an item its value.
+Line = collections.namedtuple("Line", "role text name value", defaults=("", ""))
 
 # How often a mistake is in a line of this role, or in place of two lines, or a list of its own.
 WEIGHTS = {"member": 10, "item": 5, "gap": 5, "enum": 2, "message": 3, "service": 2, "part": 2,
            "end": 1, "include": 2, "namespace": 2, "last member": 1, "inner list": 1,
            "outer list": 1}
 
-File = collections.namedtuple("File", "text mistakes")  # `mistakes`: the forms, by line number.
+ENDED = ["member", "item", "gap", "include", "namespace"]  # May also end with ";" or ",".
+
+INCLUDED = {"common/geometry.idl": ["geometry", "Pose", "Vector3"],
+            "std/time.idl": ["std_msgs", "Time", "Header"],
+            "planning/path.msg": ["planning", "Path", "Segment"]}
+NAMESPACES = ["robot", "robot.nav", "fleet.msgs", "vehicle.control", "arm"]
+COMMENTS = ["in metres", "radians", "since start-up", "see the manual: 4.2", "m/s", "TODO: unit?"]
+
+
+def lines_of(statements, rng):
+    """Returns the lines of the statements in a usual layout."""
+    separator = rng.choice([": ", ": ", ": ", ":", " : ", " "])
+    mark = rng.choice(["#", "#", "//"])
+    lines, indent = [Line("other", f"{mark} Messages of the robot.")], ""
+    for statement in statements:
+        role = "item" if statement[0].startswith("enum") else "member"
+        if role == "member" and 1 < len(statement) < 5 and rng.random() < 0.3:
+            statement = [" ".join(statement)]
+        for text in statement:
+            first, *words = text.split(" ")
+            if text == "}":
+                indent = indent[4:]
+                lines.append(Line("end", indent + text))
+            elif first[-1] == ":":
+                comment = f"  {mark} {rng.choice(COMMENTS)}" if rng.random() < 0.2 else ""
+                text = indent + first[:-1] + separator + words[0] + comment
+                lines.append(Line(role, text, first[:-1], words[0]))
+            elif text[-1] == "{" and indent:
+                lines.append(Line("part", indent + text, first))
+            else:
+                lines.append(Line("other" if text[-1] == "}" else first, text, words[0].strip('"')))
+            indent += "    " * (text[-1] == "{")
+        lines.append(Line("gap", ""))
+    return lines
+
+
+def make_lines(rng):
+    """Returns the lines of a valid file, and whether it includes others."""
+    paths = rng.sample(sorted(INCLUDED), rng.choice([0, 0, 0, 1, 2]))
+    included = [((INCLUDED[path][0],), name) for path in paths for name in INCLUDED[path][1:]]
+    namespace = tuple(rng.choice(NAMESPACES).split(".")) if rng.random() < 0.7 else ()
+    source = Source(rng, itertools.count(1), namespace, included, dots=False, plain=True)
+    includes = [[f'include "{path}"'] for path in paths]
+    return lines_of(includes + source.statements, rng), bool(paths)
 
 
 def place_of(lines, i, rng):
@@ -48,16 +100,6 @@ def place_of(lines, i, rng):
     if role == "member":
         return rng.choice(["member"] * 9 + ["inner list"])
     return role if role in WEIGHTS else ""
-
-
-def forms_of(place, has_includes):
-    """Returns the forms of a kind of mistake: lists of lines, of which the first is wrong."""
-    if place.endswith("list"):
-        return habits.INNER_LISTS if place == "inner list" else habits.OUTER_LISTS
-    lines = {"member": habits.MEMBERS + ([] if has_includes else habits.UNKNOWN_TYPES),
-             "last member": habits.LAST_MEMBERS, "item": habits.ITEMS, "gap": habits.STATEMENTS,
-             "end": habits.ENDS, "include": habits.INCLUDES, "namespace": habits.NAMESPACES}
-    return [[line] for line in lines.get(place, habits.HEADS.get(place, []))]
 
 
 def fill(text, line, earlier, number):
@@ -86,31 +128,38 @@ def earlier_name(lines, i, chosen):
     return ""
 
 
-def put_mistakes(file, chosen, rng):
-    """Returns the text of the file with a mistake at each of the chosen lines."""
-    replaced, names = {}, {}  # The lines in place of a line, and the form of its mistake.
-    for i, place in chosen.items():
-        line, earlier = file.lines[i], earlier_name(file.lines, i, chosen)
-        form = rng.choice([form for form in forms_of(place, file.has_includes)
-                           if earlier or "{earlier}" not in form[0]])
+def put_mistakes(lines, has_includes, chosen, joined, rng):
+    """Returns the text of the lines with a mistake at each of the chosen ones, and the forms of
+    the mistakes by line number."""
+    text, mistakes, may_join = [], {}, False
+    for i, line in enumerate(lines):
+        if chosen.get(i - 1) == "last member":
+            continue
+        if i not in chosen:
+            if joined and may_join and rng.random() < 0.6:
+                text[-1] += (" " + line.text.strip()).rstrip(" ")
+            else:
+                text.append(line.text)
+            # After a comment, and before "//" after a path, nothing else can stand.
+            may_join = not re.search("[#/]", line.text)
+            continue
+        place, earlier = chosen[i], earlier_name(lines, i, chosen)
+        forms = habits.FORMS[place]
+        if place == "member" and not has_includes:
+            forms = forms + habits.FORMS["unknown type"]
+        form = rng.choice([form for form in forms if earlier or "{earlier}" not in form[0]])
+        mistakes[len(text) + 1] = f"{place}: {form[0]}"
         indent = line.text[:len(line.text) - len(line.text.lstrip())]
-        names[i] = f"{place}: {form[0]}"
-        replaced[i] = [indent + fill(part, line, earlier, i) for part in form]
-        if place in ("inner list", "gap", "outer list"):
-            replaced[i].append(line.text)
-        if place == "last member":
-            replaced[i + 1] = []
-    text, mistakes = [], {}
-    for i, line in enumerate(file.lines):
-        if i in names:
-            mistakes[len(text) + 1] = names[i]
-        text += replaced.get(i, [line.text])
-    return File("\n".join(text) + "\n", mistakes)
+        text += [indent + fill(part, line, earlier, i) for part in form]
+        if place in ENDED and text[-1][-1] not in ";,{*/" and rng.random() < 0.2:
+            text[-1] += rng.choice(";,")
+        text += [line.text] if place in ("inner list", "gap", "outer list") else []
+        may_join = False
+    return "\n".join(text) + "\n", mistakes
 
 
-def put_brace(file, rng):
-    """Returns the text of the file with a brace too few or too many, or a nested declaration."""
-    lines = file.lines
+def put_brace(lines, rng):
+    """Does the same with a brace too few or too many, or a nested declaration."""
     i = rng.choice([i for i, line in enumerate(lines)
                     if line.role in ("enum", "message", "service", "part", "end", "member")])
     line = lines[i]
@@ -121,104 +170,78 @@ def put_brace(file, rng):
         lines.insert(i + 1, Line("other", line.text.strip()[-1]))
     else:
         lines[i] = line._replace(text=line.text[:-1])
-    return File("\n".join(line.text for line in lines) + "\n", {i + 1: "a brace"})
+    return "\n".join(line.text for line in lines) + "\n", {i + 1: "a brace"}
 
 
-def make(count, rng):
+def make(kind, rng):
     while True:
-        file = RobotFile(rng)
-        if count == BRACE:
-            return put_brace(file, rng)
-        chosen = choose(file.lines, count, rng)
+        lines, has_includes = make_lines(rng)
+        if kind == BRACE:
+            return put_brace(lines, rng)
+        chosen = choose(lines, kind.mistakes, rng)
         if chosen is not None:
-            return put_mistakes(file, chosen, rng)
-
-
-class Figures:
-    """What was said about files with one number of mistakes."""
-
-    def __init__(self):
-        self.files = self.mistakes = self.told = self.lines = 0
-        self.most_messages = 0
-
-    def add(self, mistakes, lines, messages):
-        self.files += 1
-        self.mistakes += len(mistakes)
-        self.told += len(lines & mistakes.keys())
-        self.lines += len(lines)
-        self.most_messages = max(self.most_messages, len(messages))
-
-    def ratios(self):
-        return self.told / max(1, self.mistakes), self.told / max(1, self.lines)
+            return put_mistakes(lines, has_includes, chosen, kind.joined, rng)
 
 
 def try_file(program, directory, task):
-    """Makes a file with a number of mistakes and runs idlgen-header. Returns all about it."""
-    seed, count = task
-    file = make(count, random.Random(seed))
+    """Makes a file of a kind and runs idlgen-header. Returns all about it."""
+    seed, kind = task
+    text, mistakes = make(kind, random.Random(seed))
     path = directory / f"{seed.replace('/', '_')}.idl"
-    path.write_bytes(file.text.encode())
-    result = subprocess.run([program, path.name, path.stem + ".h"], cwd=directory, timeout=60,
-                            stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
+    path.write_bytes(text.encode())
+    result = run(directory, program, path.name, path.stem + ".h")
     path.unlink()
     said = result.stderr.decode(errors="replace")
-    messages, faults = read_messages(said, {path.name: file.text})
+    messages, faults = read_messages(said, {path.name: text})
     if result.returncode != any(message.severity == "error" for message in messages):
         faults.append(f"status {result.returncode}")
-    if bool(messages) != bool(file.mistakes):
-        faults.append(f"{len(messages)} messages about {len(file.mistakes)} mistakes")
-    return count, file, said, messages, faults
+    if bool(messages) != bool(mistakes):
+        faults.append(f"{len(messages)} messages about {len(mistakes)} mistakes")
+    report = "\n".join([f"{text}---- mistakes: {mistakes}", said, *faults])
+    return kind, mistakes, messages, report, bool(faults)
 
 
-def is_good(count, figures):
-    if count not in WANTED:
-        return figures.most_messages <= WANTED_FOR_BRACE
-    # As they are printed.
-    return all(round(ratio, 2) >= wanted for ratio, wanted in zip(figures.ratios(), WANTED[count]))
-
-
-def report(figures, missed):
+def print_figures(figures, missed):
     """Prints the figures. Returns whether one is worse than wanted."""
-    print("mistakes  files  told  wanted  true  wanted")
-    for count, wanted in WANTED.items():
-        told, true = figures[count].ratios()
-        print(f"{count:8} {figures[count].files:6} {told:5.2f} {wanted[0]:7.2f} {true:5.2f}"
-              f" {wanted[1]:7.2f}")
-    most = figures[BRACE].most_messages
-    print(f"   brace {figures[BRACE].files:6}  {most} messages at most, wanted {WANTED_FOR_BRACE}")
+    is_worse = False
+    print(" mistakes  files  told  wanted  true  wanted")
+    for kind in KINDS:
+        files, mistakes, lines, told = (figures[kind][key]
+                                        for key in ("files", "mistakes", "lines", "told"))
+        ratios = [round(told / max(1, all), 2) for all in (mistakes, lines)]
+        print(f"{kind.name:>9} {files:6} {ratios[0]:5.2f} {kind.told:7.2f} {ratios[1]:5.2f}"
+              f" {kind.true:7.2f}")
+        is_worse = is_worse or ratios[0] < kind.told or ratios[1] < kind.true
     for form, count in missed.most_common(10):
         print(f"{count} times not told: {form}")
-    return not all(is_good(count, figures[count]) for count in figures)
+    return is_worse
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("build", type=pathlib.Path)
-    parser.add_argument("--count", type=int, default=1000)
-    parser.add_argument("--seed", default="1")
-    parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--show", type=int, default=0)
-    options = parser.parse_args()
+    options = parse_options(
+        1000, show=(0, "how many files to print of which a line is not told, or another one is"))
     program = options.build.resolve() / "idlgen/idlgen-header"
-    numbers = [*WANTED] * 4 + [BRACE] * 4 + [0]
-    tasks = [(f"{options.seed}/{i}", numbers[i % len(numbers)]) for i in range(options.count)]
-
-    figures = {count: Figures() for count in [*WANTED, BRACE, 0]}
-    missed, shown, has_faults = collections.Counter(), 0, False
+    kinds = [*KINDS, KINDS[0], BRACE] * 4 + [NONE]
+    tasks = [(f"{options.seed}/{i}", kinds[i % len(kinds)]) for i in range(options.count)]
+    figures, missed = collections.defaultdict(collections.Counter), collections.Counter()
+    shown, most, is_bad = 0, 0, False
     with tempfile.TemporaryDirectory() as temporary, \
             concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
-        run = functools.partial(try_file, program, pathlib.Path(temporary))
-        for count, file, said, messages, faults in pool.map(run, tasks):
+        try_task = functools.partial(try_file, program, pathlib.Path(temporary))
+        for kind, mistakes, messages, report, has_faults in pool.map(try_task, tasks):
             lines = {message.line for message in messages}
-            figures[count].add(file.mistakes, lines, messages)
-            if count in WANTED:
-                missed.update(form for line, form in file.mistakes.items() if line not in lines)
-            has_faults = has_faults or bool(faults)
-            is_right = lines == file.mistakes.keys() or count == BRACE and len(messages) <= 2
-            if faults or not is_right and shown < options.show:
+            most = max(most, len(messages) * (kind == BRACE))
+            figures[kind].update(files=1, mistakes=len(mistakes), lines=len(lines),
+                                 told=len(lines & mistakes.keys()))
+            if kind != BRACE:
+                missed.update(form for line, form in mistakes.items() if line not in lines)
+            is_right = lines == mistakes.keys() or kind == BRACE
+            if has_faults or not is_right and shown < options.show:
                 shown += 1
-                print(f"{file.text}---- mistakes: {file.mistakes}\n{said}", *faults, sep="\n")
-    return report(figures, missed) or has_faults
+                print(report)
+            is_bad = is_bad or has_faults
+    print(f"At most {most} messages about a brace, wanted: {WANTED_FOR_BRACE}.")
+    return print_figures(figures, missed) or is_bad or most > WANTED_FOR_BRACE
 
 
 if __name__ == "__main__":

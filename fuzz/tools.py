@@ -31,7 +31,7 @@ class Tools:
     def write_files(directory, texts):
         for path, text in texts.items():
             (directory / path).parent.mkdir(parents=True, exist_ok=True)
-            (directory / path).write_bytes(text.encode())
+            (directory / path).write_bytes(text.encode(errors="surrogateescape"))
 
     def make_header(self, directory, path):
         """Runs idlgen. Returns whether it succeeds."""

@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
 """Compares what idlgen-header --check says about trees of files with g++ and clang++.
 
-trees.py BUILD [--count N] [--seed S] [--jobs J] [--keep DIR] [--kind TEXT] [--compilers-only]
-
-Makes trees of 2 to 6 IDL files that include each other, with at most one mistake, of the kinds in
-tree_kinds.py. A disagreement is any of these:
+Makes trees of 2 to 6 IDL files that include each other: valid ones, ones with a mistake, of the
+kinds in tree_kinds.py, and the cases of the tests among random files and statements. A disagreement
+is any of these:
 
 - an error in a file whose header a compiler accepts
 - a file of which nothing is said, nor of what it includes, whose header a compiler rejects
@@ -13,21 +12,19 @@ tree_kinds.py. A disagreement is any of these:
 - a message without excerpt or with a place that does not exist, more than 20 messages about a file
 
 Prints each disagreement, then a table of the kinds. The status is 1 if there is a disagreement.
---keep copies the files of the disagreements. --kind selects the kinds whose name has the text.
---compilers-only does not run idlgen-header.
 """
-import collections
-import functools
 import itertools
 import os.path
+import re
 import sys
 
-from comparison import compare, parse_options
-from kinds import ERROR, UNSEEN, VALID, WARNING
+from cases import CASES, take_marks
+from comparison import compare, judge_messages
+from kinds import FORM, TOLD, UNSEEN, VALID
 from messages import read_messages
 from sources import Source, render, words_of
 from tools import run
-from tree_kinds import TREES
+from tree_kinds import TREES, Tree
 
 ROOTS = ["src", "lib"]
 DIRECTORIES = ["src", "src/geo", "src/nav/msgs", "lib", "lib/common"]
@@ -36,19 +33,11 @@ STEMS = "geometry waypoint odometry steering batteries gripper".split()
 COMPONENTS = ["fleet", "arm", "core", "größe", "x1"]
 FLAGS = [flag for root in ROOTS for flag in ("-I", root)]
 
-SourceTree = collections.namedtuple("SourceTree", "paths texts includes marks")
-"""The path of each file by its name. By path: text, included paths, and lines with a mistake."""
-
-
-def with_slip(rng, path):
-    """Returns the path with a slip in the name of the file, but not in its first letter."""
-    directory, name = os.path.split(path)
-    stem, extension = os.path.splitext(name)
-    i = rng.randrange(1, len(stem) - 1)
-    slips = [stem[:i] + stem[i + 1:], stem[:i] + "q" + stem[i:], stem[:i] + "q" + stem[i + 1:],
-             stem[:i] + stem[i + 1] + stem[i] + stem[i + 2:]]
-    slip = rng.choice([slip for slip in slips if slip != stem])
-    return os.path.join(directory, slip + extension)
+# Cases whose messages depend on the whole of their files.
+UNFILLED = [f"case {name}" for name in """CarriageReturns HiddenLibrary NamesOfTheFramework
+    NamespaceThatHidesTheLibrary TypesBelow""".split()]
+# One of its files is a directory's name for another.
+LEFT_OUT = ["case MisspeltIncludes"]
 
 
 class TreeMaker:
@@ -58,31 +47,30 @@ class TreeMaker:
         self.rng, self.kind, self.numbers = rng, kind, itertools.count(1)
         self.statements = {name: list(texts) for name, texts in kind.files.items()}
         self.add_surroundings()
-        stems = rng.sample(STEMS, len(self.statements))
-        self.paths = {name: f"{rng.choice(DIRECTORIES)}/{stem}.{rng.choice(['idl', 'idl', 'msg'])}"
-                      for name, stem in zip(self.statements, stems)}
+        # The files of a case have their own paths.
+        directory, stems = rng.choice(DIRECTORIES), iter(rng.sample(STEMS, 6))
+        self.paths = {name: f"{directory}/{name}" if "." in name else
+                      f"{rng.choice(DIRECTORIES)}/{next(stems)}.{rng.choice(['idl', 'idl', 'msg'])}"
+                      for name in self.statements}
 
-    def source(self, namespace=(), types=(), dots=False):
-        return Source(self.rng, self.numbers, namespace, types, dots).statements
+    def source(self, namespace=(), types=()):
+        return Source(self.rng, self.numbers, namespace, types, dots=False)
 
     def add_surroundings(self):
         """Adds statements to the files of the kind, files that they include, and a user of them."""
         rng, kind = self.rng, self.kind
-        if kind.filled:
-            for texts in self.statements.values():
-                more = [" ".join(text) for text in self.source()]
-                places = sorted(rng.choices(range(len(texts) + 1), k=len(more)), reverse=True)
-                for place, text in zip(places, reversed(more)):
-                    texts.insert(place, text)
-        room = 6 - len(kind.files)
+        room = max(1, 6 - len(kind.files))
         extra = self.add_valid_files(rng.randint(0, room - 1) if kind.files else rng.randint(2, 6))
-        for name in kind.files:
-            for other in extra:
-                if rng.random() < 0.3:
-                    texts = self.statements[name]
-                    texts.insert(rng.randint(0, len(texts)), f"include {other}")
+        for name in kind.files if kind.filled else ():
+            texts = self.statements[name]
+            more = [f"include {other}" for other in extra if rng.random() < 0.3]
+            more += [" ".join(text) for text in self.source().statements]
+            places = sorted(rng.choices(range(len(texts) + 1), k=len(more)), reverse=True)
+            for place, text in zip(places, reversed(more)):
+                texts.insert(place, text)
         if kind.files and (len(self.statements) == 1 or rng.random() < 0.5):
-            self.statements["user"] = ["include a", *map(" ".join, self.source(("user",)))]
+            self.statements["user"] = [f"include {next(iter(kind.files))}",
+                                       *map(" ".join, self.source(("user",)).statements)]
 
     def add_valid_files(self, count):
         """Adds files that include each other and use each other's types. Returns their names."""
@@ -93,147 +81,101 @@ class TreeMaker:
         for i in range(count):
             included = [name for name in visible if rng.random() < 0.5]
             types = list(dict.fromkeys(itertools.chain(*(visible[name] for name in included))))
-            source = Source(rng, self.numbers, rng.choice(namespaces), types)
+            source = self.source(rng.choice(namespaces), types)
             visible[f"valid{i}"] = source.types
             self.statements[f"valid{i}"] = [f"include {name}" for name in included] + [
                 " ".join(text) for text in source.statements]
         return list(visible)
 
-    def include(self, path, what):
-        """Returns an include statement of the file at the path, and the included path."""
-        if what[0] == '"':
-            return f"include {what}", None
-        mark, what = ("@", what[1:]) if what[0] == "@" else ("", what)
-        rng, name = self.rng, what.split(" ")[-1]
+    def include(self, path, name):
+        """Returns a path in quotes or brackets by which the file at the path includes another."""
         other = self.paths[name]
-        form = os.path.relpath(other, other.split("/")[0])
         beside = os.path.relpath(other, os.path.dirname(path))
-        if rng.random() < (0.1 if beside.startswith("..") else 0.5):
-            form = beside
-        if what != name:
-            return f'include {mark}"{with_slip(rng, form)}"', None
-        path = f'"{form}"' if rng.random() < 0.8 else f"<{form}>"
-        return f"include {mark}{path}", other
+        is_beside = self.rng.random() < (0.1 if beside.startswith("..") else 0.5)
+        form = beside if is_beside else os.path.relpath(other, other.split("/")[0])
+        return f'"{form}"' if self.rng.random() < 0.8 else f"<{form}>"
 
     def make(self):
-        texts, includes, marks = {}, {}, {}
+        """Returns the texts by path, and the marks by path."""
+        texts, marks = {}, {}
         for name, path in self.paths.items():
-            statements, includes[path] = [], []
-            for text in self.statements[name]:
-                if text.startswith("include "):
-                    text, other = self.include(path, text[len("include "):])
-                    includes[path] += [other] if other else []
-                statements.append(text)
-            text = render(self.rng, words_of([statements]))
-            marks[path] = [text[:i].count("\n") + 1
-                           for i, letter in enumerate(text) if letter == "@"]
-            texts[path] = text.replace("@", "")
-        return SourceTree(self.paths, texts, includes, marks)
+            statements = [re.sub("^include (@?)([a-z0-9.]+)$",
+                                 lambda match: f"include {match[1]}{self.include(path, match[2])}",
+                                 text) for text in self.statements[name]]
+            texts[path], marks[path] = take_marks(render(self.rng, words_of([statements])))
+        return texts, marks
 
 
-def seen_from(tree, path):
+def seen_from(texts, path):
     """Returns the path and all that its file includes, also indirectly."""
-    seen, rest = set(), [path]
+    seen, rest = set(), {path}
     while rest:
         path = rest.pop()
-        if path not in seen:
-            seen.add(path)
-            rest += tree.includes[path]
+        seen.add(path)
+        forms = re.findall('["<]([a-z0-9_./]+)[">]', texts[path])
+        included = {os.path.normpath(os.path.join(directory, form)) for form in forms
+                    for directory in (os.path.dirname(path), *ROOTS)}
+        rest |= included & texts.keys() - seen
     return seen
 
 
-def judge_compilers(kind, tree, rejected):
-    """Returns whether the compilers do not say what the kind expects."""
-    wrong = []
-    if kind.expected == VALID:
-        wrong += [f"compilers: not all accept {path}" for path in rejected if rejected[path]]
-    if kind.expected == ERROR:
-        path = next(path for path in tree.texts if tree.marks[path])
-        if len(rejected[path]) < 2:
-            wrong.append(f"compilers: not all reject {path}")
-    return wrong
-
-
-def judge_messages(kind, tree, messages):
-    """Returns how the messages differ from what the kind expects."""
-    marked = [path for path in tree.texts if tree.marks[path]]
-    wrong = [f"at another place: {message.sentence}" for message in messages
-             if message.line not in tree.marks[message.path]]
-    severities = {message.path: set() for message in messages}
-    for message in messages:
-        severities[message.path].add(message.severity)
-    wrong += [f"nothing is said of {path}" for path in marked if path not in severities]
-    said = severities.get(marked[0], set()) if marked else set()
-    if kind.expected == WARNING and said - {"warning"} or kind.expected == ERROR and (
-            "error" not in said):
-        wrong.append(f"severity, expected: {kind.expected}")
-    return wrong
-
-
-def judge_agreement(kind, tree, rejected, messages):
+def judge_agreement(kind, texts, rejected, messages):
     """Returns where messages and compilers contradict each other."""
     wrong, told = [], {message.path for message in messages}
     errors = {message.path for message in messages if message.severity == "error"}
     for path in rejected:
-        if path in errors and len(rejected[path]) < 2:
+        if path in errors and len(rejected[path]) < 2 and kind.expected != FORM:
             wrong.append(f"error, but a compiler accepts {path}")
-        if rejected[path] and not told & seen_from(tree, path) and kind.expected != UNSEEN:
+        if rejected[path] and not told & seen_from(texts, path) and kind.expected != UNSEEN:
             wrong.append(f"nothing is said of {path}, which {', '.join(rejected[path])} rejects")
     return wrong
 
 
-def make_headers(tools, directory, tree):
-    """Runs idlgen on all files. Returns the path of each header, by the path of the IDL file."""
-    headers = {path: os.path.splitext(path)[0] + ".h" for path in tree.texts}
-    tools.write_files(directory, tree.texts)
+def judge_messages_by_path(kind, marks, messages):
+    """Returns how the messages differ from what the kind expects."""
+    wrong, expected = [], kind.expected
+    for path, marks_here in marks.items():
+        is_first = any(severity != "warning" for _, severity in marks_here)
+        about = [message for message in messages if message.path == path]
+        here = expected if is_first else TOLD if marks_here else VALID
+        wrong += [f"{path}: {text}" for text in judge_messages(here, marks_here, about)]
+        # The kind says what is expected in the first of the wrong files.
+        expected = TOLD if is_first else expected
+    return wrong
+
+
+def try_tree(tools, directory, rng, kind):
+    """Makes a tree of a kind and checks it. Returns what is wrong, and what is said."""
+    maker = TreeMaker(rng, kind)
+    texts, marks = maker.make()
+    tools.write_files(directory, texts)
     for root in ROOTS:
         (directory / root).mkdir(exist_ok=True)
-    if "b" in tree.paths:  # A header that no IDL file gives.
-        header = os.path.relpath(headers[tree.paths["b"]], ROOTS[0])
-        text = f'#pragma once\n#include "{header}"\n'
-        tools.write_files(directory, {f"{ROOTS[0]}/all.h": text})
-    for path in tree.texts:
+    for path in texts:
         tools.make_header(directory, path)
-    return headers
-
-
-def check(tools, directory, rng, tree):
-    """Runs idlgen-header on all files. Returns its messages, what is wrong, and what it said."""
-    order = rng.sample(sorted(tree.texts), len(tree.texts))
+    # Of a tree with a mistake, the files that do not see it need no compiler.
+    rejected = {path: tools.compile(directory, os.path.splitext(path)[0] + ".h", *FLAGS)
+                for name, path in maker.paths.items()
+                if not kind.files or not name.startswith("valid")}
+    order = rng.sample(sorted(texts), len(texts))
     told = run(directory, tools.checker, "--check", *FLAGS, *order)
     said = told.stderr.decode(errors="replace")
-    messages, wrong = read_messages(said, tree.texts)
+    messages, wrong = read_messages(said, texts)
     if told.returncode != any(message.severity == "error" for message in messages) or told.stdout:
         wrong.append(f"status {told.returncode}, or standard output")
-    return messages, wrong, said
-
-
-def try_tree(with_check, tools, directory, rng, kind):
-    """Makes a tree of a kind and checks it. Returns the report of disagreements, and exactness."""
-    tree = TreeMaker(rng, kind).make()
-    headers = make_headers(tools, directory, tree)
-    # Of a tree with a mistake, the files that do not see it need no compiler.
-    rejected = {path: tools.compile(directory, headers[path], *FLAGS)
-                for name, path in tree.paths.items()
-                if not kind.files or not name.startswith("valid")}
-    wrong, messages, said = judge_compilers(kind, tree, rejected), [], ""
-    if with_check:
-        messages, faults, said = check(tools, directory, rng, tree)
-        wrong += faults + judge_messages(kind, tree, messages)
-        wrong += judge_agreement(kind, tree, rejected, messages)
-    report = ["; ".join(wrong)]
-    report += [f"-- {path} (mistakes: {tree.marks[path]})\n{text}"
-               for path, text in tree.texts.items()]
-    report += [f"---- {compiler}: {path}: {reason}" for path, reasons in rejected.items()
-               for compiler, reason in reasons.items()]
-    report.append(f"---- idlgen-header:\n{said}")
-    is_exact = bool(messages) and messages[0].line in tree.marks[messages[0].path]
-    return "\n".join(report) if wrong else "", is_exact
+    wrong += judge_messages_by_path(kind, marks, messages)
+    wrong += judge_agreement(kind, texts, rejected, messages)
+    return wrong, [*(f"-- {path} (marks: {marks[path]})\n{text}" for path, text in texts.items()),
+                   *(f"---- {compiler}: {path}: {reason}" for path, reasons in rejected.items()
+                     for compiler, reason in reasons.items()),
+                   f"---- idlgen-header:\n{said}"]
 
 
 def main():
-    options = parse_options(compilers_only="do not run idlgen-header")
-    return compare(options, TREES, functools.partial(try_tree, not options.compilers_only))
+    cases = [Tree(case.name, case.expected, case.files,
+                  not case.is_open and case.name not in UNFILLED)
+             for case in CASES if len(case.files) > 1 and case.name not in LEFT_OUT]
+    return compare(TREES, cases, try_tree)
 
 
 if __name__ == "__main__":
