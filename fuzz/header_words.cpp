@@ -80,7 +80,7 @@ void checkWords(const Schema& schema) {
       check(IsValue(item.value), "a value ends before its comma");
     }
   }
-  for (const Message& message : schema.messages) {
+  for (const zentho::Message& message : schema.messages) {
     check(IsName(message.name), "the name of a message is one in the header");
     checkMembers(message.members);
   }
