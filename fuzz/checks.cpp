@@ -116,7 +116,9 @@ std::string PathOf(std::string_view line) {
   for (const char* part : {"//", "/.", "./"}) {
     if (between.find(part) != std::string::npos) return {};
   }
-  const bool isPath = path.find_first_not_of("abcdefghijklmnopqrstuvwxyz./") == std::string::npos;
+  // Two files that differ only in what follows the last dot would have one header.
+  const bool isPath = path.find_first_not_of("abcdefghijklmnopqrstuvwxyz./") == std::string::npos &&
+                      path.size() > 4 && path.compare(path.size() - 4, 4, ".idl") == 0;
   return isPath ? path : std::string();
 }
 
