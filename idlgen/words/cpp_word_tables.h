@@ -1,10 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <string_view>
 
-#include "words/cpp_words.h"
 #include "words/tables.h"
 
 namespace zentho::idlgen {
@@ -32,39 +29,6 @@ inline constexpr auto otherKeywords = Table<std::string_view>(
      "return",       "static",  "static_assert", "struct",   "switch",    "template", "this",
      "thread_local", "throw",   "true",          "try",      "typedef",   "typename", "union",
      "using",        "virtual", "void",          "volatile", "while",     "xor",      "xor_eq"});
-
-struct KeywordRow {
-  std::string_view word;
-  Keyword kind;
-};
-
-constexpr bool operator<(const KeywordRow& a, const KeywordRow& b) {
-  return a.word < b.word;
-}
-
-/// Returns all of them in alphabetical order.
-constexpr auto SortedKeywords() {
-  std::array<KeywordRow, typeKeywords.size() + callKeywords.size() + castKeywords.size() +
-                             laterKeywords.size() + otherKeywords.size()>
-      rows{};
-  std::size_t count = 0;
-  const auto add = [&](const auto& words, Keyword kind) {
-    for (const std::string_view word : words) {
-      std::size_t i = count++;
-      for (; i > 0 && word < rows[i - 1].word; --i) rows[i] = rows[i - 1];
-      rows[i] = {word, kind};
-    }
-  };
-  add(typeKeywords, Keyword::Type);
-  add(callKeywords, Keyword::Call);
-  add(castKeywords, Keyword::Cast);
-  add(laterKeywords, Keyword::Cpp20);
-  add(otherKeywords, Keyword::Other);
-  return rows;
-}
-
-inline constexpr auto keywords = SortedKeywords();
-static_assert(IsSorted(keywords));
 
 /// The types of <cstdint> and <cstddef>.
 inline constexpr auto libraryTypes = Table<std::string_view>(

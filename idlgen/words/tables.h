@@ -15,15 +15,6 @@ constexpr std::array<Row, Size> Table(const Row (&rows)[Size]) {
   return table;
 }
 
-/// Returns whether the rows are in ascending order and differ, so that they can be binary-searched.
-template <typename Row, std::size_t Size>
-constexpr bool IsSorted(const std::array<Row, Size>& table) {
-  for (std::size_t i = 1; i < Size; ++i) {
-    if (!(table[i - 1] < table[i])) return false;
-  }
-  return true;
-}
-
 /// Returns whether the value is one of the rows.
 template <typename Row, std::size_t Size, typename Value>
 bool Contains(const std::array<Row, Size>& table, const Value& value) {

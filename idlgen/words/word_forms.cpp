@@ -87,15 +87,17 @@ bool IsPunctuation(std::string_view word) {
 }
 
 std::string MeantName(std::string_view word) {
-  std::size_t begin = word.size();
-  std::size_t end = 0;
-  for (std::size_t i = 0; i < word.size(); i += FirstCharacter(word.substr(i)).size) {
-    const Character character = FirstCharacter(word.substr(i));
-    if (!character.valid || !IsNameCharacter(character.code)) continue;
-    if (begin == word.size() && !IsDigit(character.code)) begin = i;
-    end = i + character.size;
+  std::string name;
+  std::size_t size = 0;  // Up to the last character of a name.
+  while (!word.empty()) {
+    const Character character = FirstCharacter(word);
+    const bool isName = character.valid && IsNameCharacter(character.code);
+    const bool mayBegin = isName && !IsDigit(character.code);
+    if (mayBegin || !name.empty()) name += word.substr(0, character.size);
+    if (isName) size = name.size();
+    word.remove_prefix(character.size);
   }
-  std::string name(begin < end ? word.substr(begin, end - begin) : std::string_view());
+  name.resize(size);
   std::replace(name.begin(), name.end(), '-', '_');
   return name;
 }
