@@ -12,7 +12,6 @@ namespace {
 /// The names above the values: items A and B, and the enum Mode. E is the enum of the value.
 Meaning MeaningOfName(std::string_view name) {
   if (name == "A" || name == "B") return Meaning::Item;
-  if (name == "E") return Meaning::Itself;
   return name == "Mode" ? Meaning::Type : Meaning::Unknown;
 }
 

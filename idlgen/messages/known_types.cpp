@@ -37,8 +37,7 @@ std::vector<const File*> KnownTypes::filesThatDeclare(std::string_view type) con
     const Namespace* space = *outer;
     for (std::size_t i = 0; i < last && space != nullptr; ++i) space = space->inner(parts[i]);
     if (space == nullptr) continue;
-    for (const Declaration* found = space->chain(parts[last]).first; found != nullptr;
-         found = found->next) {
+    for (const Declaration* const found : space->chain(parts[last])) {
       const bool isMeant = isPart ? found->role == Role::ServiceName : IsTypeName(found->role);
       const bool isHidden = found->file != nullptr && !view.has(found->file);
       if (isMeant && isHidden) files.push_back(found->file);

@@ -38,18 +38,6 @@ void Declarations::update(const SourceFile& source) {
   knownClashes.reset();
 }
 
-namespace {
-
-/// Returns the name that a word declares, or nothing if it cannot be read as one.
-std::string_view DeclaredName(SourceFile& file, std::string_view word) {
-  if (IsIdentifier(word)) return word;
-  std::string name = MeantName(word);
-  if (!IsIdentifier(name)) return {};
-  return file.ownTexts.emplace_back(std::move(name));
-}
-
-}  // namespace
-
 void Declarations::declareAll(File& file) {
   const Words& words = file.words();
   file.begin = declarations.size();
@@ -71,13 +59,13 @@ Namespace& Declarations::enterNamespace(File& file) {
   file.namespaceWord = static_cast<std::size_t>(role - words.roles.begin());
   std::string_view path = words.text(file.namespaceWord);
   if (path.find('/') != std::string_view::npos) {
-    std::string& dotted = file.source->ownTexts.emplace_back(path);
+    std::string& dotted = meantNames.emplace_back(path);
     std::replace(dotted.begin(), dotted.end(), '/', '.');
     path = dotted;
   }
   for (const std::string_view part : Components(path)) {
     if (MeantName(part).empty()) continue;
-    const std::string_view name = DeclaredName(*file.source, part);
+    const std::string_view name = declaredName(part);
     file.hasOddName = file.hasOddName || name.empty();
     Namespace*& inner = space->nested[name];
     if (inner == nullptr) inner = &spaces.emplace_back(Namespace{name, spaces.size()});
@@ -87,20 +75,26 @@ Namespace& Declarations::enterNamespace(File& file) {
   return *space;
 }
 
+/// Returns the name that a word declares, or nothing if it cannot be read as one.
+std::string_view Declarations::declaredName(std::string_view word) {
+  if (IsIdentifier(word)) return word;
+  std::string name = MeantName(word);
+  if (!IsIdentifier(name)) return {};
+  return meantNames.emplace_back(std::move(name));
+}
+
 void Declarations::declare(Namespace& space, File& file, std::size_t word) {
   const Role role = file.words().role(word);
-  const std::string_view name = DeclaredName(*file.source, file.words().text(word));
+  const std::string_view name = declaredName(file.words().text(word));
   const bool isItem = role == Role::ItemName;
   file.hasOddName = file.hasOddName || (name.empty() && !isItem);
   if (name.empty()) return;
   Chain& chain = space.chains[name];
-  Declaration*& lastOfKind = isItem ? chain.lastItem : chain.lastRecord;
-  if (lastOfKind != nullptr && lastOfKind->file == &file) return;
-  Declaration& declaration =
-      declarations.emplace_back(Declaration{name, role, &file, word, &space});
-  (chain.first == nullptr ? chain.first : chain.last->next) = &declaration;
-  chain.last = lastOfKind = &declaration;
-  ++chain.size;
+  // Those of one file follow each other.
+  for (auto last = chain.rbegin(); last != chain.rend() && (*last)->file == &file; ++last) {
+    if ((*last)->isItem() == isItem) return;
+  }
+  chain.push_back(&declarations.emplace_back(Declaration{name, role, &file, word, &space}));
 }
 
 /// Finds the includes among the words, and whether all of them lead to files that are checked.
@@ -132,9 +126,10 @@ const std::vector<Clash>& Declarations::clashes() const {
   if (knownClashes.has_value()) return *knownClashes;
   std::vector<Clash>& clashes = knownClashes.emplace();
   for (const Declaration& declaration : declarations) {
-    if (declaration.space->chain(declaration.name).first != &declaration) continue;
+    const Chain& chain = declaration.space->chain(declaration.name);
+    if (chain.front() != &declaration) continue;
     const Namespace* const inner = declaration.space->inner(declaration.name);
-    if (declaration.next != nullptr || inner != nullptr) clashes.push_back({&declaration, inner});
+    if (chain.size() > 1 || inner != nullptr) clashes.push_back({&chain, inner});
   }
   return clashes;
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <deque>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -22,26 +23,12 @@ struct Declaration {
   const File* file;  ///< nullptr if the words of the file have changed since.
   std::size_t word;
   const Namespace* space;
-  Declaration* next = nullptr;  ///< The next one of this name in this namespace.
 
   [[nodiscard]] bool isItem() const { return role == Role::ItemName; }
 };
 
-/// Returns the first declaration of the rest of a chain for which this holds, or nullptr.
-template <typename Predicate>
-const Declaration* FirstThat(const Declaration* declaration, const Predicate& holds) {
-  while (declaration != nullptr && !holds(*declaration)) declaration = declaration->next;
-  return declaration;
-}
-
-/// The chain of the declarations of one name in one namespace.
-struct Chain {
-  Declaration* first = nullptr;
-  Declaration* last = nullptr;
-  Declaration* lastRecord = nullptr;
-  Declaration* lastItem = nullptr;
-  std::size_t size = 0;
-};
+/// The declarations of one name in one namespace.
+using Chain = std::vector<Declaration*>;
 
 /// A namespace into which files declare names.
 struct Namespace {
@@ -78,10 +65,10 @@ struct File {
   [[nodiscard]] const LocatedWords& words() const { return source->words; }
 };
 
-/// A name that may be declared by two files which do not fit together: the first of its
-/// declarations, and a namespace of that name, or nullptr.
+/// A name that may be declared by two files which do not fit together: its declarations, and a
+/// namespace of that name, or nullptr.
 struct Clash {
-  const Declaration* first;
+  const Chain* chain;
   const Namespace* space;
 };
 
@@ -112,12 +99,14 @@ class Declarations {
  private:
   void declareAll(File& file);
   Namespace& enterNamespace(File& file);
+  std::string_view declaredName(std::string_view word);
   void declare(Namespace& space, File& file, std::size_t word);
   void findIncludes(File& file);
 
   std::deque<File> files;
   std::deque<Namespace> spaces;
   std::deque<Declaration> declarations;
+  std::deque<std::string> meantNames;  ///< Of words that are none, which the declarations refer to.
   std::unordered_map<const SourceFile*, File*> fileOfSource;
   mutable std::optional<std::vector<Clash>> knownClashes;
 };

@@ -49,11 +49,10 @@ Found Lookup::findType(std::string_view type, const Scope& user) const {
   const bool isPath = type.find('.') != std::string_view::npos;
   const Path path = isPath ? Components(type) : Path{type};
   const Found found = isPath ? findPath(path, user) : findName(type, user);
-  const bool isMissing = found.meaning == Meaning::Unknown || found.meaning == Meaning::Namespace;
-  const bool isNoType = found.meaning == Meaning::Item || found.meaning == Meaning::Service;
+  const bool isNoType = found.meaning == Meaning::Unknown || found.meaning == Meaning::Namespace ||
+                        found.meaning == Meaning::Item || found.meaning == Meaning::Service;
   const bool isElsewhere = std::any_of(path.begin(), path.end(),
                                        [&](std::string_view name) { return mayBeElsewhere(name); });
-  if (isMissing && isElsewhere && !found.isInnermost) return {Meaning::Elsewhere};
   if (isNoType && isElsewhere && !found.isInnermost) return {Meaning::Elsewhere};
   const bool isLater =
       found.meaning == Meaning::Unknown && user.part == Scope::Part::Request && type == "Response";
@@ -181,28 +180,26 @@ const Declaration* Lookup::ownRecord(const Scope& user) const {
 }
 
 Meaning Lookup::findInValue(std::string_view name, std::size_t word, std::size_t enumName) const {
-  Meaning below = Meaning::Unknown;
+  const Meaning unread = mayBeElsewhere(name) ? Meaning::Elsewhere : Meaning::Unknown;
   for (auto space = namespaces.rbegin(); space != namespaces.rend(); ++space) {
-    Meaning record = Meaning::Unknown;
-    const Declaration* const found = view.find(**space, name, [&](const Declaration& declared) {
+    const Declaration* record = nullptr;
+    const Declaration* const item = view.find(**space, name, [&](const Declaration& declared) {
       const bool isOther = declared.file != &file;
       // The item itself is the word before its value.
       if (declared.isItem()) return isOther || declared.word + 1 < word;
-      if (!isOther && declared.word == enumName) return true;
       const bool isEnum = declared.role == Role::EnumName;
-      const bool isAbove = isOther || (isEnum && declared.word < enumName);
-      record = !isAbove ? Meaning::Below : isEnum ? Meaning::Type : Meaning::Service;
+      if (isOther || (isEnum && declared.word <= enumName)) record = &declared;
       return false;
     });
-    // An item of a file that has not been read may have the name.
-    if (record == Meaning::Type && mayBeElsewhere(name)) record = Meaning::Elsewhere;
-    if (found != nullptr) return found->isItem() ? Meaning::Item : Meaning::Itself;
-    if (record == Meaning::Below) below = record;
-    if (record != Meaning::Below && record != Meaning::Unknown) return record;
-    if (view.inner(**space, name) != nullptr) return Meaning::Namespace;
+    if (item != nullptr) return Meaning::Item;
+    if (record != nullptr) {
+      const bool isItself = record->file == &file && record->word == enumName;
+      if (isItself || record->role != Role::EnumName) return Meaning::Unknown;
+      return unread == Meaning::Elsewhere ? unread : Meaning::Type;
+    }
+    if (view.inner(**space, name) != nullptr) return Meaning::Unknown;
   }
-  if (below == Meaning::Below && !mayBeElsewhere(name)) return below;
-  return mayBeElsewhere(name) ? Meaning::Elsewhere : Meaning::Unknown;
+  return unread;
 }
 
 bool Lookup::hasRecord(std::string_view name) const {
@@ -211,11 +208,11 @@ bool Lookup::hasRecord(std::string_view name) const {
 }
 
 std::size_t Lookup::ownWord(std::string_view name, bool isItem) const {
-  const Declaration* const own =
-      FirstThat(namespaces.back()->chain(name).first, [&](const Declaration& declaration) {
-        return declaration.file == &file && declaration.isItem() == isItem;
-      });
-  return own == nullptr ? noWord : own->word;
+  for (const Declaration* const declaration : namespaces.back()->chain(name)) {
+    const bool isOwn = declaration->file == &file && declaration->isItem() == isItem;
+    if (isOwn) return declaration->word;
+  }
+  return noWord;
 }
 
 /// Returns the first record of this name in a namespace, as far as the file sees it, or nullptr.

@@ -43,11 +43,11 @@ class View {
   [[nodiscard]] const Declaration* find(const Namespace& space, std::string_view name,
                                         const Predicate& holds) const {
     const Chain& chain = space.chain(name);
-    const auto isMeant = [&](const Declaration& declaration) {
-      return has(declaration.file) && holds(declaration);
-    };
-    if (!included.empty() || chain.size <= file->end - file->begin) {
-      return FirstThat(chain.first, isMeant);
+    if (!included.empty() || chain.size() <= file->end - file->begin) {
+      for (const Declaration* const declaration : chain) {
+        if (has(declaration->file) && holds(*declaration)) return declaration;
+      }
+      return nullptr;
     }
     // Many files that are not seen declare the name.
     for (std::size_t i = file->begin; i < file->end; ++i) {
