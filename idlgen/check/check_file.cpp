@@ -4,53 +4,52 @@
 #include <cstddef>
 #include <utility>
 
+#include "check/checks.h"
 #include "check/context.h"
-#include "check/include_check.h"
 #include "check/member_check.h"
-#include "check/name_check.h"
 #include "check/value.h"
 
 namespace zentho::idlgen {
 namespace {
 
-void checkItemValue(Context& check, std::size_t i, std::size_t enumName) {
+void checkItemValue(Context& context, std::size_t i, std::size_t enumName) {
   const auto meaningOf = [&](std::string_view name) {
-    return check.lookup.findInValue(name, i, enumName);
+    return context.lookup.findInValue(name, i, enumName);
   };
-  for (Finding& finding : CheckValue(check.words.text(i), i, meaningOf)) {
-    check.findings.push_back(std::move(finding));
+  for (Finding& finding : CheckValue(context.words.text(i), i, meaningOf)) {
+    context.findings.push_back(std::move(finding));
   }
 }
 
 /// Looks at each word of the file once.
-void checkWords(Context& check) {
-  MemberCheck members(check);
+void checkWords(Context& context) {
+  MemberCheck members(context);
   std::size_t enumName = noWord;  // Of the last one.
-  for (std::size_t i = 0; i < check.words.size(); ++i) {
-    switch (check.words.role(i)) {
+  for (std::size_t i = 0; i < context.words.size(); ++i) {
+    switch (context.words.role(i)) {
       case Role::IncludePath:
-        checkIncludePath(check, i);
+        checkIncludePath(context, i);
         break;
       case Role::NamespacePath:
-        checkNamespacePath(check, i);
+        checkNamespacePath(context, i);
         break;
       case Role::EnumName:
         enumName = i;
-        checkRecordName(check, i);
+        checkDeclaredName(context, i);
         break;
       case Role::MessageName:
       case Role::ServiceName:
         members.startRecord(i);
-        checkRecordName(check, i);
+        checkDeclaredName(context, i);
         break;
       case Role::Part:
         members.startPart(i);
         break;
       case Role::ItemName:
-        checkItemName(check, i);
+        checkDeclaredName(context, i);
         break;
       case Role::ItemValue:
-        checkItemValue(check, i, enumName);
+        checkItemValue(context, i, enumName);
         break;
       case Role::MemberType:
         members.checkMember(i);
@@ -68,14 +67,14 @@ void checkWords(Context& check) {
 
 std::vector<Finding> CheckFile(const Declarations& declarations, const File& file) {
   const View view(declarations, file);
-  Context check(view);
+  Context context(view);
   const std::string& rival = file.source->rival;
-  if (!rival.empty() && check.words.size() > 0) check.report(rules::sameHeader, 0, rival);
-  checkWords(check);
-  checkIncludes(check);
-  std::stable_sort(check.findings.begin(), check.findings.end(),
+  if (!rival.empty() && context.words.size() > 0) context.report(rules::sameHeader, 0, rival);
+  checkWords(context);
+  checkIncludes(context);
+  std::stable_sort(context.findings.begin(), context.findings.end(),
                    [](const Finding& a, const Finding& b) { return a.word < b.word; });
-  return std::move(check.findings);
+  return std::move(context.findings);
 }
 
 }  // namespace zentho::idlgen

@@ -1,10 +1,10 @@
-#include "check/include_check.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
+
+#include "check/checks.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -31,7 +31,7 @@ Misfit MisfitOf(const Declaration& first, const Declaration& second) {
 std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
   const Declaration* record = nullptr;
   const Declaration* item = nullptr;
-  for (const Declaration* next = clash.first; next != nullptr; next = next->next) {
+  for (const Declaration* const next : *clash.chain) {
     if (next->file == &view.user() || !view.has(next->file)) continue;
     const Declaration*& first = next->isItem() ? item : record;
     if (first == nullptr) {
@@ -54,26 +54,26 @@ std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
 
 /// Reports names that two of the included files declare, at the include that brings the second one.
 /// If an included file sees both, it is told there.
-void checkMisfits(Context& check) {
+void checkMisfits(Context& context) {
   std::vector<View> brought;  // By each include, made when needed.
-  for (const Clash& clash : check.view.all().clashes()) {
-    const std::optional<Misfit> misfit = FindMisfit(clash, check.view);
+  for (const Clash& clash : context.view.all().clashes()) {
+    const std::optional<Misfit> misfit = FindMisfit(clash, context.view);
     if (!misfit.has_value()) continue;
-    const std::vector<Inclusion>& includes = check.file.includes;
+    const std::vector<Inclusion>& includes = context.file.includes;
     for (std::size_t i = brought.size(); i < includes.size(); ++i) {
-      brought.emplace_back(check.view.all(), *includes[i].file);
+      brought.emplace_back(context.view.all(), *includes[i].file);
     }
     bool hasFirst = false;
     bool hasSecond = false;
     for (std::size_t i = 0; i < brought.size(); ++i) {
-      if (brought[i].has(&check.view.user())) continue;  // It brings all, and has been told.
+      if (brought[i].has(&context.view.user())) continue;  // It brings all, and has been told.
       const bool bringsFirst = brought[i].has(misfit->first.file);
       const bool bringsSecond = brought[i].has(misfit->second.file);
       if (bringsFirst && bringsSecond) break;
       if ((bringsSecond && hasFirst) || (bringsFirst && hasSecond && misfit->inAnyOrder)) {
-        check.report(rules::misfit, includes[i].word, misfit->name,
-                     {{misfit->first.file->source, misfit->first.word},
-                      {misfit->second.file->source, misfit->second.word}});
+        context.report(rules::misfit, includes[i].word, misfit->name,
+                       {{misfit->first.file->source, misfit->first.word},
+                        {misfit->second.file->source, misfit->second.word}});
         break;
       }
       hasFirst = hasFirst || bringsFirst;
@@ -84,15 +84,15 @@ void checkMisfits(Context& check) {
 
 }  // namespace
 
-void checkIncludes(Context& check) {
-  const std::vector<const File*> cycle = check.view.filesThatIncludeUser();
-  for (const Inclusion& inclusion : check.file.includes) {
-    const bool isItself = inclusion.file == &check.file;
+void checkIncludes(Context& context) {
+  const std::vector<const File*> cycle = context.view.filesThatIncludeUser();
+  for (const Inclusion& inclusion : context.file.includes) {
+    const bool isItself = inclusion.file == &context.file;
     const bool isBack = std::find(cycle.begin(), cycle.end(), inclusion.file) != cycle.end();
-    if (isItself) check.report(rules::includesItself, inclusion.word);
-    if (isBack) check.report(rules::cycle, inclusion.word);
+    if (isItself) context.report(rules::includesItself, inclusion.word);
+    if (isBack) context.report(rules::cycle, inclusion.word);
   }
-  if (!check.file.includes.empty()) checkMisfits(check);
+  if (!context.file.includes.empty()) checkMisfits(context);
 }
 
 }  // namespace zentho::idlgen

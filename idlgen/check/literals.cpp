@@ -181,16 +181,6 @@ LiteralForm FormOfCharacter(std::string_view literal) {
 
 }  // namespace
 
-bool IsPlainNumber(std::string_view text) {
-  if (text.front() == '-') text.remove_prefix(1);
-  const bool isHexadecimal = text.substr(0, 2) == "0x";
-  if (isHexadecimal) text.remove_prefix(2);
-  const bool isOctal = !isHexadecimal && text.size() > 1 && text.front() == '0';
-  const std::size_t size = std::min(
-      text.find_first_not_of(isHexadecimal ? "0123456789abcdefABCDEF" : "0123456789"), text.size());
-  return size == text.size() && size > 0 && size <= 16 && !isOctal;
-}
-
 bool BeginsNumber(std::string_view text) {
   if (text.size() > 1 && text.front() == '.') text.remove_prefix(1);
   return DigitValue(text.front()) < 10;

@@ -16,10 +16,6 @@ enum class LiteralForm : std::uint8_t {
   Invalid
 };
 
-/// Returns whether the text is an integer without a suffix, perhaps with a minus sign, that has
-/// clearly at most 64 bits. Most values are.
-bool IsPlainNumber(std::string_view text);
-
 /// Returns whether a number of C++ can begin like this: with a digit, or with a dot and a digit.
 bool BeginsNumber(std::string_view text);
 

@@ -1,8 +1,8 @@
 #include "check/member_check.h"
 
 #include <algorithm>
-#include <optional>
 
+#include "check/checks.h"
 #include "schema/builtin_types.h"
 #include "words/cpp_words.h"
 #include "words/word_forms.h"
@@ -24,19 +24,22 @@ void MemberCheck::startPart(std::size_t keyword) {
 void MemberCheck::checkMember(std::size_t type) {
   const std::size_t name = type - 1;
   const std::string_view text = words.text(name);
-  const bool isName = check.checkNewName(name, text);
-  // If it is none, perhaps the type stands in its place.
+  const bool isName = context.checkNewName(name, text);
+  // Two words in the wrong order, as in `int8 x` and `Pose pose`, are told once: at the first one
+  // if that cannot be a name, else at the second one.
   if (!isName && (IsPunctuation(text) || LooksLikeType(text))) return;
-  const TypeWord word = checkTypeWord(type);
+  const TypeWord typeWord = checkTypeWord(type);
   if (!isName && !IsIdentifier(text)) return;
-  // In `int8 x` and `Pose pose`, the type has been put first, and is no member.
-  const bool isType = FindBuiltinType(text) != nullptr;
-  if (word == TypeWord::Wrong && (isType || check.lookup.hasRecord(text))) return;
-  if (word == TypeWord::Elsewhere && isType) check.report(rules::builtinTypeAsName, name);
+  const bool nameIsBuiltin = FindBuiltinType(text) != nullptr;
+  const bool nameIsType = nameIsBuiltin || context.lookup.hasRecord(text);
+  if (typeWord == TypeWord::Wrong && nameIsType) return;
+  if (typeWord == TypeWord::Elsewhere && nameIsBuiltin) {
+    context.report(rules::builtinTypeAsName, name);
+  }
   // The type comes first in C++: the name is declared after it.
   Uses& own = uses[text];
   if (isInThisList(own.asMember)) {
-    check.report(rules::memberTwice, name, text, {check.own(own.asMember)});
+    context.report(rules::memberTwice, name, text, {context.own(own.asMember)});
   }
   checkChange(name, own);
   own.asMember = name;
@@ -46,88 +49,80 @@ void MemberCheck::checkMember(std::size_t type) {
 void MemberCheck::checkChange(std::size_t name, const Uses& use) {
   if (!isInThisList(use.asType)) return;
   const std::string_view text = words.text(name);
-  const std::size_t record = check.lookup.ownWord(text, false);
+  const std::size_t record = context.lookup.ownWord(text, false);
   if (record == noWord) {
-    check.report(rules::changesMeaningOfUse, name, text, {check.own(use.asType)});
+    context.report(rules::changesMeaningOfUse, name, text, {context.own(use.asType)});
   } else {
     const Rule& rule = record < name ? rules::changesMeaning : rules::changesMeaningBelow;
-    check.report(rule, name, text, {check.own(record)});
+    context.report(rule, name, text, {context.own(record)});
   }
 }
 
 MemberCheck::TypeWord MemberCheck::checkTypeWord(std::size_t i) {
-  const std::optional<std::string_view> element = ElementType(words.text(i));
-  if (!element.has_value()) {
-    check.report(rules::notAType, i);
+  if (!IsTypeForm(words.text(i))) {
+    context.report(rules::notAType, i);
     return TypeWord::Wrong;
   }
-  const bool isVector = element->size() < words.text(i).size();
-  const BuiltinType* const builtin = FindBuiltinType(*element);
-  const bool isOfLibrary = builtin != nullptr && builtin->cppType.substr(0, 5) == "std::";
-  if (isVector || isOfLibrary) checkLibrary(i);
-  if (builtin != nullptr || FindKeyword(*element) == Keyword::Type) return TypeWord::Type;
-  if (*element == "char8_t") {
-    check.report(rules::laterType, i);
+  const std::string_view type = *ElementType(words.text(i));
+  const bool isVector = type.size() < words.text(i).size();
+  if (NeedsStd(words.text(i))) checkLibrary(i);
+  if (FindBuiltinType(type) != nullptr || FindKeyword(type) == Keyword::Type) return TypeWord::Type;
+  if (type == "char8_t") {
+    context.report(rules::laterType, i);
     return TypeWord::Type;
   }
-  if (element->find('<') != std::string_view::npos) return checkTemplate(i, *element);
-  if (!checkParts(i, *element)) return TypeWord::Wrong;
-  const bool isPath = element->find('.') != std::string_view::npos;
-  return isPath ? checkPath(i, *element, isVector) : checkName(i, *element, isVector);
+  if (type.find('<') != std::string_view::npos) return checkTemplate(i, type);
+  if (!checkParts(i, type)) return TypeWord::Wrong;
+  const bool isPath = type.find('.') != std::string_view::npos;
+  return isPath ? checkPath(i, type, isVector) : checkName(i, type, isVector);
 }
 
 /// Checks once that no included file hides the namespace of the C++ library, which a type needs.
 void MemberCheck::checkLibrary(std::size_t i) {
-  if (isLibraryChecked || check.view.others().empty()) return;
+  if (isLibraryChecked || context.view.others().empty()) return;
   isLibraryChecked = true;
-  const std::vector<const Namespace*>& spaces = check.file.namespaces;
+  const std::vector<const Namespace*>& spaces = context.file.namespaces;
   for (std::size_t level = 1; level < spaces.size(); ++level) {
-    if (check.reportHiding(rules::hiddenLibrary, i, words.text(i), *spaces[level], "std")) return;
+    if (context.reportHiding(rules::hiddenLibrary, i, words.text(i), *spaces[level], "std")) return;
   }
 }
 
 /// Checks a type of C++ with template arguments, which is copied. Its names are looked up.
 MemberCheck::TypeWord MemberCheck::checkTemplate(std::size_t i, std::string_view type) {
-  if (!IsTemplate(type)) {
-    check.report(rules::notAType, i);
+  const std::string_view ofTemplate = type.substr(0, type.find('<'));
+  if (FindBuiltinType(ofTemplate) != nullptr && FindKeyword(ofTemplate) == Keyword::None) {
+    context.report(rules::notAType, i);
     return TypeWord::Wrong;
   }
   for (const std::string_view name : TemplateNames(type)) {
-    const Rule* const rule = ruleForArgument(name, name.data() == type.data());
+    const Rule* const rule = ruleForTemplateName(name);
     if (rule == nullptr) continue;
-    check.report(*rule, i, rule == &rules::notAType ? words.text(i) : name);
+    context.report(*rule, i, name);
     return TypeWord::Wrong;
   }
-  check.report(rules::uncheckedTemplate, i);
+  context.report(rules::uncheckedTemplate, i);
   return TypeWord::Type;
 }
 
-/// Returns the rule that a name in a template breaks, or nullptr. The first one has arguments.
-const Rule* MemberCheck::ruleForArgument(std::string_view name, bool isFirst) const {
+/// Returns the rule that a name in a template breaks, or nullptr.
+const Rule* MemberCheck::ruleForTemplateName(std::string_view name) const {
   const Keyword keyword = FindKeyword(name);
   if (keyword == Keyword::Type || keyword == Keyword::Cpp20) return nullptr;
   if (keyword != Keyword::None) return &rules::keywordAsType;
-  if (FindBuiltinType(name) != nullptr && isFirst) return &rules::notAType;
-  if (FindBuiltinType(name) != nullptr && !check.lookup.mayBeElsewhere(name)) {
+  if (FindBuiltinType(name) != nullptr && !context.lookup.mayBeElsewhere(name)) {
     return &rules::builtinInTemplate;
   }
-  const bool isKnown = IsLibraryType(name) || check.lookup.ownWord(name, true) != noWord ||
-                       check.lookup.findType(name, scope).meaning != Meaning::Unknown;
+  const bool isKnown = IsLibraryType(name) || context.lookup.ownWord(name, true) != noWord ||
+                       context.lookup.findType(name, scope).meaning != Meaning::Unknown;
   return isKnown ? nullptr : &rules::notDeclared;
 }
 
-/// Checks that the parts of a path are names that may be those of a type.
+/// Checks that no part of a path is a keyword.
 bool MemberCheck::checkParts(std::size_t i, std::string_view type) {
-  const std::vector<std::string_view> parts = Components(type);
-  for (const std::string_view& part : parts) {
-    if (parts.size() > 1 && part.empty() && &part == &parts.front()) continue;
+  for (const std::string_view part : Components(type)) {
     const Keyword keyword = FindKeyword(part);
-    if (!IsIdentifier(part)) {
-      check.report(rules::notAType, i);
-      return false;
-    }
     if (keyword != Keyword::None && keyword != Keyword::Cpp20) {
-      check.report(rules::keywordAsType, i, part);
+      context.report(rules::keywordAsType, i, part);
       return false;
     }
   }
@@ -138,7 +133,7 @@ bool MemberCheck::checkParts(std::size_t i, std::string_view type) {
 /// a member S would change its meaning.
 MemberCheck::TypeWord MemberCheck::checkPath(std::size_t i, std::string_view type, bool isVector) {
   const std::vector<std::string_view> parts = Components(type);
-  const Found found = check.lookup.findType(type, scope);
+  const Found found = context.lookup.findType(type, scope);
   const bool isService = std::all_of(parts.begin(), parts.end() - 1, [&](std::string_view part) {
     return found.declaration != nullptr && found.declaration->name == part;
   });
@@ -148,17 +143,17 @@ MemberCheck::TypeWord MemberCheck::checkPath(std::size_t i, std::string_view typ
 
 /// Checks a type that is one name, which members may hide.
 MemberCheck::TypeWord MemberCheck::checkName(std::size_t i, std::string_view type, bool isVector) {
-  const Found found = check.lookup.findType(type, scope);
+  const Found found = context.lookup.findType(type, scope);
   const bool isUnknown = found.meaning == Meaning::Unknown && !IsLibraryType(type);
   const bool isRequest = scope.part == Scope::Part::Response && type == "request";
   if (isRequest && !isUnknown) {
-    check.report(rules::hiddenByMember, i, type, {check.own(requestWord)});
+    context.report(rules::hiddenByMember, i, type, {context.own(requestWord)});
     return TypeWord::Wrong;
   }
   Uses& use = uses[type];
   if (isInThisList(use.asMember)) {
     const Rule& rule = hasOuterType(type) ? rules::hiddenByMember : rules::memberAsType;
-    check.report(rule, i, type, {check.own(use.asMember)});
+    context.report(rule, i, type, {context.own(use.asMember)});
     return TypeWord::Wrong;
   }
   // A record may have a member of its own name.
@@ -174,9 +169,9 @@ MemberCheck::TypeWord MemberCheck::checkFound(std::size_t i, std::string_view ty
     return found.meaning == Meaning::Elsewhere ? TypeWord::Elsewhere : TypeWord::Type;
   }
   if (rule->note.empty()) {
-    check.report(*rule, i, type);
+    context.report(*rule, i, type);
   } else {
-    check.report(*rule, i, type, *found.declaration);
+    context.report(*rule, i, type, *found.declaration);
   }
   return TypeWord::Wrong;
 }
@@ -189,7 +184,7 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
       return nullptr;
     case Meaning::Service: {
       const Declaration& service = *found.declaration;
-      const bool isItself = service.file == &check.file && service.word == scope.record;
+      const bool isItself = service.file == &context.file && service.word == scope.record;
       return isItself && !isVector ? &rules::containsItself : &rules::serviceAsType;
     }
     case Meaning::Itself:
@@ -203,7 +198,7 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
     case Meaning::Below: {
       const bool isInMessage = words.role(scope.record) == Role::MessageName;
       const bool isService = found.declaration->role == Role::ServiceName;
-      if (check.lookup.mayBeElsewhere(type)) return &rules::perhapsDeclaredBelow;
+      if (context.lookup.mayBeElsewhere(type)) return &rules::perhapsDeclaredBelow;
       return isInMessage && isService ? &rules::serviceInMessage : &rules::declaredBelow;
     }
     case Meaning::LaterPart:
@@ -215,7 +210,7 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
 }
 
 bool MemberCheck::hasOuterType(std::string_view name) const {
-  return check.lookup.hasRecord(name) || check.lookup.mayBeElsewhere(name);
+  return context.lookup.hasRecord(name) || context.lookup.mayBeElsewhere(name);
 }
 
 }  // namespace zentho::idlgen

@@ -13,7 +13,7 @@ namespace zentho::idlgen {
 /// Checks the members of a file, record after record.
 class MemberCheck {
  public:
-  explicit MemberCheck(Context& fileContext) : check(fileContext) {}
+  explicit MemberCheck(Context& fileContext) : context(fileContext) {}
 
   /// Begins the members of a message, or a service.
   void startRecord(std::size_t name);
@@ -43,7 +43,7 @@ class MemberCheck {
   TypeWord checkPath(std::size_t i, std::string_view type, bool isVector);
   TypeWord checkName(std::size_t i, std::string_view type, bool isVector);
   TypeWord checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found);
-  [[nodiscard]] const Rule* ruleForArgument(std::string_view name, bool isFirst) const;
+  [[nodiscard]] const Rule* ruleForTemplateName(std::string_view name) const;
   [[nodiscard]] const Rule* ruleFor(const Found& found, std::string_view type, bool isVector) const;
   bool checkParts(std::size_t i, std::string_view type);
   void checkChange(std::size_t name, const Uses& use);
@@ -57,8 +57,8 @@ class MemberCheck {
     return use != noWord && use > listBegin;
   }
 
-  Context& check;
-  const Words& words = check.words;
+  Context& context;
+  const Words& words = context.words;
   Scope scope;
   std::size_t listBegin = 0;
   std::size_t requestWord = noWord;  ///< Of the service.

@@ -98,7 +98,7 @@ class ValueCheck {
   std::size_t depth = 0;     ///< The number of open parentheses.
 
   bool isUnchecked = false;
-  std::string_view enumName;  ///< That of an enum where an item should be, if there is one.
+  std::string_view enumInPlaceOfItem;  ///< If there is one.
   std::vector<Finding> warnings;
   std::unordered_set<std::string_view> told;  ///< The texts of the warnings.
 };
@@ -106,7 +106,8 @@ class ValueCheck {
 std::vector<Finding> ValueCheck::findings() {
   if (std::optional<Finding> error = wrongToken()) return {*std::move(error)};
   const bool isValue = readValue() && position == tokens.size();
-  if (!isValue && !enumName.empty()) return {finding(rules::typeAsItem, enumName)};
+  if (!isValue && !enumInPlaceOfItem.empty())
+    return {finding(rules::typeAsItem, enumInPlaceOfItem)};
   if (!isValue) return {grammarError()};
   if (isUnchecked) return {finding(rules::uncheckedValue, text)};
   return std::move(warnings);
@@ -182,7 +183,7 @@ bool ValueCheck::readName() {
 bool ValueCheck::readItem(std::string_view name) {
   const Meaning result = meaningOf(name);
   if (result == Meaning::Type) {
-    if (textAt(position) != ".") enumName = name;
+    if (textAt(position) != ".") enumInPlaceOfItem = name;
     return false;
   }
   const bool isElsewhere = result == Meaning::Elsewhere && FindKeyword(name) == Keyword::None;
@@ -277,9 +278,10 @@ bool ValueCheck::mayBeCpp(std::string_view name) const {
 
 std::vector<Finding> CheckValue(std::string_view text, std::size_t word,
                                 const MeaningOf& meaningOf) {
-  const bool isPlain =
-      IsPlainNumber(text) || (IsIdentifier(text) && meaningOf(text) == Meaning::Item);
-  if (isPlain) return {};
+  // Most values are decimal numbers that have clearly at most 64 bits, or items.
+  const bool isOctal = text.size() > 1 && text.front() == '0';
+  if (IsNumber(text) && text.size() <= 18 && !isOctal) return {};
+  if (IsIdentifier(text) && meaningOf(text) == Meaning::Item) return {};
   return ValueCheck(text, word, meaningOf).findings();
 }
 
