@@ -113,7 +113,7 @@ const Rule* MemberCheck::ruleForTemplateName(std::string_view name) const {
     return &rules::builtinInTemplate;
   }
   const bool isKnown = IsLibraryType(name) || context.lookup.ownWord(name, true) != noWord ||
-                       context.lookup.findType(name, scope).meaning != Meaning::Unknown;
+                       find(name).meaning != Meaning::Unknown;
   return isKnown ? nullptr : &rules::notDeclared;
 }
 
@@ -133,7 +133,7 @@ bool MemberCheck::checkParts(std::size_t i, std::string_view type) {
 /// a member S would change its meaning.
 MemberCheck::TypeWord MemberCheck::checkPath(std::size_t i, std::string_view type, bool isVector) {
   const std::vector<std::string_view> parts = Components(type);
-  const Found found = context.lookup.findType(type, scope);
+  const Found found = find(type);
   const bool isService = std::all_of(parts.begin(), parts.end() - 1, [&](std::string_view part) {
     return found.declaration != nullptr && found.declaration->name == part;
   });
@@ -143,7 +143,7 @@ MemberCheck::TypeWord MemberCheck::checkPath(std::size_t i, std::string_view typ
 
 /// Checks a type that is one name, which members may hide.
 MemberCheck::TypeWord MemberCheck::checkName(std::size_t i, std::string_view type, bool isVector) {
-  const Found found = context.lookup.findType(type, scope);
+  const Found found = find(type);
   const bool isUnknown = found.meaning == Meaning::Unknown && !IsLibraryType(type);
   const bool isRequest = scope.part == Scope::Part::Response && type == "request";
   if (isRequest && !isUnknown) {

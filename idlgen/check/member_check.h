@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "check/context.h"
+#include "names/type_lookup.h"
 
 namespace zentho::idlgen {
 
@@ -55,6 +56,10 @@ class MemberCheck {
   /// Returns whether a use is in the list of members so far.
   [[nodiscard]] bool isInThisList(std::size_t use) const {
     return use != noWord && use > listBegin;
+  }
+
+  [[nodiscard]] Found find(std::string_view type) const {
+    return TypeLookup(context.lookup, scope).find(type);
   }
 
   Context& context;

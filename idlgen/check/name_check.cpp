@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "check/checks.h"
+#include "names/type_lookup.h"
 #include "words/tables.h"
 #include "words/word_forms.h"
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "names/type_lookup.h"
 #include "schema/builtin_types.h"
 #include "words/foreign_words.h"
 #include "words/similar.h"
@@ -14,12 +15,6 @@ namespace {
 
 std::string_view LastPart(std::string_view type) {
   return type.substr(type.rfind('.') + 1);
-}
-
-/// Returns a place of a member in a file that has one.
-Scope AnyScope(const Words& words) {
-  const auto record = std::find_if(words.roles.begin(), words.roles.end(), HasMembers);
-  return {static_cast<std::size_t>(record - words.roles.begin())};
 }
 
 }  // namespace
@@ -90,10 +85,14 @@ std::vector<const Declaration*> KnownTypes::typesInView() const {
 std::string KnownTypes::nameOf(const Declaration& declaration) const {
   std::string name(declaration.name);
   if (declaration.file == &view.user()) return name;
-  const Scope scope = AnyScope(view.user().words());
+  // The file has members, one of which has the name's type.
+  const std::vector<Role>& roles = view.user().words().roles;
+  const auto record = std::find_if(roles.begin(), roles.end(), HasMembers);
+  const Scope scope = {static_cast<std::size_t>(record - roles.begin())};
+  const TypeLookup types(lookup, scope);
   const std::vector<const Namespace*>& spaces = declaration.file->namespaces;
   for (auto space = spaces.rbegin(); space != spaces.rend(); ++space) {
-    if (lookup.findType(name, scope).declaration == &declaration) return name;
+    if (types.find(name).declaration == &declaration) return name;
     name.insert(0, std::string((*space)->name) + ".");
   }
   return name;  // It begins with a dot.

@@ -11,14 +11,6 @@
 
 namespace zentho::idlgen {
 
-/// Where a member is declared.
-struct Scope {
-  enum class Part : std::uint8_t { None, Request, Response };
-
-  std::size_t record = noWord;  ///< The index of the name of the message or service.
-  Part part = Part::None;       ///< Of a service.
-};
-
 /// What a name is, as C++ finds it.
 enum class Meaning : std::uint8_t {
   Type,
@@ -33,23 +25,11 @@ enum class Meaning : std::uint8_t {
   Elsewhere   ///< Nothing in the files that can be judged: perhaps in another, or in the library.
 };
 
-struct Found {
-  Meaning meaning;
-  const Declaration* declaration = nullptr;  ///< Of a service, an item, or what is below.
-  bool isInnermost = false;  ///< Found where no file that has not been read can hide it.
-};
-
-/// Returns whether a service has a type of this name inside.
-bool IsPartName(std::string_view name);
-
 /// Looks up names as C++ does in the header of one file. There, the included files come first, then
 /// enums, messages and services. Refers to the view.
 class Lookup {
  public:
   explicit Lookup(const View& viewOfUser);
-
-  /// Looks up the type of a member, which has the form of a name with dots.
-  [[nodiscard]] Found findType(std::string_view type, const Scope& user) const;
 
   /// Returns what a name is in a value, which is this word of this enum: an item or an enum that
   /// the header declares before it (`Item` or `Type`), or something else that is none.
@@ -66,28 +46,15 @@ class Lookup {
   /// all that may come from what has not been read.
   [[nodiscard]] bool mayBeElsewhere(std::string_view name) const;
 
- private:
-  using Path = std::vector<std::string_view>;
-
-  [[nodiscard]] Found findName(std::string_view name, const Scope& user) const;
-  [[nodiscard]] Found findPath(const Path& path, const Scope& user) const;
-  [[nodiscard]] Found use(const Declaration& record, const Scope& user) const;
-  [[nodiscard]] const Declaration* ownRecord(const Scope& user) const;
-  [[nodiscard]] Found findIn(const Namespace& space, std::string_view name,
-                             const Scope& user) const;
-  [[nodiscard]] Found findFrom(const Namespace& space, const Path& path, std::size_t next,
-                               const Scope& user) const;
-  [[nodiscard]] Found findNested(const Declaration& record, const Path& path, std::size_t next,
-                                 const Scope& user) const;
+  /// Returns the first record of this name in a namespace, as far as the file sees it, or nullptr.
   [[nodiscard]] const Declaration* recordIn(const Namespace& space, std::string_view name) const;
-  [[nodiscard]] bool isAbove(const Declaration& record, const Scope& user) const;
-  [[nodiscard]] bool isOwn(const Declaration& record, const Scope& user) const;
 
   const View& view;
+
+ private:
   const File& file;
-  const Words& words;
   const std::vector<const Namespace*>& namespaces;  ///< From the global one to that of the file.
-  bool isInFramework;  ///< Whether the file declares its names in its namespace, which has more.
+  bool isInFramework;  ///< Whether the namespace is the framework's, which has more names.
 };
 
 }  // namespace zentho::idlgen
