@@ -37,6 +37,20 @@ const std::vector<Encoding> encodings = {
     {"NoUtf8", "\xff", 0xff, 1, false}};
 INSTANTIATE_TEST_SUITE_P(Characters, Encodings, testing::ValuesIn(encodings), RowName<Encoding>);
 
+TEST(IsNameCharacter, LeavesLettersOfAllLanguagesToTheCompiler) {
+  for (const char32_t code :
+       {U'a', U'z', U'A', U'Z', U'0', U'9', U'_', U'$', U'ª', U'µ', U'·', U'º', U'À', U'é', U'温',
+        U'\u1fff', U'\u203f', U'\u2070', U'\U0001f642'}) {
+    EXPECT_TRUE(IsNameCharacter(code)) << static_cast<unsigned>(code);
+  }
+  for (const char32_t code :
+       {U'@',      U'[',      U'`',      U'{',      U'/',      U':',     U'-', U'\x7f',
+        U'\u00a0', U'©',      U'¿',      U'×',      U'÷',      U'→',     U'−', U'■',
+        U'⟨',      U'\u1680', U'\u180e', U'\u2000', U'\u206f', U'\u3000'}) {
+    EXPECT_FALSE(IsNameCharacter(code)) << static_cast<unsigned>(code);
+  }
+}
+
 TEST(Characters, AreInvisibleUpToTheEndsOfTheRanges) {
   for (const char32_t code :
        {0x00U, 0x1fU, 0x7fU, 0xa0U, 0xadU, 0x200bU, 0x2028U, 0xfeffU, 0xe0001U}) {

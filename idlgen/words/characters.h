@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -28,19 +27,13 @@ inline Character FirstCharacter(std::string_view text) {
   return first < 0x80 ? Character{first, 1, true} : FirstForeignCharacter(text);
 }
 
-/// Some characters that follow each other.
-struct CharacterRange {
-  char32_t first;
-  char32_t last;
-};
-
-/// Returns whether a character is in one of the ranges.
-template <typename Ranges>
-bool IsIn(const Ranges& ranges, char32_t code) {
-  return std::any_of(ranges.begin(), ranges.end(), [code](const CharacterRange& range) {
-    return range.first <= code && code <= range.last;
-  });
+/// Returns whether the character is one of 0 to 9.
+inline bool IsDigit(char32_t code) {
+  return code >= '0' && code <= '9';
 }
+
+/// Returns whether the character can be part of a name.
+bool IsNameCharacter(char32_t code);
 
 /// Returns whether a terminal or an editor would not show the character: a control character, a
 /// special space, or one that only changes its neighbours.

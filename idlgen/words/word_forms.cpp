@@ -6,32 +6,9 @@
 #include "schema/builtin_types.h"
 #include "words/characters.h"
 #include "words/cpp_words.h"
-#include "words/tables.h"
 
 namespace zentho::idlgen {
 namespace {
-
-/// What texts contain but no name that a compiler accepts: spaces, punctuation,
-/// arrows, operators and drawings.
-constexpr auto signsAndSpaces = Table<CharacterRange>({{0xd7, 0xd7},
-                                                       {0xf7, 0xf7},
-                                                       {0x1680, 0x1680},
-                                                       {0x180e, 0x180e},
-                                                       {0x2000, 0x203e},
-                                                       {0x2041, 0x2053},
-                                                       {0x2055, 0x206f},
-                                                       {0x2190, 0x245f},
-                                                       {0x2500, 0x2775},
-                                                       {0x2794, 0x2bff},
-                                                       {0x2e00, 0x2e7f},
-                                                       {0x3000, 0x3003},
-                                                       {0x3008, 0x3020},
-                                                       {0x3030, 0x3030},
-                                                       {0xfe45, 0xfe46}});
-
-bool IsDigit(char32_t code) {
-  return code >= '0' && code <= '9';
-}
 
 /// Returns whether the word is a name, or names with dots between them and perhaps before them.
 bool IsDotted(std::string_view word) {
@@ -46,15 +23,6 @@ bool IsNumber(std::string_view word) {
   return !word.empty() && std::all_of(word.begin(), word.end(), [](char byte) {
     return IsDigit(static_cast<unsigned char>(byte));
   });
-}
-
-bool IsNameCharacter(char32_t code) {
-  if (code < 0x80) {
-    const char32_t lower = code | 0x20U;
-    return (lower >= 'a' && lower <= 'z') || IsDigit(code) || code == '_' || code == '$';
-  }
-  if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
-  return !IsIn(signsAndSpaces, code);  // All others are left to the compiler.
 }
 
 std::size_t NameSize(std::string_view text) {
@@ -148,6 +116,21 @@ bool IsTemplate(std::string_view type) {
   }
 }
 
+char BraceOf(std::string_view word) {
+  const std::size_t begin = word.find_first_not_of(foreignSeparators);
+  if (begin == std::string_view::npos) return '\0';
+  const std::size_t end = word.find_last_not_of(foreignSeparators) + 1;
+  if (word[begin] == '}' || word[end - 1] == '}') return '}';
+  return word[end - 1] == '{' ? '{' : '\0';
+}
+
+bool IsTypeForm(std::string_view word) {
+  const std::optional<std::string_view> element = ElementType(word);
+  if (!element.has_value()) return false;
+  if (element->find('<') != std::string_view::npos) return IsTemplate(*element);
+  return IsDotted(*element);
+}
+
 bool LooksLikeType(std::string_view word) {
   const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
   const std::string_view element = word.substr(begin, word.find_first_of("[]", begin) - begin);
@@ -165,21 +148,6 @@ std::vector<std::string_view> TemplateNames(std::string_view type) {
     type.remove_prefix(std::min(size + 1, type.size()));
   }
   return names;
-}
-
-char BraceOf(std::string_view word) {
-  const std::size_t begin = word.find_first_not_of(foreignSeparators);
-  if (begin == std::string_view::npos) return '\0';
-  const std::size_t end = word.find_last_not_of(foreignSeparators) + 1;
-  if (word[begin] == '}' || word[end - 1] == '}') return '}';
-  return word[end - 1] == '{' ? '{' : '\0';
-}
-
-bool IsTypeForm(std::string_view word) {
-  const std::optional<std::string_view> element = ElementType(word);
-  if (!element.has_value()) return false;
-  if (element->find('<') != std::string_view::npos) return IsTemplate(*element);
-  return IsDotted(*element);
 }
 
 IncludeForm FormOfInclude(std::string_view word) {

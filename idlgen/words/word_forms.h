@@ -10,9 +10,6 @@ namespace zentho::idlgen {
 
 // What words must look like in their places. All of it is about their characters only.
 
-/// Returns whether the character can be part of a name.
-bool IsNameCharacter(char32_t code);
-
 /// Returns whether the word has digits only.
 bool IsNumber(std::string_view word);
 
