@@ -47,12 +47,7 @@ TEST_P(CppWords, KeywordsAreWhatTheTableSays) {
   if (!HasCompiler()) GTEST_SKIP() << noCompiler;
   const std::string standard = GetParam();
   std::set<std::string_view> words;
-  const auto add = [&](const auto& table) { words.insert(table.begin(), table.end()); };
-  add(typeKeywords);
-  add(callKeywords);
-  add(castKeywords);
-  add(laterKeywords);
-  add(otherKeywords);
+  for (const KeywordRow& row : keywords) words.insert(row.word);
   // The first line that is accepted shows what the word is.
   const std::string object = "struct S { virtual ~S() = 0; }; extern const S s; ";
   const std::vector<std::pair<Keyword, std::string>> kinds = {

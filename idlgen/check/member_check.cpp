@@ -31,8 +31,7 @@ void MemberCheck::checkMember(std::size_t type) {
   const TypeWord typeWord = checkTypeWord(type);
   if (!isName && !IsIdentifier(text)) return;
   const bool nameIsBuiltin = FindBuiltinType(text) != nullptr;
-  const bool nameIsType = nameIsBuiltin || context.lookup.hasRecord(text);
-  if (typeWord == TypeWord::Wrong && nameIsType) return;
+  if (typeWord == TypeWord::Wrong && (nameIsBuiltin || context.lookup.hasRecord(text))) return;
   if (typeWord == TypeWord::Elsewhere && nameIsBuiltin) {
     context.report(rules::builtinTypeAsName, name);
   }
@@ -59,14 +58,15 @@ void MemberCheck::checkChange(std::size_t name, const Uses& use) {
 }
 
 MemberCheck::TypeWord MemberCheck::checkTypeWord(std::size_t i) {
-  if (!IsTypeForm(words.text(i))) {
+  const std::string_view type = ElementType(words.text(i)).value_or("");
+  const bool isVector = type.size() < words.text(i).size();
+  const bool isBuiltin = FindBuiltinType(type) != nullptr || FindKeyword(type) == Keyword::Type;
+  if (!isBuiltin && !IsTypeForm(words.text(i))) {
     context.report(rules::notAType, i);
     return TypeWord::Wrong;
   }
-  const std::string_view type = *ElementType(words.text(i));
-  const bool isVector = type.size() < words.text(i).size();
-  if (NeedsStd(words.text(i))) checkLibrary(i);
-  if (FindBuiltinType(type) != nullptr || FindKeyword(type) == Keyword::Type) return TypeWord::Type;
+  checkLibrary(i);
+  if (isBuiltin) return TypeWord::Type;
   if (type == "char8_t") {
     context.report(rules::laterType, i);
     return TypeWord::Type;
@@ -79,7 +79,7 @@ MemberCheck::TypeWord MemberCheck::checkTypeWord(std::size_t i) {
 
 /// Checks once that no included file hides the namespace of the C++ library, which a type needs.
 void MemberCheck::checkLibrary(std::size_t i) {
-  if (isLibraryChecked || context.view.others().empty()) return;
+  if (isLibraryChecked || context.view.others().empty() || !NeedsStd(words.text(i))) return;
   isLibraryChecked = true;
   const std::vector<const Namespace*>& spaces = context.file.namespaces;
   for (std::size_t level = 1; level < spaces.size(); ++level) {

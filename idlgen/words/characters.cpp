@@ -72,11 +72,7 @@ Character FirstForeignCharacter(std::string_view text) {
   return {code, size, true};
 }
 
-bool IsNameCharacter(char32_t code) {
-  if (code < 0x80) {
-    const char32_t lower = code | 0x20U;
-    return (lower >= 'a' && lower <= 'z') || IsDigit(code) || code == '_' || code == '$';
-  }
+bool IsForeignNameCharacter(char32_t code) {
   if (code <= 0xbf) return code == 0xaa || code == 0xb5 || code == 0xb7 || code == 0xba;
   return !IsIn(signsAndSpaces, code);  // All others are left to the compiler.
 }

@@ -32,8 +32,15 @@ inline bool IsDigit(char32_t code) {
   return code >= '0' && code <= '9';
 }
 
+/// Returns whether the character, which is not ASCII, can be part of a name.
+bool IsForeignNameCharacter(char32_t code);
+
 /// Returns whether the character can be part of a name.
-bool IsNameCharacter(char32_t code);
+inline bool IsNameCharacter(char32_t code) {
+  if (code >= 0x80) return IsForeignNameCharacter(code);
+  const char32_t lower = code | 0x20U;
+  return (lower >= 'a' && lower <= 'z') || IsDigit(code) || code == '_' || code == '$';
+}
 
 /// Returns whether a terminal or an editor would not show the character: a control character, a
 /// special space, or one that only changes its neighbours.

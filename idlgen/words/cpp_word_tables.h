@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "words/cpp_words.h"
 #include "words/tables.h"
 
 namespace zentho::idlgen {
@@ -9,26 +10,34 @@ namespace zentho::idlgen {
 // The words that the functions of cpp_words.h know. cpp_words_test.cpp compares them with the
 // compiler.
 
-inline constexpr auto typeKeywords =
-    Table<std::string_view>({"bool", "char", "char16_t", "char32_t", "double", "float", "int",
-                             "long", "short", "signed", "unsigned", "wchar_t"});
-inline constexpr auto callKeywords =
-    Table<std::string_view>({"alignof", "decltype", "noexcept", "sizeof", "typeid"});
-inline constexpr auto castKeywords =
-    Table<std::string_view>({"const_cast", "dynamic_cast", "reinterpret_cast", "static_cast"});
-inline constexpr auto laterKeywords =
-    Table<std::string_view>({"char8_t", "co_await", "co_return", "co_yield", "concept", "consteval",
-                             "constinit", "requires"});
-inline constexpr auto otherKeywords = Table<std::string_view>(
-    {"alignas",      "and",     "and_eq",        "asm",      "auto",      "bitand",   "bitor",
-     "break",        "case",    "catch",         "class",    "compl",     "const",    "constexpr",
-     "continue",     "default", "delete",        "do",       "else",      "enum",     "explicit",
-     "export",       "extern",  "false",         "for",      "friend",    "goto",     "if",
-     "inline",       "mutable", "namespace",     "new",      "not",       "not_eq",   "nullptr",
-     "operator",     "or",      "or_eq",         "private",  "protected", "public",   "register",
-     "return",       "static",  "static_assert", "struct",   "switch",    "template", "this",
-     "thread_local", "throw",   "true",          "try",      "typedef",   "typename", "union",
-     "using",        "virtual", "void",          "volatile", "while",     "xor",      "xor_eq"});
+/// A keyword of C++.
+struct KeywordRow {
+  std::string_view word;
+  Keyword kind = Keyword::Other;
+};
+
+// clang-format off
+/// All keywords, in alphabetical order.
+inline constexpr auto keywords = Table<KeywordRow>({
+    {"alignas"}, {"alignof", Keyword::Call}, {"and"}, {"and_eq"}, {"asm"}, {"auto"}, {"bitand"},
+    {"bitor"}, {"bool", Keyword::Type}, {"break"}, {"case"}, {"catch"}, {"char", Keyword::Type},
+    {"char16_t", Keyword::Type}, {"char32_t", Keyword::Type}, {"char8_t", Keyword::Cpp20},
+    {"class"}, {"co_await", Keyword::Cpp20}, {"co_return", Keyword::Cpp20},
+    {"co_yield", Keyword::Cpp20}, {"compl"}, {"concept", Keyword::Cpp20}, {"const"},
+    {"const_cast", Keyword::Cast}, {"consteval", Keyword::Cpp20}, {"constexpr"},
+    {"constinit", Keyword::Cpp20}, {"continue"}, {"decltype", Keyword::Call}, {"default"},
+    {"delete"}, {"do"}, {"double", Keyword::Type}, {"dynamic_cast", Keyword::Cast}, {"else"},
+    {"enum"}, {"explicit"}, {"export"}, {"extern"}, {"false"}, {"float", Keyword::Type}, {"for"},
+    {"friend"}, {"goto"}, {"if"}, {"inline"}, {"int", Keyword::Type}, {"long", Keyword::Type},
+    {"mutable"}, {"namespace"}, {"new"}, {"noexcept", Keyword::Call}, {"not"}, {"not_eq"},
+    {"nullptr"}, {"operator"}, {"or"}, {"or_eq"}, {"private"}, {"protected"}, {"public"},
+    {"register"}, {"reinterpret_cast", Keyword::Cast}, {"requires", Keyword::Cpp20}, {"return"},
+    {"short", Keyword::Type}, {"signed", Keyword::Type}, {"sizeof", Keyword::Call}, {"static"},
+    {"static_assert"}, {"static_cast", Keyword::Cast}, {"struct"}, {"switch"}, {"template"},
+    {"this"}, {"thread_local"}, {"throw"}, {"true"}, {"try"}, {"typedef"},
+    {"typeid", Keyword::Call}, {"typename"}, {"union"}, {"unsigned", Keyword::Type}, {"using"},
+    {"virtual"}, {"void"}, {"volatile"}, {"wchar_t", Keyword::Type}, {"while"}, {"xor"}, {"xor_eq"}});
+// clang-format on
 
 /// The types of <cstdint> and <cstddef>.
 inline constexpr auto libraryTypes = Table<std::string_view>(

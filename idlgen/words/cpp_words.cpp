@@ -1,16 +1,17 @@
 #include "words/cpp_words.h"
 
+#include <algorithm>
+
 #include "words/cpp_word_tables.h"
 
 namespace zentho::idlgen {
 
 Keyword FindKeyword(std::string_view word) {
   if (word.empty() || word.front() < 'a' || word.front() > 'z') return Keyword::None;
-  if (Contains(typeKeywords, word)) return Keyword::Type;
-  if (Contains(callKeywords, word)) return Keyword::Call;
-  if (Contains(castKeywords, word)) return Keyword::Cast;
-  if (Contains(laterKeywords, word)) return Keyword::Cpp20;
-  return Contains(otherKeywords, word) ? Keyword::Other : Keyword::None;
+  const auto* const found = std::lower_bound(
+      keywords.begin(), keywords.end(), word,
+      [](const KeywordRow& row, std::string_view wanted) { return row.word < wanted; });
+  return found != keywords.end() && found->word == word ? found->kind : Keyword::None;
 }
 
 bool IsCppType(std::string_view type) {
