@@ -58,10 +58,8 @@ int finish(const Outcome& result) {
 int run(const CommandLine& line) {
   switch (line.kind) {
     case CommandLine::Kind::Wrong:
-      printError(usage);
+      printError("idlgen-header: " + line.error + "\n" + std::string(usage));
       return 2;
-    case CommandLine::Kind::Failed:
-      return finish({false, line.error});
     case CommandLine::Kind::Help:
       return print(std::string(usage).append(help));
     case CommandLine::Kind::Version:

@@ -27,6 +27,10 @@ bool IsMissing(const std::error_code& error) {
   return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
 }
 
+std::string DirectoryOf(const std::string& path) {
+  return path.substr(0, path.rfind('/') + 1);
+}
+
 std::error_code Descriptor::close() {
   if (value < 0) return {};
   const int result = ::close(value);

@@ -13,6 +13,9 @@ namespace zentho::idlgen {
 /// Returns whether the error means that there is no such file.
 [[nodiscard]] bool IsMissing(const std::error_code& error);
 
+/// Returns the directory of a path, with a '/' at its end, or nothing for the current directory.
+std::string DirectoryOf(const std::string& path);
+
 /// Owns a file descriptor, which is negative if the file could not be opened.
 class Descriptor {
  public:

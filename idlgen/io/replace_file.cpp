@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -50,17 +51,21 @@ std::error_code createTemporary(const std::string& directory, std::string& path,
 }
 
 /// Writes the file and closes it.
-std::error_code fill(Descriptor& file, std::string_view bytes) {
-  const std::error_code writeError = writeAll(file.get(), bytes);
+std::error_code fill(Descriptor& file, std::string_view bytes, const timespec* time) {
+  std::error_code error = writeAll(file.get(), bytes);
+  if (!error && time != nullptr) {
+    const std::array<timespec, 2> times = {timespec{0, UTIME_OMIT}, *time};
+    if (::futimens(file.get(), times.data()) != 0) error = LastError();
+  }
   const std::error_code closeError = file.close();
-  return writeError ? writeError : closeError;
+  return error ? error : closeError;
 }
 
 }  // namespace
 
-std::error_code replaceFile(const std::string& path, std::string_view bytes) {
+std::error_code replaceFile(const std::string& path, std::string_view bytes, const timespec* time) {
   const SignalDelay delay;
-  const std::string directory = path.substr(0, path.rfind('/') + 1);
+  const std::string directory = DirectoryOf(path);
   std::string temporary;
   int descriptor = -1;
   std::error_code error = createTemporary(directory, temporary, descriptor);
@@ -71,9 +76,29 @@ std::error_code replaceFile(const std::string& path, std::string_view bytes) {
   if (error) return error;
 
   Descriptor file(descriptor);
-  error = fill(file, bytes);
+  error = fill(file, bytes, time);
   if (!error && ::rename(temporary.c_str(), path.c_str()) != 0) error = LastError();
   if (error) ::unlink(temporary.c_str());
+  return error;
+}
+
+std::error_code readClock(const std::string& path, timespec& time) {
+  const SignalDelay delay;
+  std::string directory = DirectoryOf(path);
+  std::string temporary;
+  int descriptor = -1;
+  std::error_code error = createTemporary(directory, temporary, descriptor);
+  while (error == std::errc::no_such_file_or_directory && !directory.empty()) {
+    directory = DirectoryOf(directory.substr(0, directory.size() - 1));
+    error = createTemporary(directory, temporary, descriptor);
+  }
+  if (error) return error;
+
+  const Descriptor file(descriptor);
+  struct stat status {};
+  if (::fstat(file.get(), &status) != 0) error = LastError();
+  time = status.st_mtim;
+  ::unlink(temporary.c_str());
   return error;
 }
 

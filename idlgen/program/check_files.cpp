@@ -1,6 +1,7 @@
 #include "program/check_files.h"
 
 #include <algorithm>
+#include <ctime>
 #include <new>
 #include <string_view>
 #include <system_error>
@@ -24,13 +25,15 @@ class Run {
       : request(checkRequest), sources(tree, checkRequest.directories) {}
 
   Outcome check() {
+    if (request.stamp.has_value()) clockError = readClock(*request.stamp, begin);
     sources.load(request.files);  // First, so that none of these files is taken for a stamp.
+    if (!request.argumentError.empty()) return {false, request.argumentError};
     for (const OutputFile& file : outputs()) {
       if (const std::optional<std::string> reason = Refusal(file)) {
         return {false, ErrorLine(file.path, *reason)};
       }
     }
-    std::string errors = directoryErrors(false);
+    std::string errors = nameErrors() + directoryErrors(false);
     if (!errors.empty()) return {false, std::move(errors)};
     Outcome result{true, {}};
     // As compilers do, passes over directories that do not exist.
@@ -71,24 +74,41 @@ class Run {
     return messages;
   }
 
+  /// Returns a message for each name that no depfile can have.
+  std::string nameErrors() const {
+    std::string messages;
+    if (!request.depfile.has_value()) return messages;
+    std::vector<std::string> names = dependencies();
+    names.push_back(*request.stamp);
+    for (const std::string& name : names) {
+      if (name.find('\n') == std::string::npos) continue;
+      messages += ErrorLine(name, "has a line feed, which cannot be in a depfile");
+    }
+    return messages;
+  }
+
   Outcome examineNamed(Examination& examination, const Sources::Named& named) const {
     if (named.file == nullptr) return {false, ErrorLine(named.path, named.reason)};
     return reportOn(examination, *named.file, request.warnings);
   }
 
-  OutputFile output(const std::string& path, std::string beginning) const {
-    return {path, std::move(beginning), [this](FileId id) { return isRead(id); },
-            "is a file to read"};
+  OutputFile stamp() const {
+    return {*request.stamp, [](std::string_view) { return false; }, "is not empty",
+            [this](FileId id) { return isRead(id); }, "is a file to read"};
   }
 
-  OutputFile stamp() const { return output(*request.stamp, {}); }
+  OutputFile depfile() const {
+    OutputFile file = stamp();
+    file.path = *request.depfile;
+    file.isOlder = [this](std::string_view text) { return IsDepfile(text, *request.stamp); };
+    file.otherReason = "is not a depfile of this stamp";
+    return file;
+  }
 
   /// Returns the files to write.
   std::vector<OutputFile> outputs() const {
     std::vector<OutputFile> files;
-    if (request.depfile.has_value()) {
-      files.push_back(output(*request.depfile, RuleBeginning(*request.stamp)));
-    }
+    if (request.depfile.has_value()) files.push_back(depfile());
     if (request.stamp.has_value()) files.push_back(stamp());
     return files;
   }
@@ -102,26 +122,34 @@ class Run {
   /// Writes the depfile, and then the stamp, which shows that all has been done.
   Outcome writeOutputs() const {
     Outcome result{true, {}};
-    if (request.depfile.has_value()) result = write(*request.depfile, depfileText());
-    if (result.succeeded && request.stamp.has_value()) result = write(*request.stamp, {});
+    if (request.depfile.has_value()) {
+      const std::string text = Depfile(*request.stamp, dependencies());
+      result = outcomeOf(*request.depfile, replaceFile(*request.depfile, text));
+    }
+    if (result.succeeded && request.stamp.has_value()) {
+      result = outcomeOf(*request.stamp,
+                         clockError ? clockError : replaceFile(*request.stamp, {}, &begin));
+    }
     return result;
   }
 
-  static Outcome write(const std::string& path, const std::string& text) {
-    const std::error_code error = replaceFile(path, text);
+  static Outcome outcomeOf(const std::string& path, const std::error_code& error) {
     return error ? Outcome{false, ErrorLine(path, error.message())} : Outcome{true, {}};
   }
 
-  std::string depfileText() const {
+  /// Returns the files that have been read.
+  std::vector<std::string> dependencies() const {
     std::vector<std::string> paths;
     for (const SourceFile& file : sources.files()) paths.push_back(file.path);
     paths.insert(paths.end(), request.argumentFiles.begin(), request.argumentFiles.end());
-    return Depfile(*request.stamp, paths);
+    return paths;
   }
 
   const CheckRequest& request;
   DiskTree tree;
   Sources sources;
+  timespec begin{};            ///< The time at which the run began.
+  std::error_code clockError;  ///< Why that is not known.
 };
 
 }  // namespace

@@ -10,9 +10,10 @@
 #include <system_error>
 #include <utility>
 
-#include "io/file.h"
 #include "messages/outcome.h"
 #include "reader/idl.h"
+#include "sources/source_tree.h"
+#include "words/printable.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -37,8 +38,13 @@ std::vector<std::string> Lines(std::string_view text) {
   return lines;
 }
 
+/// Returns whether two paths of files that may not exist are the same, also through a link to a
+/// directory.
 bool IsSamePath(const std::filesystem::path& a, const std::filesystem::path& b) {
-  return a.lexically_normal() == b.lexically_normal();
+  std::error_code error;
+  return a.lexically_normal() == b.lexically_normal() ||
+         (a.filename() == b.filename() &&
+          std::filesystem::equivalent(a.parent_path() / ".", b.parent_path() / ".", error));
 }
 
 /// Reads the arguments in their order.
@@ -49,21 +55,20 @@ class ArgumentReader {
 
   CommandLine read() {
     while (next < arguments.size()) {
-      if (operands.empty() && !readOptions()) return {};
+      if (operands.empty() && !readOptions()) return std::move(line);
       if (next == arguments.size()) break;
       if (isCheck && next >= endOfFile && arguments[next][0] == '@') {
-        if (std::string error = readArgumentFile(); !error.empty()) {
-          return {CommandLine::Kind::Failed, std::move(error)};
-        }
+        if (!readArgumentFile()) break;
       } else {
         operands.push_back(std::move(arguments[next++]));
       }
     }
-    return isCheck ? checkLine() : headerLine();
+    finish();
+    return std::move(line);
   }
 
  private:
-  /// Reads options up to the first operand. Returns whether they are right.
+  /// Reads options up to the first operand. Returns whether they are right, or else says why not.
   bool readOptions() {
     std::vector<char*> words = {nullptr};  // In place of the name of the program.
     for (std::size_t i = next; i < arguments.size(); ++i) words.push_back(arguments[i].data());
@@ -74,12 +79,14 @@ class ArgumentReader {
     while (true) {
       const char* const word = words[static_cast<std::size_t>(std::max(optind, 1))];
       int index = -1;
-      const int letter = getopt_long(count, words.data(), "+wI:", longOptions.data(), &index);
+      const int letter = getopt_long(count, words.data(), "+:wI:", longOptions.data(), &index);
       if (letter == -1) break;
-      if (index >= 0 && !isWhole(word, longOptions[static_cast<std::size_t>(index)].name)) {
+      const bool isPart =
+          index >= 0 && !isWhole(word, longOptions[static_cast<std::size_t>(index)].name);
+      if (isPart || !readOption(letter)) {
+        line.error = isPart ? unknown(word) : optionError(letter, word);
         return false;
       }
-      if (!readOption(letter)) return false;
     }
     next += static_cast<std::size_t>(optind) - 1;
     return true;
@@ -89,6 +96,18 @@ class ArgumentReader {
   /// too.
   static bool isWhole(std::string_view word, std::string_view name) {
     return word.substr(2, word.find('=') - 2) == name;
+  }
+
+  static std::string unknown(const std::string& option) {
+    const bool isAlone = option == "--help" || option == "--version";
+    return Quoted(option) + (isAlone ? " takes no other arguments" : " is not an option");
+  }
+
+  /// Returns what is wrong with the option in this word, of which getopt_long returned the letter.
+  static std::string optionError(int letter, const std::string& word) {
+    if (letter == ':') return Quoted(word) + " needs a value";
+    if (optopt >= check) return Quoted(word) + " has a value, but takes none";
+    return unknown(optopt == 0 ? word : std::string("-") + static_cast<char>(optopt));
   }
 
   bool readOption(int letter) {
@@ -119,47 +138,67 @@ class ArgumentReader {
     }
   }
 
-  /// Replaces the next argument, "@FILE", by the lines of the file. Returns why that failed.
-  std::string readArgumentFile() {
+  /// Replaces the next argument, "@FILE", by the lines of the file. Returns whether that worked, or
+  /// else notes why not.
+  bool readArgumentFile() {
     std::string path = arguments[next].substr(1);
     std::string text;
-    if (const std::error_code error = readFile(path, text)) {
-      return ErrorLine(path, error.message());
+    DiskTree tree;
+    Entry entry = tree.look(path);
+    if (entry.kind == Entry::Kind::File) entry = tree.read(path, text);
+    if (entry.kind != Entry::Kind::File) {
+      line.check.argumentError =
+          ErrorLine(path, entry.error ? entry.error.message() : "is not a regular file");
+      return false;
     }
     const std::vector<std::string> lines = Lines(text);
     const auto place = arguments.begin() + static_cast<std::ptrdiff_t>(next);
     arguments.insert(arguments.erase(place), lines.begin(), lines.end());
     endOfFile = next + lines.size();
     line.check.argumentFiles.push_back(std::move(path));
+    return true;
+  }
+
+  /// Completes the command line, or says what is wrong with it.
+  void finish() {
+    line.error = wholeError();
+    if (!line.error.empty()) return;
+    line.kind = isCheck ? CommandLine::Kind::Check : CommandLine::Kind::Header;
+    line.header.warnings = line.check.warnings = warnings();
+    if (isCheck) {
+      line.check.files = std::move(operands);
+    } else {
+      line.header.idl = std::move(operands[0]);
+      line.header.header = std::move(operands[1]);
+    }
+  }
+
+  [[nodiscard]] std::string wholeError() const {
+    if (!line.check.argumentError.empty()) return {};  // Not all of it has been read.
+    if (isSilent && isStrict) return "-w and --werror exclude each other";
+    return isCheck ? checkError() : headerError();
+  }
+
+  [[nodiscard]] std::string checkError() const {
+    const CheckRequest& request = line.check;
+    for (const std::string& operand : operands) {
+      if (operand[0] == '-') return Quoted(operand) + " is among the files, but options come first";
+    }
+    if (line.header.ifChanged) return "--check takes no --if-changed";
+    if (operands.empty()) return "there is no IDL file to check";
+    if (request.depfile && !request.stamp) return "--depfile needs --stamp";
+    if (request.depfile && IsSamePath(*request.depfile, *request.stamp)) {
+      return "the stamp and the depfile are one file";
+    }
     return {};
   }
 
-  /// Returns the command line of "--check".
-  CommandLine checkLine() {
-    CheckRequest& request = line.check;
-    const bool isWrong = operands.empty() || line.header.ifChanged || (isSilent && isStrict) ||
-                         (request.depfile.has_value() &&
-                          (!request.stamp || IsSamePath(*request.depfile, *request.stamp))) ||
-                         std::any_of(operands.begin(), operands.end(),
-                                     [](const std::string& operand) { return operand[0] == '-'; });
-    if (isWrong) return {};
-    request.files = std::move(operands);
-    request.warnings = warnings();
-    line.kind = CommandLine::Kind::Check;
-    return std::move(line);
-  }
-
-  /// Returns the command line that generates a header.
-  CommandLine headerLine() {
+  [[nodiscard]] std::string headerError() const {
     const CheckRequest& foreign = line.check;
-    const bool isWrong = operands.size() != 2 || (isSilent && isStrict) ||
-                         !foreign.directories.empty() || foreign.stamp || foreign.depfile;
-    if (isWrong) return {};
-    line.header.idl = std::move(operands[0]);
-    line.header.header = std::move(operands[1]);
-    line.header.warnings = warnings();
-    line.kind = CommandLine::Kind::Header;
-    return std::move(line);
+    if (!foreign.directories.empty() || foreign.stamp || foreign.depfile) {
+      return "-I, --stamp and --depfile need --check";
+    }
+    return operands.size() == 2 ? "" : "without --check, give one IDL file and its header";
   }
 
   [[nodiscard]] Warnings warnings() const {

@@ -11,10 +11,10 @@ namespace zentho::idlgen {
 
 /// What the command line of `idlgen-header` asks for.
 struct CommandLine {
-  enum class Kind : std::uint8_t { Wrong, Failed, Help, Version, Header, Check };
+  enum class Kind : std::uint8_t { Wrong, Help, Version, Header, Check };
 
   Kind kind = Kind::Wrong;
-  std::string error = {};  ///< Why reading the command line failed.
+  std::string error = {};  ///< What is wrong.
   HeaderRequest header = {};
   CheckRequest check = {};
 };

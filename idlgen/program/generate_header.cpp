@@ -45,9 +45,12 @@ Outcome generate(const HeaderRequest& request) {
 }  // namespace
 
 Outcome generateHeader(const HeaderRequest& request) {
-  const OutputFile header = {request.header, "#pragma once",
-                             [&](FileId id) { return DiskTree().look(request.idl).id == id; },
-                             "is the IDL file"};
+  constexpr std::string_view beginning = "#pragma once";
+  const OutputFile header = {
+      request.header,
+      [&](std::string_view text) { return text.substr(0, beginning.size()) == beginning; },
+      "does not begin with \"" + std::string(beginning) + "\"",
+      [&](FileId id) { return DiskTree().look(request.idl).id == id; }, "is the IDL file"};
   if (const std::optional<std::string> reason = Refusal(header)) {
     return {false, ErrorLine(request.header, *reason)};
   }

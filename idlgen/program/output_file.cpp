@@ -2,13 +2,11 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <system_error>
 
 #include "io/file.h"
 #include "io/replace_file.h"
 #include "messages/outcome.h"
-#include "words/printable.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -33,13 +31,12 @@ std::optional<std::string> ReasonToKeep(const OutputFile& file, const struct sta
   if (file.isInput({status.st_dev, status.st_ino})) return std::string(file.inputReason);
   if (!S_ISREG(status.st_mode)) return "is not a regular file";
   std::string start;
-  const std::size_t size = std::max<std::size_t>(file.beginning.size(), 1);
-  const std::error_code error = readFile(file.path, start, size);
+  constexpr std::size_t limit = 16384;  // More than the longest path, with all its escapes.
+  const std::error_code error = readFile(file.path, start, limit);
   if (IsMissing(error)) return std::nullopt;  // Another run has just removed it.
   if (error) return error.message();
-  if (start.empty() || start == file.beginning) return std::nullopt;
-  if (file.beginning.empty()) return "is not empty";
-  return "does not begin with \"" + Printable(file.beginning) + "\"";
+  if (start.empty() || file.isOlder(start)) return std::nullopt;
+  return file.otherReason;
 }
 
 }  // namespace

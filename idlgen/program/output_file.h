@@ -12,7 +12,9 @@ namespace zentho::idlgen {
 /// A file that a run writes, and removes after an error.
 struct OutputFile {
   std::string path;
-  std::string beginning;  ///< How a file begins that may be replaced. An empty one always may be.
+  /// Whether a file that begins like this may be replaced. An empty one always may be.
+  std::function<bool(std::string_view)> isOlder;
+  std::string otherReason;              ///< What to say of another file.
   std::function<bool(FileId)> isInput;  ///< Whether it is one of the files to read.
   std::string_view inputReason;         ///< What to say then.
 };

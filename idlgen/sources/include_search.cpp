@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "io/file.h"
 #include "reader/idl.h"
 #include "words/similar.h"
 #include "words/word_forms.h"
@@ -120,10 +121,6 @@ bool CanBeIncluded(const std::string& path) {
 }
 
 }  // namespace
-
-std::string DirectoryOf(const std::string& path) {
-  return path.substr(0, path.rfind('/') + 1);
-}
 
 IncludeSearch::IncludeSearch(SourceTree& sourceTree, std::vector<std::string> baseDirectories)
     : tree(sourceTree), bases(std::move(baseDirectories)) {

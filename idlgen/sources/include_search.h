@@ -13,9 +13,6 @@
 
 namespace zentho::idlgen {
 
-/// Returns the directory of a path, with a '/' at its end, or nothing for the current directory.
-std::string DirectoryOf(const std::string& path);
-
 /// Finds the files that include statements mean, in the way in which a compiler finds their
 /// headers. Paths are joined as text: ".." takes a name off. Each answer is remembered.
 class IncludeSearch {

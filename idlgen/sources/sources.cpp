@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "io/file.h"
 #include "words/printable.h"
 #include "words/similar.h"
 #include "words/word_forms.h"
