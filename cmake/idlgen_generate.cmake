@@ -39,8 +39,19 @@ endfunction()
 function(_idlgen_check_arguments)
   # A project may give an empty variable for these.
   list(REMOVE_ITEM _idlgen_KEYWORDS_MISSING_VALUES DEPENDS INCLUDE_DIRS)
-  if(_idlgen_UNPARSED_ARGUMENTS)
-    message(FATAL_ERROR "idlgen_generate: unknown argument: ${_idlgen_UNPARSED_ARGUMENTS}")
+  # A keyword that is not known counts as one more value of the keyword before it.
+  set(values "${_idlgen_TARGET}")
+  list(POP_FRONT values)
+  list(APPEND values ${_idlgen_FILES} ${_idlgen_BASE_DIR} ${_idlgen_INCLUDE_DIRS})
+  set(unknown "${_idlgen_UNPARSED_ARGUMENTS}")
+  foreach(value IN LISTS values)
+    if(value MATCHES "^[A-Z_]+$" AND NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${value}")
+      list(APPEND unknown "${value}")
+    endif()
+  endforeach()
+  if(unknown)
+    list(GET unknown 0 unknown)
+    message(FATAL_ERROR "idlgen_generate: unknown argument: ${unknown}")
   endif()
   if(_idlgen_KEYWORDS_MISSING_VALUES)
     message(FATAL_ERROR "idlgen_generate: no value after ${_idlgen_KEYWORDS_MISSING_VALUES}")
@@ -234,23 +245,22 @@ function(_idlgen_add_check target idls search directory depends)
   list(TRANSFORM entries APPEND ">>")
   set_target_properties("${target}" PROPERTIES
     IDLGEN_TARGET TRUE INTERFACE_LINK_DEPENDS "${entries}")
+  # If CMake rejects $<LINK_LANGUAGE> here, it stands in INTERFACE_LINK_DEPENDS of a linked library,
+  # and CMake knows the language only where a program or a library is linked.
   set(linked "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
   list(APPEND depends "$<FILTER:${linked},INCLUDE,^[^/]+_check_depends$>")
 
-  # What a target links may depend on the configuration.
-  set(check "${directory}/check")
-  set(checks "${check}")
+  # What a target links may depend on the configuration. A build checks for one of them: a stamp for
+  # each would be made in every build.
+  set(arguments "${directory}/check/arguments")
   get_property(multi_config GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)
   if(multi_config)
-    # CMake 3.25 crashes with cross configurations if a depfile depends on the configuration.
-    list(TRANSFORM CMAKE_CONFIGURATION_TYPES PREPEND "${check}/" OUTPUT_VARIABLE checks)
-    string(APPEND check "/$<CONFIG>")
+    set(arguments "${directory}/check/$<CONFIG>/arguments")
   endif()
-  _idlgen_write_arguments("${target}" "${idls}" "${check}/arguments")
-  foreach(path IN LISTS checks)
-    _idlgen_add_check_command("${target}" "${path}" "${idls}" "${depends}")
-  endforeach()
-  add_custom_target("${target}_check" DEPENDS "${check}/stamp")
+  _idlgen_write_arguments("${target}" "${idls}" "${arguments}")
+  set(stamp "${directory}/check/stamp")
+  _idlgen_add_check_command("${target}" "${stamp}" "${arguments}" "${idls}" "${depends}")
+  add_custom_target("${target}_check" DEPENDS "${stamp}")
   add_dependencies("${target}_generate" "${target}_check")
 endfunction()
 
@@ -277,10 +287,10 @@ function(_idlgen_write_arguments target idls file)
   file(GENERATE OUTPUT "${file}" CONTENT "$<JOIN:${options},\n>\n${include}${lines}\n" ${condition})
 endfunction()
 
-# Adds the command that checks the IDL files with the arguments in the directory.
-function(_idlgen_add_check_command target check idls depends)
-  if(CMAKE_GENERATOR MATCHES "^Ninja" AND check MATCHES "\\$")
-    message(FATAL_ERROR "idlgen: CMake does not support \"$\" in a build directory: ${check}")
+# Adds the command that checks the IDL files with the arguments in a file.
+function(_idlgen_add_check_command target stamp arguments idls depends)
+  if(CMAKE_GENERATOR MATCHES "^Ninja" AND stamp MATCHES "\\$")
+    message(FATAL_ERROR "idlgen: CMake does not support \"$\" in a build directory: ${stamp}")
   endif()
   set(werror "")
   if(_idlgen_WERROR)
@@ -294,12 +304,12 @@ function(_idlgen_add_check_command target check idls depends)
     set(forget COMMAND "${CMAKE_COMMAND}" -E rm -f "${list}")
   endif()
   add_custom_command(
-    OUTPUT "${check}/stamp"
+    OUTPUT "${stamp}"
     COMMAND idlgen::idlgen-header --check ${werror}
-            --stamp "${check}/stamp" --depfile "${check}/stamp.d" "@${check}/arguments"
+            --stamp "${stamp}" --depfile "${stamp}.d" "@${arguments}"
     ${forget}
-    DEPENDS ${idls} "${check}/arguments" ${depends}
-    DEPFILE "${check}/stamp.d"
+    DEPENDS ${idls} "${arguments}" ${depends}
+    DEPFILE "${stamp}.d"
     COMMENT "Checking the IDL files of ${target}"
     VERBATIM)
 endfunction()

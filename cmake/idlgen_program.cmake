@@ -37,6 +37,10 @@ function(_idlgen_find_problem program variable)
   if(NOT status EQUAL 0)
     set(problem "The program cannot be read: ${program}")
   endif()
+  execute_process(COMMAND "${program}" --help OUTPUT_VARIABLE help ERROR_QUIET)
+  if("${problem}" STREQUAL "" AND NOT help MATCHES "--check")
+    set(problem "The program has no option --check. It may be of an earlier version: ${program}")
+  endif()
   foreach(path IN ITEMS "${program}" "${CMAKE_BINARY_DIR}")
     if("${problem}" STREQUAL "")
       _idlgen_find_unsupported("${path}" problem)
@@ -99,9 +103,10 @@ function(_idlgen_create_target program)
 endfunction()
 
 # Returns a message if CMake writes a character of the path to build files unquoted, so that Ninja,
-# make or the shell would read another path, or several. Otherwise, returns an empty string.
+# make or the shell would read another path, or several, or if CMake takes the path to begin with a
+# drive. Otherwise, returns an empty string.
 function(_idlgen_find_unsupported path variable)
-  set(unsupported "[][?#<>|\\;\t\r\n]|\\$[({]")
+  set(unsupported "[][?#<>|\\;\t\r\n]|\\$[({]|^[A-Za-z]:")
   if(CMAKE_GENERATOR MATCHES "Makefiles")
     string(APPEND unsupported "|[*:%]")
   endif()

@@ -14,6 +14,8 @@ endfunction()
 rejected("TARGET t" "idlgen_generate: TARGET and FILES are required")
 rejected("TARGET t FILES" "idlgen_generate: no value after FILES")
 rejected("t FILES a.idl" "idlgen_generate: unknown argument: t")
+rejected("TARGET t FILE a.idl" "idlgen_generate: unknown argument: FILE ")
+rejected("TARGET T FILES a.idl OUTPUT_DIR gen" "idlgen_generate: unknown argument: OUTPUT_DIR ")
 rejected("TARGET t FILES a.idl TARGET u" "idlgen_generate: TARGET takes one name, not t;u")
 rejected("TARGET ../t FILES a.idl" "idlgen_generate: TARGET takes one name, not ../t")
 rejected("TARGET t FILES a.idl)\nidlgen_generate(TARGET t FILES a.idl"
@@ -30,6 +32,10 @@ rejected("TARGET t FILES a.h/b.idl a.idl" "a.h would be a header and a directory
 rejected("TARGET t FILES v[1].idl" "in the path ${scratch}/v[1].idl")
 rejected("TARGET t FILES [[a#.idl]]" "CMake does not support \"#\" in the path ${scratch}/a#.idl")
 rejected("TARGET t FILES v?.idl" "CMake does not support \"?\" in the path ${scratch}/v?.idl")
+file(COPY ${scratch}/CMakeLists.txt ${scratch}/a.idl DESTINATION ${scratch}/d:x)
+run(FAILS COMMAND ${CMAKE_COMMAND} -E chdir ${scratch} ${CMAKE_COMMAND} -S d:x -B ${scratch}/drive
+                  -D CMAKE_PREFIX_PATH=${PREFIX} -D "CALL=idlgen_generate(TARGET t FILES a.idl)"
+          PRINTS "CMake does not support \"d:\" in the path d:x/a.idl")
 foreach(pair "a%b.idl;%" "a:b.idl;:")
   list(GET pair 0 name)
   list(GET pair 1 character)

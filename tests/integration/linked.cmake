@@ -7,11 +7,13 @@ set(point_idl ${source}/base/geo/point.idl)
 set(route_idl ${source}/idl/robot/route.idl)
 
 # Multi-Config: what a target links, and so the arguments of its check, may depend on the
-# configuration.
+# configuration. A build checks with those of its own.
 set(check ${build}/robot_idl.idlgen/check)
 if(BUILD MATCHES "Multi-Config")
   file(STRINGS ${check}/Release/arguments arguments)
   check("NOT \"-I${source}/only_debug\" IN_LIST arguments")
+  run(SUCCEEDS COMMAND ${build_all} --config Release --target robot_idl_check --verbose
+      PRINTS "Release/arguments" HIDES "Debug/arguments")
   string(APPEND check /Debug)
 endif()
 file(STRINGS ${check}/arguments arguments)
@@ -19,8 +21,11 @@ check("arguments STREQUAL \"-I${source}/idl;-I${source}/none;-I${source}/extra;-
 -I${source}/base;-I${source}/only_debug;-I${build}/late/gen;-I${build}/late;\
 -I${source}/installed;${route_idl}\"")
 
+# Two targets depend on a file that is generated, once.
 run(SUCCEEDS COMMAND ${build_all} PRINTS "Checking the IDL files of robot_idl")
 run(SUCCEEDS COMMAND ${build_all} HIDES "Checking" "Generating" "Building")
+file(STRINGS ${build}/late/log made)
+check("made STREQUAL made")
 
 # A changed file is checked in its target and in those that link it, and only its header is
 # generated.
@@ -54,6 +59,15 @@ file(WRITE ${route_idl} "${text}")
 file(REMOVE ${source}/extra/more.idl)
 run(SUCCEEDS COMMAND ${build_all} --target robot_idl_check PRINTS "Checking")
 run(SUCCEEDS COMMAND ${build_all} --target robot_idl_check HIDES "Checking")
+
+# A copy of the build directory, whose files name the original, builds and rests.
+file(COPY ${build} DESTINATION ${scratch}/copy)
+file(REMOVE ${scratch}/copy/build/CMakeCache.txt)
+string(REPLACE ${build} ${scratch}/copy/build configure_copy "${configure}")
+string(REPLACE ${build} ${scratch}/copy/build build_copy "${build_all}")
+run(SUCCEEDS COMMAND ${configure_copy})
+run(SUCCEEDS COMMAND ${build_copy} PRINTS "Checking the IDL files of robot_idl")
+run(SUCCEEDS COMMAND ${build_copy} HIDES "Checking" "Generating" "Building")
 
 # The rest does not depend on the generator.
 if(NOT BUILD STREQUAL "Ninja")

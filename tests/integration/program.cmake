@@ -33,6 +33,9 @@ foreach(other tools/mine ${scratch}/none ${scratch}/tools ${scratch}/a.idl ${scr
   run(FAILS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE:FILEPATH=${other}
             PRINTS "IDLGEN_HEADER_EXECUTABLE is not the absolute path of a program: ${other}")
 endforeach()
+find_program(true true)  # In place of an earlier version.
+run(FAILS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE=${true}
+          PRINTS "The program has no option --check. It may be of an earlier version: ${true}")
 
 # It is not ignored silently if it is set too late.
 run(SUCCEEDS COMMAND ${configure} -D IDLGEN_HEADER_EXECUTABLE=
@@ -46,7 +49,10 @@ set(second "set(idlgen_DIR [[${scratch}/link/share/cmake/idlgen]])\nfind_package
 run(SUCCEEDS COMMAND ${configure} -D "CALL=${second}" HIDES "It ignores")
 set(second "set(idlgen_DIR [[${other_package}]])\nfind_package(idlgen)")
 run(SUCCEEDS COMMAND ${configure} -D "CALL=${second}"
-             PRINTS "This build generates headers with ${program}. It ignores")
+             PRINTS "This build generates headers with ${program}. It ignores" HIDES "has found first")
+string(PREPEND second "set_property(GLOBAL PROPERTY IDLGEN_VERSION 1.1.0)\n")
+run(SUCCEEDS COMMAND ${configure} -D "CALL=${second}"
+             PRINTS "This build uses the idlgen_generate that it has found first")
 
 # A cross build uses a program of the build machine, and keeps it.
 file(REMOVE_RECURSE ${build})
