@@ -32,8 +32,8 @@ def idlgen_headers(
             # The stamp is always empty, so it generates nothing again.
             srcs = [src, stamp],
             outs = [header],
-            # -w: the check has shown the warnings.
-            cmd = "$(location {}) -w \"$(location {})\" \"$@\"".format(tool, src),
+            # -w: the check has shown the warnings. Bazel quotes what $(location) stands for.
+            cmd = "$(location {}) -w $(location {}) $(location {})".format(tool, src, header),
             tools = [tool],
             **kwargs
         )
@@ -45,9 +45,10 @@ def _check(name, srcs, deps, werror, stamp, tool, kwargs):
     # directory of all packages, in the sources and in the output.
     lines = ["set --"]
     for label in srcs + deps:
-        lines.append("file=\"$(location {})\"".format(label))
-        lines.append("set -- \"$$@\" -I \"./$${{file%\"{}\"}}\"".format(_name(label)))
-    files = " ".join(["\"$(location {})\"".format(src) for src in srcs])
+        lines.append("file=./$(location {})".format(label))
+        below = "/*" * len(_name(label).split("/"))
+        lines.append("set -- \"$$@\" -I \"$${{file%{}}}\"".format(below))
+    files = " ".join(["$(location {})".format(src) for src in srcs])
     lines.append("$(location {}) --check {} \"$$@\" -I . -I $(BINDIR) --stamp \"$@\" {}".format(
         tool,
         "--werror" if werror else "",
@@ -67,7 +68,7 @@ def _name(label):
     path = label.rpartition(":")[2]
     if path.startswith("//") or path.startswith("@"):
         fail("idlgen_headers needs the name of the file in the label {}".format(label))
-    for character in ["\"", "$", "\\", "`"]:
+    for character in ["(", ")"]:  # A label in $(location) ends there.
         if character in path:
             fail("idlgen_headers does not support {} in the name {}".format(character, path))
     return path
