@@ -1,29 +1,24 @@
-# Programs are linked statically in the configurations in which that works.
+# Programs are linked statically, unless a flag of one configuration does not allow that.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 start("static")
-set(build ${scratch}/build)
-set(configure ${CMAKE_COMMAND} -G ${BUILD} -S ${IDLGEN_SOURCE_DIR} -B ${build} -D BUILD_TESTING=OFF
-              "-DCMAKE_CONFIGURATION_TYPES=Release\\;Asan")
 
-# links(<configuration> <variable>): how its programs are linked.
-function(links configuration variable)
-  file(STRINGS ${build}/CMakeFiles/impl-${configuration}.ninja flags REGEX "LINK_FLAGS = .*-static")
-  set(${variable} dynamically PARENT_SCOPE)
+# links(<how> <source> <option>...): configures the source, and finds how its programs are linked.
+function(links expected source)
+  set(configure ${CMAKE_COMMAND} -G ${BUILD} -S ${source} -B ${scratch}/build ${ARGN}
+                -D BUILD_TESTING=OFF "-DCMAKE_CONFIGURATION_TYPES=Release\\;Asan")
+  run(SUCCEEDS COMMAND ${configure})
+  file(STRINGS ${scratch}/build/CMakeFiles/impl-Release.ninja flags REGEX "LINK_FLAGS = .*-static")
+  set(linked dynamically)
   if(flags)
-    set(${variable} statically PARENT_SCOPE)
+    set(linked statically)
   endif()
+  check("linked STREQUAL expected")
 endfunction()
 
-run(SUCCEEDS COMMAND ${configure} -D CMAKE_CXX_FLAGS_ASAN=-fsanitize=address)
-links(Release release)
-links(Asan asan)
-check("release STREQUAL statically AND asan STREQUAL dynamically")
-
-# Other flags in an old build directory.
-run(SUCCEEDS COMMAND ${configure} -D CMAKE_CXX_FLAGS_ASAN= -D CMAKE_CXX_FLAGS_RELEASE=-fsanitize=address)
-links(Release release)
-links(Asan asan)
-check("release STREQUAL dynamically AND asan STREQUAL statically")
+# In one build directory.
+links(statically ${IDLGEN_SOURCE_DIR})
+links(dynamically ${IDLGEN_SOURCE_DIR} -D CMAKE_CXX_FLAGS_ASAN=-fsanitize=address)
+links(statically ${IDLGEN_SOURCE_DIR} -D CMAKE_CXX_FLAGS_ASAN=)
 
 # A project that includes this one may link a library into all programs.
 file(WRITE ${scratch}/parent/CMakeLists.txt "
@@ -35,7 +30,5 @@ target_link_options(sanitizer INTERFACE -fsanitize=address)
 link_libraries(sanitizer)
 add_subdirectory(\"${IDLGEN_SOURCE_DIR}\" idlgen)
 ")
-set(build ${scratch}/parent/build)
-run(SUCCEEDS COMMAND ${CMAKE_COMMAND} -G ${BUILD} -S ${scratch}/parent -B ${build})
-links(Debug debug)
-check("debug STREQUAL dynamically")
+file(REMOVE_RECURSE ${scratch}/build)
+links(dynamically ${scratch}/parent)
