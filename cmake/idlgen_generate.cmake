@@ -245,8 +245,6 @@ function(_idlgen_add_check target idls search directory depends)
   list(TRANSFORM entries APPEND ">>")
   set_target_properties("${target}" PROPERTIES
     IDLGEN_TARGET TRUE INTERFACE_LINK_DEPENDS "${entries}")
-  # If CMake rejects $<LINK_LANGUAGE> here, it stands in INTERFACE_LINK_DEPENDS of a linked library,
-  # and CMake knows the language only where a program or a library is linked.
   set(linked "$<TARGET_PROPERTY:${target},INTERFACE_LINK_DEPENDS>")
   list(APPEND depends "$<FILTER:${linked},INCLUDE,^[^/]+_check_depends$>")
 
@@ -303,6 +301,8 @@ function(_idlgen_add_check_command target stamp arguments idls depends)
     set(list "${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${target}_check.dir/compiler_depend.internal")
     set(forget COMMAND "${CMAKE_COMMAND}" -E rm -f "${list}")
   endif()
+  # If CMake names this line and $<LINK_LANGUAGE>: that stands in INTERFACE_LINK_DEPENDS of a library
+  # that the target links, and CMake knows the language only where something is linked.
   add_custom_command(
     OUTPUT "${stamp}"
     COMMAND idlgen::idlgen-header --check ${werror}
