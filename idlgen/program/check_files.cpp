@@ -78,9 +78,9 @@ class Run {
   std::string nameErrors() const {
     std::string messages;
     if (!request.depfile.has_value()) return messages;
-    std::vector<std::string> names = dependencies();
-    names.push_back(*request.stamp);
-    for (const std::string& name : names) {
+    std::vector<std::string> written = dependencies();
+    written.push_back(*request.stamp);
+    for (const std::string& name : written) {
       if (name.find('\n') == std::string::npos) continue;
       messages += ErrorLine(name, "has a line feed, which cannot be in a depfile");
     }
@@ -139,10 +139,10 @@ class Run {
 
   /// Returns the files that have been read.
   std::vector<std::string> dependencies() const {
-    std::vector<std::string> paths;
-    for (const SourceFile& file : sources.files()) paths.push_back(file.path);
-    paths.insert(paths.end(), request.argumentFiles.begin(), request.argumentFiles.end());
-    return paths;
+    std::vector<std::string> files;
+    for (const SourceFile& file : sources.files()) files.push_back(file.path);
+    files.insert(files.end(), request.argumentFiles.begin(), request.argumentFiles.end());
+    return files;
   }
 
   const CheckRequest& request;
