@@ -51,7 +51,4 @@ inline Fix Insert(Finding finding, std::size_t before, Texts texts) {
   return {std::move(finding), {before, before}, std::move(texts)};
 }
 
-/// Returns the rule that a word of this role breaks because of its form.
-const Rule& FormRule(Role role);
-
 }  // namespace zentho::idlgen

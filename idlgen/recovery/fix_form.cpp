@@ -125,14 +125,6 @@ std::string WithDots(std::string_view name) {
   return path == "std.string" ? "string" : path;
 }
 
-/// Returns whether one of the words declares an item of this name.
-bool IsItem(const Words& words, std::string_view name) {
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.role(i) == Role::ItemName && words.text(i) == name) return true;
-  }
-  return false;
-}
-
 /// Returns how to write the C++ name with "::" that begins with this word.
 std::string ColonsAdvice(const LocatedWords& words, std::size_t i, Role role) {
   const Place& place = words.places[i];
@@ -140,7 +132,7 @@ std::string ColonsAdvice(const LocatedWords& words, std::size_t i, Role role) {
   if (role == Role::ItemValue) {
     std::string_view item = text.substr(0, text.find_first_of(" ;,})\t\r"));
     item = item.substr(item.rfind(':') + 1);
-    return IsItem(words, item) ? "write only the item: " + Quoted(item) : std::string();
+    return DeclaresItem(words, item) ? "write only the item: " + Quoted(item) : std::string();
   }
   const std::string name = CppName(text);
   constexpr std::string_view vector = "std::vector<";

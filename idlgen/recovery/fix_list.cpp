@@ -5,6 +5,7 @@
 
 #include "recovery/fix_end.h"
 #include "recovery/fix_form.h"
+#include "recovery/symptoms.h"
 #include "schema/statements.h"
 
 namespace zentho::idlgen {

@@ -1,10 +1,8 @@
 #include "recovery/symptoms.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "check/value.h"
-#include "recovery/fix.h"
 #include "words/characters.h"
 #include "words/foreign_words.h"
 #include "words/printable.h"
@@ -78,20 +76,19 @@ bool BeginsWithDashes(std::string_view word, std::string_view dashes) {
   return Begins(word, dashes) && (word.size() == dashes.size() || !HasOnly(word, "-"));
 }
 
-bool IsGlued(std::string_view word, char brace) {
-  return BraceOf(word) == brace && word.size() > 1 && (!HasOnly(word, "{}") || brace == '}');
-}
-
+/// As in `x{`, but not in `{{`.
 bool IsGluedToOpening(std::string_view word, std::string_view /*text*/) {
-  return IsGlued(word, '{');
+  return BraceOf(word) == '{' && !HasOnly(word, "{}");
 }
 
+/// As in `int8}` and `}}`, but not in `};`.
 bool IsGluedToClosing(std::string_view word, std::string_view /*text*/) {
-  return IsGlued(word, '}') && (word.front() != '}' || word[1] == '}');
+  return BraceOf(word) == '}' && word.size() > 1 && (word.front() != '}' || word[1] == '}');
 }
 
+/// As in `int8};`.
 bool IsGluedBefore(std::string_view word, std::string_view separator) {
-  return IsGlued(word, '}') && Ends(word, separator) && word.front() != '}';
+  return BraceOf(word) == '}' && word.front() != '}' && Ends(word, separator);
 }
 
 /// Returns whether a name and "=" stand at the beginning, as in `x=1`.
@@ -239,14 +236,12 @@ bool Fits(const MeantWord& word) {
   return word.role == Role::ItemValue ? IsValue(word.text) : IsIdentifier(word.text);
 }
 
-bool IsShown(const SymptomRow& row, std::string_view word, Role role) {
-  return (row.roles & Only(role)) != 0 && row.isShown(word, row.text);
-}
-
 /// Returns the first symptom of a word, or advice without one.
 Symptom FirstSymptom(std::string_view word, Role role) {
   for (std::size_t rank = 0; rank < rows.size(); ++rank) {
-    if (IsShown(rows[rank], word, role)) return {rank, std::string(rows[rank].advice)};
+    const SymptomRow& row = rows[rank];
+    const bool isShown = (row.roles & Only(role)) != 0 && row.isShown(word, row.text);
+    if (isShown) return {rank, std::string(row.advice)};
   }
   Symptom none;
   const std::string_view odd = OddCharacter(word);
@@ -260,19 +255,44 @@ Symptom FirstSymptom(std::string_view word, Role role) {
 
 }  // namespace
 
-std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord>& words) {
-  std::vector<MeantWord> unfit;
-  std::copy_if(words.begin(), words.end(), std::back_inserter(unfit),
-               [](const MeantWord& word) { return !Fits(word); });
-  for (const SymptomRow& row : rows) {
-    if (row.kind != kind) continue;
-    for (const auto& [word, text, role] : unfit) {
-      if (IsShown(row, text, role)) {
-        return Finding{&FormRule(role), word, text, std::string(row.advice)};
-      }
-    }
+const Rule& FormRule(Role role) {
+  switch (role) {
+    case Role::Statement:
+    case Role::Unread:
+      return rules::notAStatement;
+    case Role::Part:
+      return rules::notAPart;
+    case Role::Brace:
+      return rules::notABrace;
+    case Role::IncludePath:
+      return rules::notAPath;
+    case Role::ItemValue:
+      return rules::notAValue;
+    case Role::MemberType:
+      return rules::notAType;
+    case Role::NamespacePath:
+    case Role::EnumName:
+    case Role::MessageName:
+    case Role::ServiceName:
+    case Role::ItemName:
+    case Role::MemberName:
+      break;
   }
-  return std::nullopt;
+  return rules::notAName;
+}
+
+std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord>& words) {
+  Symptom first;
+  const MeantWord* shownBy = nullptr;
+  for (const MeantWord& word : words) {
+    if (Fits(word)) continue;
+    const Symptom symptom = FirstSymptom(word.text, word.role);
+    if (symptom.rank >= first.rank) continue;
+    first = symptom;
+    shownBy = &word;
+  }
+  if (shownBy == nullptr || rows[first.rank].kind != kind) return std::nullopt;
+  return Finding{&FormRule(shownBy->role), shownBy->word, shownBy->text, first.advice};
 }
 
 Symptom SymptomOf(const Words& words, const Finding& finding) {

@@ -19,11 +19,15 @@ struct MeantWord {
   Role role;
 };
 
+/// Returns the rule that a word of this role breaks because of its form.
+const Rule& FormRule(Role role);
+
 /// What suggests the cause of a mistake: characters that no word contains, or the form of a word.
 enum class SymptomKind : std::uint8_t { Characters, Forms };
 
-/// Returns the first symptom of a kind that one of the words shows in its role, in the order of
-/// what it says about the cause. A word that is right in its place shows nothing.
+/// Returns the first symptom that one of the words shows in its role, in the order of what it says
+/// about the cause, or nothing if that is not of this kind. A word that is right in its place shows
+/// nothing.
 std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord>& words);
 
 /// What a word shows, and what to do about it. There may be advice without a symptom.

@@ -99,4 +99,11 @@ TypeNames DeclaredTypes(const Words& words) {
   return types;
 }
 
+bool DeclaresItem(const Words& words, std::string_view name) {
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words.role(i) == Role::ItemName && words.text(i) == name) return true;
+  }
+  return false;
+}
+
 }  // namespace zentho::idlgen

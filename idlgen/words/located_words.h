@@ -63,4 +63,7 @@ using TypeNames = std::unordered_set<std::string_view>;
 
 TypeNames DeclaredTypes(const Words& words);
 
+/// Returns whether one of the words declares an item of this name.
+bool DeclaresItem(const Words& words, std::string_view name);
+
 }  // namespace zentho::idlgen
