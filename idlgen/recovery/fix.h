@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,24 +10,29 @@
 
 namespace zentho::idlgen {
 
-/// Which earlier message makes a fix a mere consequence, so that nothing more is said.
-enum class MayFollow : std::uint8_t {
-  Nothing,
-  FaultInStatement,  ///< One about a line of the same statement.
-  FaultInOther,      ///< One about the line of the word that the finding's note is about.
-  AnyFault           ///< Any one, if the file closes all braces that it opens.
+/// Lines of a file, from the first to the last one. None unless that comes later.
+struct LineRange {
+  std::size_t first = 1;
+  std::size_t last = 0;
 };
+
+/// In place of the number of the last line of a file.
+constexpr std::size_t lastLine = static_cast<std::size_t>(-1);
 
 using Texts = std::vector<std::string>;
 
 /// What is wrong with some words, and what to read in place of them.
 struct Fix {
-  Finding finding;     ///< About the word that shows the cause.
-  WordRange replaced;  ///< Empty if the texts are only put before its first word.
-  Texts texts = {};    ///< What is read there. Empty if the words are only left out.
-  MayFollow mayFollow = MayFollow::Nothing;
+  Finding finding;         ///< About the word that shows the cause.
+  WordRange replaced;      ///< Empty if the texts are only put before its first word.
+  Texts texts = {};        ///< What is read there. Empty if the words are only left out.
+  LineRange causes = {};   ///< If something is reported about one of them, this follows from it.
   bool mayDeclare = true;  ///< Whether names among the words that are not read may be declared.
 };
+
+/// Reads the words as the fix says, each of which has a place then. Keeps the names that the others
+/// may declare. The roles are those of before.
+void applyFix(SourceFile& file, const Fix& fix);
 
 /// Returns a finding about a word.
 inline Finding FindingAt(const Rule& rule, const Words& words, std::size_t word,

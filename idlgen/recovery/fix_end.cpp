@@ -1,10 +1,25 @@
 #include "recovery/fix_end.h"
 
+#include <list>
+#include <string>
 #include <string_view>
 
 #include "schema/statements.h"
 
 namespace zentho::idlgen {
+
+namespace {
+
+/// Returns whether the text opens more braces than it closes.
+bool LacksBraces(const IDL& text) {
+  Words words;
+  for (const std::list<std::string>& line : text.tokenLines) {
+    words.texts.insert(words.texts.end(), line.begin(), line.end());
+  }
+  return OpenBraces(words) > 0;
+}
+
+}  // namespace
 
 Texts MissingBraces(const Words& words, std::size_t end) {
   const std::size_t keyword = KeywordOf(words, end - 1);
@@ -30,28 +45,14 @@ Fix FixEnd(SourceFile& file) {
   const auto isMissing = [&](std::string_view what) {
     return Finding{&rules::endOfFile, last, what, {}, {{&file, keyword}}};
   };
-  switch (words.role(last)) {
-    case Role::Statement: {
-      const bool isInclude = FindStatement(words.text(last)) == Statement::Include;
-      return Drop(isMissing(isInclude ? "a path" : "a name"), statement);
-    }
-    case Role::EnumName:
-    case Role::MessageName:
-    case Role::ServiceName:
-    case Role::Part:
-      return Drop(isMissing(R"(a "{")"), statement);
-    case Role::Brace:
-    case Role::IncludePath:
-    case Role::NamespacePath:
-    case Role::ItemName:
-    case Role::ItemValue:
-    case Role::MemberName:
-    case Role::MemberType:
-    case Role::Unread:
-      break;
+  const Role role = words.role(last);
+  if (role == Role::Statement) {
+    const bool isInclude = FindStatement(words.text(last)) == Statement::Include;
+    return Drop(isMissing(isInclude ? "a path" : "a name"), statement);
   }
+  if (IsRecordName(role) || role == Role::Part) return Drop(isMissing(R"(a "{")"), statement);
   Fix fix = Insert(isMissing(R"(a "}")"), words.size(), MissingBraces(words, words.size()));
-  fix.mayFollow = MayFollow::AnyFault;
+  if (!LacksBraces(file.idl)) fix.causes = {1, lastLine};
   return fix;
 }
 

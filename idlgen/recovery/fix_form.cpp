@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "recovery/separators.h"
 #include "recovery/symptoms.h"
 #include "words/characters.h"
 #include "words/printable.h"
@@ -50,39 +51,29 @@ std::size_t CommentEnd(const LocatedWords& words, std::size_t i) {
   return LineEnd(words, i);
 }
 
-/// Appends the parts of a word between separators.
-void appendParts(std::string_view word, std::string_view separators, Texts& parts) {
-  while (true) {
-    const std::size_t begin = word.find_first_not_of(separators);
-    if (begin == std::string_view::npos) return;
-    word.remove_prefix(begin);
-    const std::size_t size = std::min(word.find_first_of(separators), word.size());
-    parts.emplace_back(word.substr(0, size));
-    word.remove_prefix(size);
-  }
-}
-
 /// Returns what a word with a brace beside other characters is read as.
 Texts SplitAtBraces(std::string_view word) {
   Texts parts;
   while (!word.empty()) {
-    const std::size_t brace = word.find_first_of("{}");
-    appendParts(word.substr(0, brace), ";,", parts);
-    if (brace == std::string_view::npos) break;
-    parts.emplace_back(word.substr(brace, 1));
-    word.remove_prefix(brace + 1);
+    const std::size_t brace = std::min(word.find_first_of("{}"), word.size());
+    for (const std::string_view part : Parts(word.substr(0, brace), ";,")) parts.emplace_back(part);
+    word.remove_prefix(brace);
+    if (word.empty()) break;
+    parts.emplace_back(word.substr(0, 1));
+    word.remove_prefix(1);
   }
   return parts;
 }
 
-Texts SplitAtBlanks(const LocatedWords& words, WordRange range) {
+/// Returns what words with a CR or a byte order mark are read as.
+Texts WithoutOddCharacters(const LocatedWords& words, WordRange range) {
   Texts parts;
   for (std::size_t i = range.first; i < range.end; ++i) {
     std::string_view word = words.text(i);
     if (word.substr(0, byteOrderMark.size()) == byteOrderMark) {
       word.remove_prefix(byteOrderMark.size());
     }
-    appendParts(word, "\t\r", parts);
+    for (const std::string_view part : Parts(word, "\r")) parts.emplace_back(part);
   }
   return parts;
 }
@@ -96,10 +87,10 @@ Fix WithoutSymptom(const LocatedWords& words, Finding finding, WordRange range) 
     Texts before = comment > 0 ? Texts{std::string(word.substr(0, comment))} : Texts{};
     return Replace(std::move(finding), {i, CommentEnd(words, i)}, std::move(before));
   }
-  if (BraceOf(word) != '\0' && word.find_first_of("\t\r") == std::string_view::npos) {
+  if (BraceOf(word) != '\0' && word.find('\r') == std::string_view::npos) {
     return Replace(std::move(finding), {i, i + 1}, SplitAtBraces(word));
   }
-  return Replace(std::move(finding), range, SplitAtBlanks(words, range));
+  return Replace(std::move(finding), range, WithoutOddCharacters(words, range));
 }
 
 /// Returns the C++ name that begins the text, with template arguments but without blanks.

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "recovery/fix_end.h"
 #include "recovery/fix_form.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
@@ -17,37 +18,16 @@
 namespace zentho::idlgen {
 namespace {
 
-/// Returns a name in place of a missing one, which is none of the file's.
-std::string InventedName(std::size_t word) {
-  return "_" + std::to_string(word);
-}
-
-/// A word that is not what the grammar wants outside of a list, and the line that it begins.
-class Stray {
+/// A word that is not what the grammar expects outside of a list. Makes the fixes that begin with
+/// it.
+class Unexpected {
  public:
-  Stray(const LocatedWords& fileWords, std::size_t i)
+  Unexpected(const LocatedWords& fileWords, std::size_t i)
       : words(fileWords),
         word(i),
-        end(LineEnd(fileWords, i)),
+        lineEnd(LineEnd(fileWords, i)),
         text(fileWords.text(i)),
-        before(i > 0 ? fileWords.role(i - 1) : Role::Statement) {}
-
-  [[nodiscard]] Finding finding(const Rule& rule, std::string advice = {}) const {
-    return FindingAt(rule, words, word, std::move(advice));
-  }
-  [[nodiscard]] WordRange itself() const { return {word, word + 1}; }
-
-  /// Returns the rest of the line, with the block that it opens, up to a brace that closes what is
-  /// open before it.
-  [[nodiscard]] WordRange rest() const {
-    const std::size_t brace = OpeningBrace(words, word);
-    if (brace != noWord && brace >= end) return {word, ClosingBrace(words, brace) + 1};
-    std::size_t i = word;
-    while (i < end && BraceOf(words.text(i)) != '}') {
-      i = words.text(i) == "{" ? ClosingBrace(words, i) + 1 : i + 1;
-    }
-    return {word, std::max(i, word + 1)};
-  }
+        roleBefore(i > 0 ? fileWords.role(i - 1) : Role::Statement) {}
 
   [[nodiscard]] bool isOnLineOfWordBefore() const { return AreOnOneLine(words, word - 1, word); }
   [[nodiscard]] bool isClosing() const { return BraceOf(text) == '}'; }
@@ -56,24 +36,49 @@ class Stray {
     return word + 1 < words.size() && words.text(word + 1) == next;
   }
 
-  [[nodiscard]] bool isClosed() const;
-  [[nodiscard]] Texts laterDeclaration(std::size_t brace) const;
-  [[nodiscard]] std::string_view meantKeyword() const;
-  [[nodiscard]] const Rule& openingRule() const;
+  [[nodiscard]] Finding finding(const Rule& rule, std::string advice = {}) const {
+    return FindingAt(rule, words, word, std::move(advice));
+  }
+  [[nodiscard]] Fix drop(const Rule& rule) const { return Drop(finding(rule), {word, word + 1}); }
+  [[nodiscard]] Fix dropRest(const Rule& rule, std::string advice = {}) const {
+    return Drop(finding(rule, std::move(advice)), rest());
+  }
+  [[nodiscard]] Fix replace(const Rule& rule, Texts texts, std::string advice = {}) const {
+    return Replace(finding(rule, std::move(advice)), {word, word + 1}, std::move(texts));
+  }
+  [[nodiscard]] Fix insert(const Rule& rule, Texts texts) const {
+    return Insert(finding(rule), word, std::move(texts));
+  }
+
+  /// Returns the rest of the line, with the block that it opens, up to a brace that closes what is
+  /// open before it.
+  [[nodiscard]] WordRange rest() const;
 
   const LocatedWords& words;
   const std::size_t word;
-  const std::size_t end;  ///< Of the line.
+  const std::size_t lineEnd;
   const std::string_view text;
-  const Role before;  ///< The role of the word before it.
-
- private:
-  [[nodiscard]] bool declares(std::string_view keyword, std::size_t brace) const;
+  const Role roleBefore;
 };
 
-/// Returns whether a list that begins with the word has an end before other braces.
-bool Stray::isClosed() const {
+WordRange Unexpected::rest() const {
+  const std::size_t brace = OpeningBrace(words, word);
+  if (brace != noWord && brace >= lineEnd) return {word, ClosingBrace(words, brace) + 1};
   std::size_t i = word;
+  while (i < lineEnd && BraceOf(words.text(i)) != '}') {
+    i = words.text(i) == "{" ? ClosingBrace(words, i) + 1 : i + 1;
+  }
+  return {word, std::max(i, word + 1)};
+}
+
+/// Returns a name in place of a missing one, so that the parser can go on. It is none of the
+/// file's.
+std::string InventedName(std::size_t word) {
+  return "_" + std::to_string(word);
+}
+
+/// Returns whether a list that begins with this word has an end before other braces.
+bool IsListClosed(const Words& words, std::size_t i) {
   while (i < words.size() && BraceOf(words.text(i)) == '\0' &&
          FindStatement(words.text(i)) == Statement::None) {
     ++i;
@@ -81,200 +86,163 @@ bool Stray::isClosed() const {
   return i < words.size() && BraceOf(words.text(i)) == '}';
 }
 
-/// Returns what a line is read as that declares something after other words, as in
-/// `public message P {` or `type P struct {`, or nothing.
-Texts Stray::laterDeclaration(std::size_t brace) const {
-  for (std::size_t i = word + 1; brace != noWord && i < brace; ++i) {
-    const std::string_view keyword = KeywordFor(words.text(i));
-    if (!declares(keyword, brace)) continue;
-    const std::size_t name = i + 1 < brace ? i + 1 : i - 1;
-    return {std::string(keyword), std::string(words.text(name))};
-  }
-  return {};
-}
-
-/// Returns the keyword that the word stands for, if the rest of the line fits, or nothing.
-std::string_view Stray::meantKeyword() const {
-  const std::string_view keyword = SimilarKeyword(text);
-  const std::size_t brace = OpeningBrace(words, word);
-  const bool fits = IsDeclaration(FindStatement(keyword))
-                        ? brace != noWord && brace > word + 1 && declares(keyword, brace)
-                        : end == word + 2 || brace == word + 2;  // As in `module a {`.
-  return fits ? keyword : std::string_view();
-}
-
 /// Returns whether the keyword begins a declaration, which the words after this brace fit.
-bool Stray::declares(std::string_view keyword, std::size_t brace) const {
+bool FitsBrace(std::string_view keyword, const Words& words, std::size_t brace) {
   const Statement statement = FindStatement(keyword);
   const bool hasRequest = brace + 1 < words.size() && words.text(brace + 1) == "request";
   return IsDeclaration(statement) && (statement != Statement::Service || hasRequest);
 }
 
+/// Returns what a line is read as that declares something after other words, as in
+/// `public message P {` or `type P struct {`, or nothing.
+Texts LaterDeclaration(const Unexpected& at, std::size_t brace) {
+  for (std::size_t i = at.word + 1; brace != noWord && i < brace; ++i) {
+    const std::string_view keyword = KeywordFor(at.words.text(i));
+    if (!FitsBrace(keyword, at.words, brace)) continue;
+    const std::size_t name = i + 1 < brace ? i + 1 : i - 1;
+    return {std::string(keyword), std::string(at.words.text(name))};
+  }
+  return {};
+}
+
+/// Returns whether the rest of the line fits the keyword, which is read in place of the word.
+bool FitsLine(std::string_view keyword, const Unexpected& at, std::size_t brace) {
+  if (IsDeclaration(FindStatement(keyword))) {
+    return brace != noWord && brace > at.word + 1 && FitsBrace(keyword, at.words, brace);
+  }
+  return at.lineEnd == at.word + 2 || brace == at.word + 2;  // As in `module a {`.
+}
+
 /// Returns the rule that a word between a name and its brace breaks.
-const Rule& Stray::openingRule() const {
-  const std::size_t name = word - 1;
-  if (IsJoinedByColons(words, name)) return rules::colonsInName;
-  if (before == Role::Part) return rules::partWithoutBraces;
+const Rule& OpeningRule(const Unexpected& at) {
+  const std::size_t name = at.word - 1;
+  if (IsJoinedByColons(at.words, name)) return rules::colonsInName;
+  if (at.roleBefore == Role::Part) return rules::partWithoutBraces;
   const bool isBase =
-      IsIdentifier(words.text(name)) && (IsBeforeColon(words, name) || text == "extends");
+      IsIdentifier(at.words.text(name)) && (IsBeforeColon(at.words, name) || at.text == "extends");
   if (!isBase) return rules::afterName;
-  if (before == Role::EnumName) return rules::underlyingType;
-  return before == Role::ServiceName ? rules::baseOfService : rules::baseOfMessage;
+  if (at.roleBefore == Role::EnumName) return rules::underlyingType;
+  return at.roleBefore == Role::ServiceName ? rules::baseOfService : rules::baseOfMessage;
+}
+
+/// Returns the fix, which may follow from a mistake in the statement.
+Fix AsConsequence(const Unexpected& at, Fix fix) {
+  fix.causes = {at.words.places[KeywordOf(at.words, at.word)].lineNumber, lastLine};
+  return fix;
 }
 
 /// More words on the line of a path: of an include, or of a namespace.
-Fix AfterPath(const Stray& at) {
-  if (at.before == Role::IncludePath) return Drop(at.finding(rules::afterIncludePath), at.rest());
-  if (at.text == "{") return Drop(at.finding(rules::namespaceWithBraces), at.itself());
+Fix AfterPath(const Unexpected& at) {
+  if (at.roleBefore == Role::IncludePath) return at.dropRest(rules::afterIncludePath);
+  if (at.text == "{") return at.drop(rules::namespaceWithBraces);
   std::string path(at.words.text(at.word - 1));
   std::size_t end = at.word;
-  for (; end < at.end && IsJoinedByColons(at.words, end - 1); ++end) {
+  for (; end < at.lineEnd && IsJoinedByColons(at.words, end - 1); ++end) {
     path.append(".").append(at.words.text(end));
   }
-  if (end == at.word) return Drop(at.finding(rules::afterNamespace), at.rest());
+  if (end == at.word) return at.dropRest(rules::afterNamespace);
   return Replace(at.finding(rules::notAStatement, "write dots: " + Quoted(path)),
                  {at.word - 1, end}, {path});
 }
 
 /// A word in place of the keyword of a statement.
-Fix AtStatement(const Stray& at) {
-  const bool isAfterPath = at.before == Role::NamespacePath || at.before == Role::IncludePath;
+Fix AtStatement(const Unexpected& at) {
+  const bool isAfterPath =
+      at.roleBefore == Role::NamespacePath || at.roleBefore == Role::IncludePath;
   if (isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{")) return AfterPath(at);
-  if (at.isClosing()) return Drop(at.finding(rules::unopened), at.itself());
-  if (at.text == "{") return Drop(at.finding(rules::unknownStatement), at.itself());
-  if (auto form = FixForm(at.words, at.itself(), at.rest())) {
-    return *std::move(form);
-  }
+  if (at.isClosing()) return at.drop(rules::unopened);
+  if (at.text == "{") return at.drop(rules::unknownStatement);
+  if (auto form = FixForm(at.words, {at.word, at.word + 1}, at.rest())) return *std::move(form);
   const std::size_t brace = OpeningBrace(at.words, at.word);
-  if (Texts declaration = at.laterDeclaration(brace); !declaration.empty()) {
+  if (Texts declaration = LaterDeclaration(at, brace); !declaration.empty()) {
     return Replace(at.finding(rules::unknownStatement), {at.word, brace}, std::move(declaration));
   }
-  if (const std::string_view similar = SimilarKeyword(at.text); !similar.empty()) {
-    const std::string_view keyword = at.meantKeyword();
-    Finding finding = at.finding(rules::notAStatement, DidYouMean(similar));
-    return keyword.empty() ? Drop(std::move(finding), at.rest())
-                           : Replace(std::move(finding), at.itself(), {std::string(keyword)});
-  }
-  return Drop(at.finding(rules::unknownStatement), at.rest());
+  const std::string_view keyword = SimilarKeyword(at.text);
+  if (keyword.empty()) return at.dropRest(rules::unknownStatement);
+  return FitsLine(keyword, at, brace)
+             ? at.replace(rules::notAStatement, {std::string(keyword)}, DidYouMean(keyword))
+             : at.dropRest(rules::notAStatement, DidYouMean(keyword));
 }
 
 /// A word between a name and its brace, which stands on the same line or below.
-Fix BetweenNameAndBrace(const Stray& at, std::size_t brace) {
+Fix BetweenNameAndBrace(const Unexpected& at, std::size_t brace) {
   const std::size_t name = at.word - 1;
   const bool isKeyword = FindKeyword(at.words.text(name)) != Keyword::None;
   if (isKeyword && brace > at.word) {  // As in `enum class E {`.
     return Drop(FindingAt(rules::extraWordOfName, at.words, name), {name, at.word});
   }
   const std::string nameOnly(NameIn(at.words.text(name)));
-  Fix fix = Replace(at.finding(at.openingRule()), {name, brace},
+  Fix fix = Replace(at.finding(OpeningRule(at)), {name, brace},
                     {nameOnly.empty() ? InventedName(name) : nameOnly});
   fix.mayDeclare = false;
   return fix;
 }
 
-/// A word in place of the "{" after a name.
-Fix AtOpening(const Stray& at) {
+/// A word in place of the "{" after a name, which is missing if the word is on a line below.
+Fix AtOpening(const Unexpected& at) {
   const std::size_t name = at.word - 1;
-  const bool isPart = at.before == Role::Part;
+  const bool isAfterPart = at.roleBefore == Role::Part;
   if (!at.isOnLineOfWordBefore()) {
-    const bool isService = at.before == Role::ServiceName && at.text == "request";
+    const bool isService = at.roleBefore == Role::ServiceName && at.text == "request";
+    const bool hasList = isAfterPart || isService || IsListClosed(at.words, at.word);
     Finding finding = FindingAt(rules::missingOpening, at.words, name);
-    return isPart || isService || at.isClosed() ? Insert(std::move(finding), at.word, {"{"})
-                                                : Drop(std::move(finding), {name - 1, at.word});
+    return hasList ? Insert(std::move(finding), at.word, {"{"})
+                   : Drop(std::move(finding), {name - 1, at.word});
   }
   const std::size_t brace = OpeningBrace(at.words, at.word);
   if (brace != noWord) return BetweenNameAndBrace(at, brace);
-  Finding finding = at.finding(at.openingRule());
-  if (!isPart) return Drop(std::move(finding), {name - 1, at.end});
-  Fix fix = Replace(std::move(finding), at.itself(), {"{", "}"});
+  if (!isAfterPart) return Drop(at.finding(OpeningRule(at)), {name - 1, at.lineEnd});
+  Fix fix = at.replace(OpeningRule(at), {"{", "}"});
   fix.mayDeclare = false;
   return fix;
 }
 
-/// A word in place of a brace.
-Fix AtBrace(const Stray& at) {
-  if (at.before != Role::Brace) return AtOpening(at);
-  if (at.beginsStatement()) return Insert(at.finding(rules::missingClosing), at.word, {"}"});
+/// A word in place of the "}" after a service.
+Fix AtClosing(const Unexpected& at) {
+  if (at.beginsStatement()) return at.insert(rules::missingClosing, {"}"});
   if (at.isClosing()) {
-    Finding finding = at.finding(rules::notAnEnd);
-    finding.advice = SymptomOf(at.words, finding).advice;
-    return Replace(std::move(finding), at.itself(), {"}"});
+    return at.replace(rules::notAnEnd, {"}"},
+                      SymptomOf(at.words, at.finding(rules::notAnEnd)).advice);
   }
-  Fix fix = Drop(at.finding(rules::afterResponse), at.rest());
-  if (at.text == "request") fix.mayFollow = MayFollow::FaultInStatement;
-  return fix;
+  Fix fix = at.dropRest(rules::afterResponse);
+  return at.text == "request" ? AsConsequence(at, std::move(fix)) : fix;
 }
 
 /// A word in place of `request` or `response`.
-Fix AtPart(const Stray& at) {
+Fix AtPart(const Unexpected& at) {
   const bool isRequest = at.words.role(at.word - 2) == Role::ServiceName;
   const std::string part = isRequest ? "request" : "response";
   const Rule& missing = isRequest ? rules::missingRequest : rules::missingResponse;
-  const Texts emptyPart = {part, "{", "}"};
-  Texts emptyParts = emptyPart;
-  if (isRequest) emptyParts.insert(emptyParts.end(), {"response", "{", "}"});
-  SimilarWord similar(at.text);
-  similar.compare(part);
-  const bool isOtherPart = at.text == "request" || at.text == "response";
-
-  if (at.text == "}" && at.isBefore(part)) {
-    return Drop(at.finding(missing), at.itself());
-  }
-  if (!similar.found().empty() && !isOtherPart) {
-    const Rule& rule = isRequest ? rules::notARequest : rules::notAResponse;
-    return Replace(at.finding(rule, DidYouMean(part)), at.itself(), {part});
-  }
+  const Rule& misspelt = isRequest ? rules::notARequest : rules::notAResponse;
+  Texts rest = MissingBraces(at.words, at.word);
+  if (at.text == "}" && at.isBefore(part)) return at.drop(missing);
   if (at.text == "}") {
-    Fix fix = Insert(at.finding(missing), at.word, emptyParts);
-    fix.mayFollow = MayFollow::FaultInStatement;
-    return fix;
+    rest.pop_back();  // It is there.
+    return AsConsequence(at, at.insert(missing, std::move(rest)));
   }
-  if (at.text == "response") {
-    return Insert(at.finding(rules::responseFirst), at.word, emptyPart);
-  }
-  if (at.beginsStatement()) {
-    emptyParts.emplace_back("}");
-    return Insert(at.finding(rules::missingClosing), at.word, emptyParts);
-  }
-  return Drop(at.finding(missing), at.rest());
+  if (at.text == "response") return at.insert(rules::responseFirst, {part, "{", "}"});
+  if (at.beginsStatement()) return at.insert(rules::missingClosing, std::move(rest));
+  const bool isSimilar = SimilarWord(at.text).compare(part);
+  return isSimilar ? at.replace(misspelt, {part}, DidYouMean(part)) : at.dropRest(missing);
 }
 
 /// A word that is glued to a brace, or a brace in place of a name.
-Fix AtName(const Stray& at) {
-  if (at.text == "{")
-    return Insert(at.finding(rules::missingName), at.word, {InventedName(at.word)});
-  Finding finding = at.finding(FormRule(at.words.role(at.word)));
-  if (at.isClosing()) return Drop(std::move(finding), {at.word - 1, at.word});
-  return Drop(std::move(finding), at.rest());
+Fix AtName(const Unexpected& at) {
+  if (at.text == "{") return at.insert(rules::missingName, {InventedName(at.word)});
+  const Rule& rule = FormRule(at.words.role(at.word));
+  return at.isClosing() ? Drop(at.finding(rule), {at.word - 1, at.word}) : at.dropRest(rule);
 }
 
 }  // namespace
 
 Fix FixStatement(const LocatedWords& words, std::size_t word) {
-  if (std::optional<Fix> fix = FixCharacters(words, {word, LineEnd(words, word)})) {
-    return *std::move(fix);
-  }
-  const Stray stray(words, word);
-  switch (words.role(word)) {
-    case Role::Statement:
-      return AtStatement(stray);
-    case Role::Brace:
-      return AtBrace(stray);
-    case Role::Part:
-      return AtPart(stray);
-    case Role::IncludePath:
-    case Role::NamespacePath:
-    case Role::EnumName:
-    case Role::MessageName:
-    case Role::ServiceName:
-    case Role::ItemName:
-    case Role::ItemValue:
-    case Role::MemberName:
-    case Role::MemberType:
-    case Role::Unread:
-      break;
-  }
-  return AtName(stray);
+  if (auto fix = FixCharacters(words, {word, LineEnd(words, word)})) return *std::move(fix);
+  const Unexpected at(words, word);
+  const Role role = words.role(word);
+  if (role == Role::Statement) return AtStatement(at);
+  if (role == Role::Part) return AtPart(at);
+  if (role != Role::Brace) return AtName(at);
+  return at.roleBefore == Role::Brace ? AtClosing(at) : AtOpening(at);
 }
 
 }  // namespace zentho::idlgen

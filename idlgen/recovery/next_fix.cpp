@@ -50,12 +50,14 @@ Fix FixWord(const LocatedWords& words, std::size_t word) {
 
 /// Returns the fix for a second namespace statement, which begins with this word.
 Fix FixSecondNamespace(SourceFile& file, std::size_t word) {
-  const std::vector<Role>& roles = file.words.roles;
-  const auto first = std::find(roles.begin(), roles.end(), Role::NamespacePath);
-  Finding finding = FindingAt(rules::secondNamespace, file.words, word);
-  finding.others = {{&file, static_cast<std::size_t>(first - roles.begin())}};
-  Fix fix = Drop(std::move(finding), {word, std::min(word + 2, file.words.size())});
-  fix.mayFollow = MayFollow::FaultInOther;
+  const LocatedWords& words = file.words;
+  const std::size_t first =
+      FirstWord(words.size(), [&](std::size_t i) { return words.role(i) == Role::NamespacePath; });
+  const std::size_t line = words.places[first].lineNumber;
+  Finding finding = FindingAt(rules::secondNamespace, words, word);
+  finding.others = {{&file, first}};
+  Fix fix = Drop(std::move(finding), {word, std::min(word + 2, words.size())});
+  fix.causes = {line, line};
   fix.mayDeclare = false;
   return fix;
 }

@@ -10,7 +10,7 @@
 namespace zentho::idlgen {
 
 /// Returns whether the parser refuses the file, or a word cannot have its role, or perhaps cannot
-/// because of a "::". The words need no places.
+/// because of a "::" or a tab. The words need no places.
 bool NeedsFix(const SourceFile& file);
 
 /// Returns the fix for the first word that the parser refuses or that cannot have its role, or

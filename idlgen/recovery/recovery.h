@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
-#include <string_view>
 #include <vector>
 
 #include "findings/diagnostic.h"
@@ -21,12 +19,12 @@ struct Examined {
   bool isComplete = true;                 ///< Otherwise too much is wrong to read the rest.
 };
 
-/// Reads a file that has words which the parser refuses, or whose role cannot be right: takes the
-/// first of them, says what is wrong, reads other words in its place, and begins again.
-/// Ends when there is no such word any more, or after 20 of them. Changes the words of the file.
+/// Reads a file that has words which the parser refuses, or whose role cannot be right. Goes round
+/// a loop: finds the first of them, reports what is wrong, reads other words in its place, and
+/// parses all of them again. It ends when there is no such word any more, or after 20 fixes.
 class Recovery {
  public:
-  /// Finds the places of the words.
+  /// Finds the places of the words, and reads those beside tabs or CRs without them.
   explicit Recovery(SourceFile& sourceFile);
 
   /// Repairs the file, which is one of those that have the declarations. Returns what is wrong with
@@ -34,26 +32,15 @@ class Recovery {
   const Examined& run(Declarations& declarations);
 
  private:
-  void dropCarriageReturns();
-  void dropTabs();
-  void splitWords(char separator);
-  [[nodiscard]] std::optional<Fix> check(Declarations& declarations);
-  void declare(Declarations& declarations);
-  void say(Diagnostic diagnostic);
-  void tell(const Fix& fix);
-  [[nodiscard]] bool isConsequence(const Fix& fix) const;
-  [[nodiscard]] bool hasTold(std::size_t firstLine, std::size_t lastLine) const;
-  void apply(const Fix& fix);
   void parse();
-  void noteDropped(const Fix& fix, const std::vector<std::string_view>& read);
-  void noteDropped(std::string_view word, bool isWholeLine);
+  void declare(Declarations& declarations);
+  void report(const Fix& fix);
+  [[nodiscard]] bool isReported(LineRange lines) const;
 
   SourceFile& file;
-  LocatedWords& words;  ///< With a place for each word, also for those that a fix has put there.
   Examined examined;
   std::size_t fixes = 0;
-  bool lacksBraces;        ///< Whether the file opens more braces than it closes.
-  bool isDeclared = true;  ///< Whether the last declarations are those of the words.
+  bool isChanged = false;  ///< Whether the declarations may be those of other words.
 };
 
 }  // namespace zentho::idlgen
