@@ -14,7 +14,7 @@ namespace {
 /// Returns the name of the pair with a colon of its own that the word is part of, or `noWord`.
 std::size_t PairOf(const LocatedWords& words, std::size_t word) {
   if (!IsInList(words.role(word))) return noWord;
-  const std::size_t name = IsSecondHalf(words.role(word)) ? word - 1 : word;
+  const std::size_t name = IsTypeOrValue(words.role(word)) ? word - 1 : word;
   return IsBeforeColon(words, name) ? name : noWord;
 }
 

@@ -19,7 +19,7 @@ std::vector<MeantWord> WithRoles(const LocatedWords& words, WordRange range) {
   const Role first = words.role(range.first);
   std::vector<MeantWord> meant = {{range.first, words.text(range.first), first}};
   const bool isEnum = first == Role::ItemName || first == Role::ItemValue;
-  bool isName = IsSecondHalf(first);  // Of the next word.
+  bool isName = IsTypeOrValue(first);  // Of the next word.
   for (std::size_t i = range.first + 1; i < range.end; ++i, isName = !isName) {
     // After a pair, "=" begins a default value.
     const bool isDefault = i >= range.first + 2 && words.text(i) == "=";

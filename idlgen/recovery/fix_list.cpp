@@ -12,7 +12,7 @@ namespace zentho::idlgen {
 namespace {
 
 /// Returns the fix for a line in which words are missing or too many.
-Fix FixCount(const List& list, WordRange line) {
+Fix FixOddLine(const List& list, WordRange line) {
   const LocatedWords& words = list.words;
   const auto at = [&](const Rule& rule, std::size_t word) {
     return Drop(FindingAt(rule, words, word), line);
@@ -21,10 +21,10 @@ Fix FixCount(const List& list, WordRange line) {
   const Rule& missing = list.isEnum() ? rules::missingValue : rules::missingType;
   const Rule& extra = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
   for (std::size_t i = line.first; i < last; i += 2) {
-    if (!IsBeforeColon(words, i + 1) || list.looksLikeSecondHalf(i + 1)) continue;
+    if (!IsBeforeColon(words, i + 1) || list.looksLikeTypeOrValue(i + 1)) continue;
     return at(IsBeforeColon(words, i) ? missing : extra, i);
   }
-  const bool isName = IsBeforeColon(words, last) || !list.looksLikeSecondHalf(last);
+  const bool isName = IsBeforeColon(words, last) || !list.looksLikeTypeOrValue(last);
   if (isName) return at(missing, last);
   return at(line.first == last ? rules::nameless : extra, last);
 }
@@ -33,8 +33,8 @@ Fix FixCount(const List& list, WordRange line) {
 Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
   const LocatedWords& words = list.words;
   const std::size_t before = brace - line.first;
-  const std::size_t last = brace - 1;  // Before the brace.
-  if (before > 0 && words.text(last).back() == '\'') {
+  const std::size_t last = brace - 1;                   // Before the brace.
+  if (before > 0 && words.text(last).back() == '\'') {  // The reader has split `'{'`.
     return Drop({&rules::notAValue, last, "'{'", "write the number of the character"}, line);
   }
   const WordRange block = {line.first, ClosingBrace(words, brace) + 1};
@@ -62,21 +62,21 @@ Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
 Fix FixList(const List& list, std::size_t word) {
   const LocatedWords& words = list.words;
   const std::optional<WordRange> line = list.firstWrongLine(word);
-  const WordRange pair = {IsSecondHalf(words.role(word)) ? word - 1 : word, word + 1};
+  const WordRange pair = {IsTypeOrValue(words.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
   const bool isWhole =
       IsJoinedByColons(words, word) || list.qualifierIn(list.lineOf(word)) != noWord;
   const WordRange range = line.value_or(isWhole ? list.lineOf(word) : pair);
 
   if (std::optional<Fix> fix = FixCharacters(words, range)) return *std::move(fix);
-  const std::optional<std::size_t> brace = line ? list.blockBegin(*line) : std::nullopt;
-  if (brace.has_value()) return FixBlock(list, *line, *brace);
+  const std::size_t brace = line.has_value() ? list.blockBegin(*line) : noWord;
+  if (brace != noWord) return FixBlock(list, *line, brace);
   if (const std::size_t qualifier = list.qualifierIn(range); qualifier != noWord) {
     const Rule& rule = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
     return Drop(FindingAt(rule, words, qualifier), range);
   }
   if (std::optional<Fix> fix = FixForm(words, range, range)) return *std::move(fix);
-  return line.has_value() ? FixCount(list, *line)
+  return line.has_value() ? FixOddLine(list, *line)
                           : Drop(FindingAt(FormRule(words.role(word)), words, word), range);
 }
 

@@ -38,44 +38,36 @@ bool List::isRequest() const {
   return words.role(begin - 2) == Role::Part && words.text(begin - 2) == "request";
 }
 
+std::size_t List::end() const {
+  std::size_t i = begin;
+  while (i < words.size() && IsInList(words.role(i))) ++i;
+  return i;
+}
+
 std::optional<WordRange> List::firstWrongLine(std::size_t last) const {
   std::size_t i = begin;
   while (i <= last && i < words.size() && words.text(i).front() != '}') {
-    const WordRange line = {i, lineEnd(i)};
+    const WordRange line = {i, endInList(i)};
     const bool isOdd = (line.end - i) % 2 == 1;
-    if (blockBegin(line).has_value() || (isOdd && !goesOn(line))) return line;
+    if (blockBegin(line) != noWord || (isOdd && !pairContinues(line))) return line;
     i = isOdd ? line.end + 1 : line.end;
   }
   return std::nullopt;
 }
 
-std::size_t List::firstInMixedLine(const std::vector<std::size_t>& ofList) const {
-  std::size_t end = 0;
-  for (const std::size_t word : ofList) {
-    if (word < end) continue;  // Its line has been looked at.
-    const WordRange line = lineOf(word);
-    end = line.end;
-    if (qualifierIn(line) != noWord) return word;
-    for (std::size_t i = line.first; i < line.end; ++i) {
-      if (words.text(i).substr(0, 2) == "/*") return word;
-    }
-  }
-  return noWord;
-}
-
 WordRange List::lineOf(std::size_t word) const {
   std::size_t first = word;
   while (first > begin && AreOnOneLine(words, first - 1, word)) --first;
-  return {first, std::max(lineEnd(word), word + 1)};
+  return {first, std::max(endInList(word), word + 1)};
 }
 
-std::optional<std::size_t> List::blockBegin(WordRange line) const {
+std::size_t List::blockBegin(WordRange line) const {
   for (std::size_t i = line.first; i < line.end; ++i) {
     if (words.text(i) == "{") return i;
     const bool isKeyword = IsDeclaration(FindStatement(words.text(i))) && !IsBeforeColon(words, i);
     if (isKeyword && i + 2 < words.size() && words.text(i + 2) == "{") return i + 2;
   }
-  return std::nullopt;
+  return noWord;
 }
 
 std::size_t List::qualifierIn(WordRange line) const {
@@ -87,7 +79,7 @@ std::size_t List::qualifierIn(WordRange line) const {
   return noWord;
 }
 
-bool List::looksLikeSecondHalf(std::size_t i) const {
+bool List::looksLikeTypeOrValue(std::size_t i) const {
   std::string_view text = words.text(i);
   text = text.substr(0, text.find_last_not_of(";,") + 1);
   const bool isName = IsIdentifier(text) && !LooksLikeType(text);
@@ -96,7 +88,7 @@ bool List::looksLikeSecondHalf(std::size_t i) const {
 }
 
 /// Returns the index after the last word that stands on the line of this one, in the list.
-std::size_t List::lineEnd(std::size_t i) const {
+std::size_t List::endInList(std::size_t i) const {
   std::size_t end = i;
   while (end < words.size() && AreOnOneLine(words, i, end)) {
     if (BraceOf(words.text(end)) == '}') return end + (words.text(end).front() == '}' ? 0 : 1);
@@ -110,17 +102,17 @@ std::size_t List::lineEnd(std::size_t i) const {
 /// like a type or a value, as in `x` and `int8`; or because each stands alone, as in `x` and
 /// `Pose`. Then the rest of the next line must be pairs again, unless both reasons hold, or a colon
 /// shows that the next line is not complete either.
-bool List::goesOn(WordRange line) const {
+bool List::pairContinues(WordRange line) const {
   const std::size_t last = line.end - 1;
   const std::size_t next = line.end;
   if (!MayBeginPair(words, line) || !MayEndPair(words, next)) return false;
-  const std::size_t nextEnd = blockBegin({next, lineEnd(next)}).value_or(lineEnd(next));
+  const std::size_t nextEnd = std::min(blockBegin({next, endInList(next)}), endInList(next));
   const bool restIsPairs = (nextEnd - next) % 2 == 1;
   const bool isColonBetween = IsBeforeColon(words, last) || IsAfterColon(words, next);
-  const bool isSecondHalf = looksLikeSecondHalf(next);
+  const bool isTypeOrValue = looksLikeTypeOrValue(next);
   const bool areAlone = last == line.first && nextEnd == next + 1;
-  if (isColonBetween) return restIsPairs || isSecondHalf;
-  if (isSecondHalf) return restIsPairs || IsBeforeColon(words, nextEnd - 1);
+  if (isColonBetween) return restIsPairs || isTypeOrValue;
+  if (isTypeOrValue) return restIsPairs || IsBeforeColon(words, nextEnd - 1);
   return areAlone && !isEnum() && IsIdentifier(words.text(last)) && IsIdentifier(words.text(next));
 }
 

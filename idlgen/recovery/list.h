@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <vector>
 
 #include "words/located_words.h"
 
@@ -17,35 +16,33 @@ class List {
   [[nodiscard]] bool isEnum() const { return words.role(begin) == Role::ItemName; }
   [[nodiscard]] bool isRequest() const;
 
+  /// Returns the index of the first word after the list.
+  [[nodiscard]] std::size_t end() const;
+
   /// Returns the first line up to that of this word that opens a block, or whose words cannot be
   /// read as names followed by types or values. A pair may stand on two lines.
   [[nodiscard]] std::optional<WordRange> firstWrongLine(std::size_t last) const;
-
-  /// Returns the first of some words of the list whose line is wrong as a whole, although it may
-  /// consist of pairs: another word qualifies a declaration, as in `1: required int32 x`, or the
-  /// line has a comment. `noWord` if there is none.
-  [[nodiscard]] std::size_t firstInMixedLine(const std::vector<std::size_t>& ofList) const;
 
   /// Returns the words of the list that stand on the line of this one, and the word itself, which
   /// may begin with a brace.
   [[nodiscard]] WordRange lineOf(std::size_t word) const;
 
   /// Returns the index of the "{" of a block that a line opens, or of a declaration that begins in
-  /// the line, or nothing.
-  [[nodiscard]] std::optional<std::size_t> blockBegin(WordRange line) const;
+  /// the line, or `noWord`.
+  [[nodiscard]] std::size_t blockBegin(WordRange line) const;
 
   /// Returns the word that qualifies a declaration on the line, as in other languages, or `noWord`.
   /// If it has a place in a pair, it is a name.
   [[nodiscard]] std::size_t qualifierIn(WordRange line) const;
 
   /// Returns whether the word is rather a type or a value than a name.
-  [[nodiscard]] bool looksLikeSecondHalf(std::size_t i) const;
+  [[nodiscard]] bool looksLikeTypeOrValue(std::size_t i) const;
 
   const LocatedWords& words;
 
  private:
-  [[nodiscard]] std::size_t lineEnd(std::size_t i) const;
-  [[nodiscard]] bool goesOn(WordRange line) const;
+  [[nodiscard]] std::size_t endInList(std::size_t i) const;
+  [[nodiscard]] bool pairContinues(WordRange line) const;
 
   const TypeNames& types;
   std::size_t begin;

@@ -25,12 +25,12 @@ bool IsMisplaced(const Words& words, std::size_t i) {
   const auto isLetter = [](char byte) { return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z'; };
   if (isLetter(word.front()) && isLetter(word.back())) return false;  // Most words.
   if (word.find_first_not_of(foreignSeparators) == std::string_view::npos) return true;
-  return BraceOf(word) != '\0' || (word == "=" && IsSecondHalf(role));
+  return BraceOf(word) != '\0' || (word == "=" && IsTypeOrValue(role));
 }
 
 /// Returns whether the word is a type or value of which "::" makes two words.
 bool IsCppName(const LocatedWords& words, std::size_t i) {
-  return IsSecondHalf(words.role(i)) && IsJoinedByColons(words, i);
+  return IsTypeOrValue(words.role(i)) && IsJoinedByColons(words, i);
 }
 
 /// Returns the first of the words before `end` for which the function returns true, or `end`.
@@ -42,10 +42,9 @@ std::size_t FirstWord(std::size_t end, Predicate isWanted) {
 }
 
 /// Returns the fix for a word that the parser refuses, or that cannot have its role.
-Fix FixWord(const LocatedWords& words, std::size_t word) {
-  if (!IsInList(words.role(word))) return FixStatement(words, word);
-  const TypeNames types = DeclaredTypes(words);
-  return FixList(List(words, types, word), word);
+Fix FixWord(const LocatedWords& words, const TypeNames& types, std::size_t word) {
+  return IsInList(words.role(word)) ? FixList(List(words, types, word), word)
+                                    : FixStatement(words, word);
 }
 
 /// Returns the fix for a second namespace statement, which begins with this word.
@@ -63,12 +62,47 @@ Fix FixSecondNamespace(SourceFile& file, std::size_t word) {
 }
 
 /// Returns the fix for a statement that the file ends in.
-Fix FixLastStatement(SourceFile& file) {
+Fix FixLastStatement(SourceFile& file, const TypeNames& types) {
   const std::size_t last = file.words.size() - 1;
-  if (!IsInList(file.words.role(last))) return FixEnd(file);
-  const TypeNames types = DeclaredTypes(file.words);
-  const List list(file.words, types, last);
-  return list.firstWrongLine(last).has_value() ? FixList(list, last) : FixEnd(file);
+  const bool isInList = IsInList(file.words.role(last));
+  const bool hasWrongLine =
+      isInList && List(file.words, types, last).firstWrongLine(last).has_value();
+  return hasWrongLine ? FixWord(file.words, types, last) : FixEnd(file);
+}
+
+/// Returns the words of lists whose role the findings make doubtful.
+std::vector<std::size_t> DoubtfulWords(const Words& words, const std::vector<Finding>& findings) {
+  std::vector<std::size_t> doubtful;
+  for (const Finding& finding : findings) {
+    const bool isDoubtful = finding.rule->severity == Severity::Error || finding.rule->doubtsRole;
+    if (isDoubtful && IsInList(words.role(finding.word))) doubtful.push_back(finding.word);
+  }
+  return doubtful;
+}
+
+/// Returns whether the line is wrong as a whole, although it may consist of pairs: a word qualifies
+/// a declaration, as in `1: required int32 x`, or it has a comment.
+bool IsMixed(const List& list, WordRange line) {
+  if (list.qualifierIn(line) != noWord) return true;
+  for (std::size_t i = line.first; i < line.end; ++i) {
+    if (list.words.text(i).substr(0, 2) == "/*") return true;
+  }
+  return false;
+}
+
+/// Returns the fix for a line of the list, in or below which these doubtful words stand, or
+/// nothing.
+std::optional<Fix> FixDoubtful(const List& list, const std::vector<std::size_t>& doubtful) {
+  const std::size_t last = doubtful.back();
+  if (list.firstWrongLine(last).has_value()) return FixList(list, last);
+  std::size_t end = 0;  // Of the line that has been looked at.
+  for (const std::size_t word : doubtful) {
+    if (word < end) continue;
+    const WordRange line = list.lineOf(word);
+    if (IsMixed(list, line)) return FixList(list, word);
+    end = line.end;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -87,36 +121,21 @@ std::optional<Fix> FixWords(SourceFile& file) {
   const std::size_t end = isRefused ? error->tokensRead - 1 : words.size();
   const std::size_t word =
       FirstWord(end, [&](std::size_t i) { return IsMisplaced(words, i) || IsCppName(words, i); });
-  if (word < end) return FixWord(words, word);
+  const TypeNames types = DeclaredTypes(words);
+  if (word < end) return FixWord(words, types, word);
   if (!error.has_value()) return std::nullopt;
-  switch (error->kind) {
-    case ParseError::Kind::WrongFormat:
-      return FixWord(words, word);
-    case ParseError::Kind::SecondNamespace:
-      return FixSecondNamespace(file, word);
-    case ParseError::Kind::EndOfFile:
-      return FixLastStatement(file);
-  }
-  return std::nullopt;
+  if (!isRefused) return FixLastStatement(file, types);
+  return error->kind == ParseError::Kind::SecondNamespace ? FixSecondNamespace(file, word)
+                                                          : FixWord(words, types, word);
 }
 
 std::optional<Fix> FixFindings(const LocatedWords& words, const std::vector<Finding>& findings) {
   const TypeNames types = DeclaredTypes(words);
-  std::vector<std::size_t> doubtful;  // The words of lists whose role may be wrong.
-  for (const Finding& finding : findings) {
-    const bool isDoubtful = finding.rule->severity == Severity::Error || finding.rule->doubtsRole;
-    if (isDoubtful && IsInList(words.role(finding.word))) doubtful.push_back(finding.word);
-  }
-  auto next = doubtful.begin();
-  while (next != doubtful.end()) {
-    std::size_t listEnd = *next;
-    while (listEnd < words.size() && IsInList(words.role(listEnd))) ++listEnd;
-    const auto end = std::lower_bound(next, doubtful.end(), listEnd);
-    const std::vector<std::size_t> ofList(next, end);
-    const List list(words, types, ofList.front());
-    if (list.firstWrongLine(ofList.back()).has_value()) return FixList(list, ofList.back());
-    const std::size_t mixed = list.firstInMixedLine(ofList);
-    if (mixed != noWord) return FixList(list, mixed);
+  const std::vector<std::size_t> doubtful = DoubtfulWords(words, findings);
+  for (auto next = doubtful.begin(); next != doubtful.end();) {
+    const List list(words, types, *next);
+    const auto end = std::lower_bound(next, doubtful.end(), list.end());
+    if (std::optional<Fix> fix = FixDoubtful(list, {next, end})) return fix;
     next = end;
   }
   return std::nullopt;

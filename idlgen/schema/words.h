@@ -42,13 +42,13 @@ inline bool HasMembers(Role role) {
 }
 
 /// Returns whether a word of this role is a type or a value.
-inline bool IsSecondHalf(Role role) {
+inline bool IsTypeOrValue(Role role) {
   return role == Role::ItemValue || role == Role::MemberType;
 }
 
 /// Returns whether a word of this role stands in a list of members or items.
 inline bool IsInList(Role role) {
-  return role == Role::ItemName || role == Role::MemberName || IsSecondHalf(role);
+  return role == Role::ItemName || role == Role::MemberName || IsTypeOrValue(role);
 }
 
 /// In place of the index of a word: no word.
