@@ -3,7 +3,7 @@
 #include "check/check_file.h"
 #include "messages/known_types.h"
 #include "names/view.h"
-#include "recovery/next_fix.h"
+#include "recovery/fixes.h"
 #include "words/printable.h"
 #include "words/similar.h"
 

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "recovery/fix.h"
+#include "recovery/fixes.h"
 #include "schema/statements.h"
 #include "words/foreign_words.h"
 #include "words/word_forms.h"

@@ -1,9 +1,8 @@
-#include "recovery/fix_end.h"
-
 #include <list>
 #include <string>
 #include <string_view>
 
+#include "recovery/fixes.h"
 #include "schema/statements.h"
 
 namespace zentho::idlgen {

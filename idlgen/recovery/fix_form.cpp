@@ -1,8 +1,7 @@
-#include "recovery/fix_form.h"
-
 #include <algorithm>
 #include <utility>
 
+#include "recovery/fixes.h"
 #include "recovery/separators.h"
 #include "recovery/symptoms.h"
 #include "words/characters.h"
@@ -53,16 +52,15 @@ std::size_t CommentEnd(const LocatedWords& words, std::size_t i) {
 
 /// Returns what a word with a brace beside other characters is read as.
 Texts SplitAtBraces(std::string_view word) {
-  Texts parts;
-  while (!word.empty()) {
-    const std::size_t brace = std::min(word.find_first_of("{}"), word.size());
-    for (const std::string_view part : Parts(word.substr(0, brace), ";,")) parts.emplace_back(part);
-    word.remove_prefix(brace);
-    if (word.empty()) break;
-    parts.emplace_back(word.substr(0, 1));
-    word.remove_prefix(1);
+  Texts texts;
+  for (std::string_view part : Parts(word, ";,")) {
+    while (!part.empty()) {
+      const std::size_t brace = part.find_first_of("{}");
+      texts.emplace_back(part.substr(0, brace == 0 ? 1 : brace));
+      part.remove_prefix(texts.back().size());
+    }
   }
-  return parts;
+  return texts;
 }
 
 /// Returns what words with a CR or a byte order mark are read as.

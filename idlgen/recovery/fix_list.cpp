@@ -1,10 +1,7 @@
-#include "recovery/fix_list.h"
-
 #include <optional>
 #include <utility>
 
-#include "recovery/fix_end.h"
-#include "recovery/fix_form.h"
+#include "recovery/fixes.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
 

@@ -1,12 +1,9 @@
-#include "recovery/fix_statement.h"
-
 #include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-#include "recovery/fix_end.h"
-#include "recovery/fix_form.h"
+#include "recovery/fixes.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
 #include "words/cpp_words.h"

@@ -1,12 +1,8 @@
-#include "recovery/next_fix.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <string>
 
-#include "recovery/fix_end.h"
-#include "recovery/fix_list.h"
-#include "recovery/fix_statement.h"
+#include "recovery/fixes.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {

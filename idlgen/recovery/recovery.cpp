@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "check/check_file.h"
-#include "recovery/next_fix.h"
+#include "recovery/fixes.h"
 #include "recovery/separators.h"
 #include "schema/parser.h"
 

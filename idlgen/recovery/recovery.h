@@ -6,7 +6,7 @@
 #include "findings/diagnostic.h"
 #include "findings/finding.h"
 #include "names/declarations.h"
-#include "recovery/fix.h"
+#include "recovery/fixes.h"
 #include "sources/source_file.h"
 
 namespace zentho::idlgen {

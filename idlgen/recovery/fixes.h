@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "findings/finding.h"
+#include "recovery/list.h"
+#include "sources/source_file.h"
+#include "words/located_words.h"
+
+namespace zentho::idlgen {
+
+/// Lines of a file, from the first to the last one. None unless that comes later.
+struct LineRange {
+  std::size_t first = 1;
+  std::size_t last = 0;
+};
+
+/// In place of the number of the last line of a file.
+constexpr std::size_t lastLine = static_cast<std::size_t>(-1);
+
+using Texts = std::vector<std::string>;
+
+/// What is wrong with some words, and what to read in place of them.
+struct Fix {
+  Finding finding;         ///< About the word that shows the cause.
+  WordRange replaced;      ///< Empty if the texts are only put before its first word.
+  Texts texts = {};        ///< What is read there. Empty if the words are only left out.
+  LineRange causes = {};   ///< If something is reported about one of them, this follows from it.
+  bool mayDeclare = true;  ///< Whether names among the words that are not read may be declared.
+};
+
+/// Returns a finding about a word.
+inline Finding FindingAt(const Rule& rule, const Words& words, std::size_t word,
+                         std::string advice = {}) {
+  return {&rule, word, words.text(word), std::move(advice)};
+}
+
+/// Returns a fix that leaves out some words.
+inline Fix Drop(Finding finding, WordRange words) {
+  return {std::move(finding), words};
+}
+
+/// Returns a fix that reads other words in place of some.
+inline Fix Replace(Finding finding, WordRange words, Texts texts) {
+  return {std::move(finding), words, std::move(texts)};
+}
+
+/// Returns a fix that reads more words before one.
+inline Fix Insert(Finding finding, std::size_t before, Texts texts) {
+  return {std::move(finding), {before, before}, std::move(texts)};
+}
+
+/// Returns whether the parser refuses the file, or a word cannot have its role, or perhaps cannot
+/// because of a "::" or a tab. The words need no places.
+bool NeedsFix(const SourceFile& file);
+
+// All others need places. They change nothing but `applyFix`, and look for the cause in this order:
+//
+//   FixWords          the first word that the parser refuses, or that cannot have its role
+//     FixStatement    outside of lists:
+//       FixCharacters   1. characters that no word contains, and "::"
+//       FixForm         2. the form of the word, if that of a keyword is missing
+//                       3. what else may stand there
+//     FixList         in a list, whose first line counts that does not consist of pairs:
+//       FixCharacters   1. as above
+//                       2. a block that the line opens, and a word such as `optional`
+//       FixForm         3. the form of a word
+//                       4. words that are missing or too many
+//     FixEnd          a statement that the file ends in
+//   FixFindings       once the words are parsed, a list with a finding in such a line or below it
+
+/// Returns the fix for the first word that the parser refuses or that cannot have its role, or
+/// nothing.
+std::optional<Fix> FixWords(SourceFile& file);
+
+/// Returns the fix for the first list with a finding in or below a line that cannot be read in
+/// pairs, or nothing: all words after that line have a wrong role.
+std::optional<Fix> FixFindings(const LocatedWords& words, const std::vector<Finding>& findings);
+
+/// Returns the fix for a word that stands outside of the lists of members or items.
+Fix FixStatement(const LocatedWords& words, std::size_t word);
+
+/// Returns the fix for a word that stands in this list.
+Fix FixList(const List& list, std::size_t word);
+
+/// Returns the fix for a statement that is not complete at the end of the file.
+Fix FixEnd(SourceFile& file);
+
+/// Returns the fix if the cause is in the characters of the words or in two colons between them.
+std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range);
+
+/// Returns the fix if the cause is in the form of one of the words. It leaves out `line`, or splits
+/// a word such as `};`.
+std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange line);
+
+/// Returns what is missing before this word to complete the statement that is open there.
+Texts MissingBraces(const Words& words, std::size_t end);
+
+/// Reads the words as the fix says, each of which has a place then. Keeps the names that the others
+/// may declare. The roles are those of before.
+void applyFix(SourceFile& file, const Fix& fix);
+
+}  // namespace zentho::idlgen
