@@ -50,17 +50,19 @@ std::size_t CommentEnd(const LocatedWords& words, std::size_t i) {
   return LineEnd(words, i);
 }
 
-/// Returns what a word with a brace beside other characters is read as.
-Texts SplitAtBraces(std::string_view word) {
+/// Returns the fix that reads a brace and what stands beside it as words of their own, without
+/// separators.
+Fix SplitAtBraces(Finding finding) {
   Texts texts;
-  for (std::string_view part : Parts(word, ";,")) {
+  for (std::string_view part : Parts(finding.text, ";,")) {
     while (!part.empty()) {
       const std::size_t brace = part.find_first_of("{}");
       texts.emplace_back(part.substr(0, brace == 0 ? 1 : brace));
       part.remove_prefix(texts.back().size());
     }
   }
-  return texts;
+  const WordRange word = {finding.word, finding.word + 1};
+  return Replace(std::move(finding), word, std::move(texts));
 }
 
 /// Returns what words with a CR or a byte order mark are read as.
@@ -86,7 +88,7 @@ Fix WithoutSymptom(const LocatedWords& words, Finding finding, WordRange range) 
     return Replace(std::move(finding), {i, CommentEnd(words, i)}, std::move(before));
   }
   if (BraceOf(word) != '\0' && word.find('\r') == std::string_view::npos) {
-    return Replace(std::move(finding), {i, i + 1}, SplitAtBraces(word));
+    return SplitAtBraces(std::move(finding));
   }
   return Replace(std::move(finding), range, WithoutOddCharacters(words, range));
 }
@@ -153,10 +155,8 @@ std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
 std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange line) {
   std::optional<Finding> finding = FindSymptom(SymptomKind::Forms, WithRoles(words, range));
   if (!finding.has_value()) return std::nullopt;
-  if (BraceOf(finding->text) == '\0') return Drop(*std::move(finding), line);
-  const std::size_t word = finding->word;  // Such as `};`.
-  Texts parts = SplitAtBraces(finding->text);
-  return Replace(*std::move(finding), {word, word + 1}, std::move(parts));
+  const bool hasBrace = BraceOf(finding->text) != '\0';  // As in `};`.
+  return hasBrace ? SplitAtBraces(*std::move(finding)) : Drop(*std::move(finding), line);
 }
 
 }  // namespace zentho::idlgen

@@ -15,8 +15,7 @@
 namespace zentho::idlgen {
 namespace {
 
-/// A word that is not what the grammar expects outside of a list. Makes the fixes that begin with
-/// it.
+/// A word that is not what the grammar expects outside of a list. Makes fixes for it.
 class Unexpected {
  public:
   Unexpected(const LocatedWords& fileWords, std::size_t i)
@@ -29,9 +28,6 @@ class Unexpected {
   [[nodiscard]] bool isOnLineOfWordBefore() const { return AreOnOneLine(words, word - 1, word); }
   [[nodiscard]] bool isClosing() const { return BraceOf(text) == '}'; }
   [[nodiscard]] bool beginsStatement() const { return FindStatement(text) != Statement::None; }
-  [[nodiscard]] bool isBefore(std::string_view next) const {
-    return word + 1 < words.size() && words.text(word + 1) == next;
-  }
 
   [[nodiscard]] Finding finding(const Rule& rule, std::string advice = {}) const {
     return FindingAt(rule, words, word, std::move(advice));
@@ -211,8 +207,11 @@ Fix AtPart(const Unexpected& at) {
   const std::string part = isRequest ? "request" : "response";
   const Rule& missing = isRequest ? rules::missingRequest : rules::missingResponse;
   const Rule& misspelt = isRequest ? rules::notARequest : rules::notAResponse;
+  const std::size_t next = at.word + 1;
+  const bool isNext = next < at.words.size() && at.words.text(next) == part;
   Texts rest = MissingBraces(at.words, at.word);
-  if (at.text == "}" && at.isBefore(part)) return at.drop(missing);
+
+  if (at.text == "}" && isNext) return at.drop(missing);
   if (at.text == "}") {
     rest.pop_back();  // It is there.
     return AsConsequence(at, at.insert(missing, std::move(rest)));

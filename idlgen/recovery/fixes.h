@@ -55,23 +55,27 @@ inline Fix Insert(Finding finding, std::size_t before, Texts texts) {
 }
 
 /// Returns whether the parser refuses the file, or a word cannot have its role, or perhaps cannot
-/// because of a "::" or a tab. The words need no places.
+/// because of a "::" or a tab. The words need no places; all other functions need them.
 bool NeedsFix(const SourceFile& file);
 
-// All others need places. They change nothing but `applyFix`, and look for the cause in this order:
+// The next fix is made by these functions, which change nothing. Places and causes are tried in
+// this order:
 //
-//   FixWords          the first word that the parser refuses, or that cannot have its role
-//     FixStatement    outside of lists:
-//       FixCharacters   1. characters that no word contains, and "::"
-//       FixForm         2. the form of the word, if that of a keyword is missing
-//                       3. what else may stand there
-//     FixList         in a list, whose first line counts that does not consist of pairs:
-//       FixCharacters   1. as above
-//                       2. a block that the line opens, and a word such as `optional`
-//       FixForm         3. the form of a word
-//                       4. words that are missing or too many
-//     FixEnd          a statement that the file ends in
-//   FixFindings       once the words are parsed, a list with a finding in such a line or below it
+//   FixWords           the first word that the parser refuses, or that cannot have its role
+//     FixList            in a list: in the first line up to there that does not consist of pairs
+//       FixCharacters      characters that no word contains, and "::"
+//                          a block that the line opens
+//                          a word that qualifies a declaration, such as `optional`
+//       FixForm            the form of a word
+//                          words that are missing or too many
+//     FixStatement       elsewhere
+//       FixCharacters      as above
+//                          a brace, or a word after a path, in place of a keyword
+//       FixForm            the form of another word in place of a keyword
+//                          what the grammar expects there
+//     FixEnd             a statement that the file ends in
+//   FixFindings        once all words can be read: a list with a finding in such a line or below
+//     FixList            as above
 
 /// Returns the fix for the first word that the parser refuses or that cannot have its role, or
 /// nothing.

@@ -256,29 +256,12 @@ Symptom FirstSymptom(std::string_view word, Role role) {
 }  // namespace
 
 const Rule& FormRule(Role role) {
-  switch (role) {
-    case Role::Statement:
-    case Role::Unread:
-      return rules::notAStatement;
-    case Role::Part:
-      return rules::notAPart;
-    case Role::Brace:
-      return rules::notABrace;
-    case Role::IncludePath:
-      return rules::notAPath;
-    case Role::ItemValue:
-      return rules::notAValue;
-    case Role::MemberType:
-      return rules::notAType;
-    case Role::NamespacePath:
-    case Role::EnumName:
-    case Role::MessageName:
-    case Role::ServiceName:
-    case Role::ItemName:
-    case Role::MemberName:
-      break;
-  }
-  return rules::notAName;
+  if (role == Role::Statement || role == Role::Unread) return rules::notAStatement;
+  if (role == Role::Part) return rules::notAPart;
+  if (role == Role::Brace) return rules::notABrace;
+  if (role == Role::IncludePath) return rules::notAPath;
+  if (role == Role::ItemValue) return rules::notAValue;
+  return role == Role::MemberType ? rules::notAType : rules::notAName;
 }
 
 std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord>& words) {
