@@ -72,13 +72,13 @@ std::vector<const Declaration*> KnownTypes::typesInView() const {
   files.push_back(&view.user());
   std::sort(files.begin(), files.end(),
             [](const File* a, const File* b) { return a->begin < b->begin; });
-  std::vector<const Declaration*> types;
+  std::vector<const Declaration*> declared;
   for (const File* const file : files) {
     for (std::size_t i = file->begin; i < file->end; ++i) {
-      if (IsTypeName(view.all().list()[i].role)) types.push_back(&view.all().list()[i]);
+      if (IsTypeName(view.all().list()[i].role)) declared.push_back(&view.all().list()[i]);
     }
   }
-  return types;
+  return declared;
 }
 
 /// Returns the shortest name by which the user finds the type.
@@ -89,10 +89,10 @@ std::string KnownTypes::nameOf(const Declaration& declaration) const {
   const std::vector<Role>& roles = view.user().words().roles;
   const auto record = std::find_if(roles.begin(), roles.end(), HasMembers);
   const Scope scope = {static_cast<std::size_t>(record - roles.begin())};
-  const TypeLookup types(lookup, scope);
+  const TypeLookup typeLookup(lookup, scope);
   const std::vector<const Namespace*>& spaces = declaration.file->namespaces;
   for (auto space = spaces.rbegin(); space != spaces.rend(); ++space) {
-    if (types.find(name).declaration == &declaration) return name;
+    if (typeLookup.find(name).declaration == &declaration) return name;
     name.insert(0, std::string((*space)->name) + ".");
   }
   return name;  // It begins with a dot.

@@ -65,10 +65,10 @@ bool IsError(const Finding& finding) {
 
 Outcome reportOn(Examination& examination, SourceFile& file, Warnings warnings) {
   Examined examined = examination.examine(file);
-  const std::vector<Finding>& all = examined.findings;
+  const std::vector<Finding>& found = examined.findings;
   const bool hasError = !examined.diagnostics.empty() ||
-                        std::any_of(all.begin(), all.end(), IsError) ||
-                        (warnings == Warnings::Fail && !all.empty());
+                        std::any_of(found.begin(), found.end(), IsError) ||
+                        (warnings == Warnings::Fail && !found.empty());
 
   std::vector<Finding> findings = Selection(file, examined, warnings);
   std::stable_partition(findings.begin(), findings.end(), IsError);
