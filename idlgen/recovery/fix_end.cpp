@@ -1,24 +1,9 @@
-#include <list>
-#include <string>
 #include <string_view>
 
 #include "recovery/fixes.h"
 #include "schema/statements.h"
 
 namespace zentho::idlgen {
-
-namespace {
-
-/// Returns whether the text opens more braces than it closes.
-bool LacksBraces(const IDL& text) {
-  Words words;
-  for (const std::list<std::string>& line : text.tokenLines) {
-    words.texts.insert(words.texts.end(), line.begin(), line.end());
-  }
-  return OpenBraces(words) > 0;
-}
-
-}  // namespace
 
 Texts MissingBraces(const Words& words, std::size_t end) {
   const std::size_t keyword = KeywordOf(words, end - 1);
@@ -37,7 +22,7 @@ Texts MissingBraces(const Words& words, std::size_t end) {
 }
 
 Fix FixEnd(SourceFile& file) {
-  const Words& words = file.words;
+  const LocatedWords& words = file.words;
   const std::size_t last = words.size() - 1;
   const std::size_t keyword = KeywordOf(words, last);
   const WordRange statement = {keyword, words.size()};
@@ -50,9 +35,8 @@ Fix FixEnd(SourceFile& file) {
     return Drop(isMissing(isInclude ? "a path" : "a name"), statement);
   }
   if (IsRecordName(role) || role == Role::Part) return Drop(isMissing(R"(a "{")"), statement);
-  Fix fix = Insert(isMissing(R"(a "}")"), words.size(), MissingBraces(words, words.size()));
-  if (!LacksBraces(file.idl)) fix.causes = {1, lastLine};
-  return fix;
+  return Insert(isMissing(R"(a "}")"), words.size(), MissingBraces(words, words.size()),
+                CausesOfMissingBrace(words));
 }
 
 }  // namespace zentho::idlgen

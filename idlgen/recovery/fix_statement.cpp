@@ -39,8 +39,13 @@ class Unexpected {
   [[nodiscard]] Fix replace(const Rule& rule, Texts texts, std::string advice = {}) const {
     return Replace(finding(rule, std::move(advice)), {word, word + 1}, std::move(texts));
   }
-  [[nodiscard]] Fix insert(const Rule& rule, Texts texts) const {
-    return Insert(finding(rule), word, std::move(texts));
+  [[nodiscard]] Fix insert(const Rule& rule, Texts texts, LineRange causes = {}) const {
+    return Insert(finding(rule), word, std::move(texts), causes);
+  }
+
+  /// Returns the lines from the keyword of the statement on.
+  [[nodiscard]] LineRange statement() const {
+    return {words.places[KeywordOf(words, word)].lineNumber, lastLine};
   }
 
   /// Returns the rest of the line, with the block that it opens, up to a brace that closes what is
@@ -118,12 +123,6 @@ const Rule& OpeningRule(const Unexpected& at) {
   return at.roleBefore == Role::ServiceName ? rules::baseOfService : rules::baseOfMessage;
 }
 
-/// Returns the fix, which may follow from a mistake in the statement.
-Fix AsConsequence(const Unexpected& at, Fix fix) {
-  fix.causes = {at.words.places[KeywordOf(at.words, at.word)].lineNumber, lastLine};
-  return fix;
-}
-
 /// More words on the line of a path: of an include, or of a namespace.
 Fix AfterPath(const Unexpected& at) {
   if (at.roleBefore == Role::IncludePath) return at.dropRest(rules::afterIncludePath);
@@ -198,7 +197,8 @@ Fix AtClosing(const Unexpected& at) {
                       SymptomOf(at.words, at.finding(rules::notAnEnd)).advice);
   }
   Fix fix = at.dropRest(rules::afterResponse);
-  return at.text == "request" ? AsConsequence(at, std::move(fix)) : fix;
+  if (at.text == "request") fix.causes = at.statement();
+  return fix;
 }
 
 /// A word in place of `request` or `response`.
@@ -214,7 +214,7 @@ Fix AtPart(const Unexpected& at) {
   if (at.text == "}" && isNext) return at.drop(missing);
   if (at.text == "}") {
     rest.pop_back();  // It is there.
-    return AsConsequence(at, at.insert(missing, std::move(rest)));
+    return at.insert(missing, std::move(rest), at.statement());
   }
   if (at.text == "response") return at.insert(rules::responseFirst, {part, "{", "}"});
   if (at.beginsStatement()) return at.insert(rules::missingClosing, std::move(rest));

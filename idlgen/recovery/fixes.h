@@ -50,8 +50,13 @@ inline Fix Replace(Finding finding, WordRange words, Texts texts) {
 }
 
 /// Returns a fix that reads more words before one.
-inline Fix Insert(Finding finding, std::size_t before, Texts texts) {
-  return {std::move(finding), {before, before}, std::move(texts)};
+inline Fix Insert(Finding finding, std::size_t before, Texts texts, LineRange causes = {}) {
+  return {std::move(finding), {before, before}, std::move(texts), causes};
+}
+
+/// Returns the lines that a missing brace may follow from: any, unless the text lacks one indeed.
+inline LineRange CausesOfMissingBrace(const LocatedWords& words) {
+  return words.lackBraces ? LineRange() : LineRange{1, lastLine};
 }
 
 /// Returns whether the parser refuses the file, or a word cannot have its role, or perhaps cannot

@@ -10,15 +10,17 @@ namespace {
 
 /// Reads the parts of the words between separators, which may be none, in place of the words.
 void splitWords(LocatedWords& words, std::string_view separators) {
-  LocatedWords parts;
+  std::vector<std::string_view> texts;
+  std::vector<Place> places;
   for (std::size_t i = 0; i < words.size(); ++i) {
     for (const std::string_view part : Parts(words.text(i), separators)) {
-      parts.texts.push_back(part);
-      parts.places.push_back(words.places[i]);
-      parts.places.back().offset += static_cast<std::size_t>(part.data() - words.text(i).data());
+      texts.push_back(part);
+      places.push_back(words.places[i]);
+      places.back().offset += static_cast<std::size_t>(part.data() - words.text(i).data());
     }
   }
-  words = std::move(parts);
+  words.texts = std::move(texts);
+  words.places = std::move(places);
 }
 
 /// Returns the error about the character at this place.

@@ -9,12 +9,12 @@
 
 namespace zentho::idlgen {
 
+// The words have places. Their roles are those of before.
+
 /// If most lines end with CR LF, reads their last words without the CR, and returns what is wrong.
-/// The words have places, but lose their roles.
 std::optional<Diagnostic> dropCarriageReturns(SourceFile& file);
 
-/// If there are tabs beside or between words, reads them as spaces, and returns what is wrong. The
-/// words have places, but lose their roles.
+/// If there are tabs beside or between words, reads them as spaces, and returns what is wrong.
 std::optional<Diagnostic> dropTabs(SourceFile& file);
 
 /// Returns the parts of the text between these separators. None is empty.

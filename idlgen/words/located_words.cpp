@@ -28,6 +28,7 @@ void locate(LocatedWords& words, std::string_view text) {
   std::vector<Place>& places = words.places;
   places.clear();
   places.reserve(words.size());
+  words.lackBraces = OpenBraces(words) > 0;
   for (std::size_t lineNumber = 1; places.size() < words.size(); ++lineNumber) {
     const std::string_view line = TakeLine(text);
     const std::string_view code = WithoutComment(line);

@@ -21,9 +21,10 @@ struct Place {
 /// Then there is one for each word.
 struct LocatedWords : Words {
   std::vector<Place> places;
+  bool lackBraces = false;  ///< Whether the text opens more braces than it closes.
 };
 
-/// Finds the places of the words of a text, which it has in this order.
+/// Finds the places of the words of a text, which it has in this order, and counts its braces.
 void locate(LocatedWords& words, std::string_view text);
 
 /// Some words that follow each other: those from `first` on, up to `end`.
