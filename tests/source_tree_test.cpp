@@ -28,8 +28,11 @@ TEST(DiskTree, TellsFilesFromWhatIsNoneAndKnowsThemByAnyPath) {
   EXPECT_EQ(tree.read(scratch.path("fifo"), text).kind, Entry::Kind::Other);
   EXPECT_EQ(tree.read(path, text).id, tree.look(path).id);
   EXPECT_EQ(text, "text");
-  EXPECT_EQ(tree.list(scratch.path(".")), (std::vector<std::string>{"d", "fifo", "hard", "soft"}));
-  EXPECT_EQ(tree.list(scratch.path("none")), std::vector<std::string>());
+  std::vector<std::string> names;
+  EXPECT_FALSE(tree.list(scratch.path("."), names));
+  EXPECT_EQ(names, (std::vector<std::string>{"d", "fifo", "hard", "soft"}));
+  EXPECT_TRUE(tree.list(scratch.path("none"), names));
+  EXPECT_EQ(names, std::vector<std::string>());
 }
 
 }  // namespace

@@ -22,9 +22,9 @@ class CountingTree final : public SourceTree {
     ++reads[path];
     return files.read(path, text);
   }
-  std::vector<std::string> list(const std::string& directory) override {
+  std::error_code list(const std::string& directory, std::vector<std::string>& names) override {
     ++lists[directory];
-    return files.list(directory);
+    return files.list(directory, names);
   }
 
   std::map<std::string, int> reads;

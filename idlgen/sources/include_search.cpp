@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <utility>
 
 #include "io/file.h"
@@ -14,7 +15,8 @@ namespace {
 
 using ResultKind = IncludeSearch::Result::Kind;
 
-constexpr std::size_t maxPathSize = 4096;  ///< The system opens no longer paths.
+constexpr std::size_t maxPathSize = 4096;       ///< The system opens no longer paths.
+constexpr std::size_t maxCompared = 5'000'000;  ///< Comparing more names takes long.
 
 /// Returns the directory above one that ends with a '/', if its path names it.
 std::string Above(const std::string& directory) {
@@ -145,7 +147,7 @@ IncludeSearch::Result IncludeSearch::search(const std::string& directory, const 
   Result result = look(directory, path);
   const bool isRelative = path.front() != '/';
   if (result.kind == ResultKind::Missing && isRelative) {
-    for (const std::size_t i : basesWith(DirectoryOf(path))) {
+    for (const std::size_t i : basesWithFile(path)) {
       result = look(bases[i], path);
       if (result.kind != ResultKind::Missing) break;
     }
@@ -161,7 +163,7 @@ bool IncludeSearch::mayComeBefore(const Result& result, const std::string& direc
   for (const Position& position : positions(directory)) {
     const std::string place = Normal(position.path + path);
     if (LeadsOut(place)) continue;
-    for (const std::size_t i : basesWith(DirectoryOf(place))) {
+    for (const std::size_t i : basesWithFile(place)) {
       if (baseIds[i] == baseIds[position.base]) continue;
       const Result other = look(bases[i], place);
       if (other.kind == ResultKind::Missing) continue;
@@ -177,7 +179,7 @@ bool IncludeSearch::hasHeader(const std::string& directory, const std::string& p
   const auto isIn = [&](const std::string& base) {
     return look(base, header).kind == ResultKind::Found;
   };
-  const std::vector<std::size_t>& searched = basesWith(DirectoryOf(path));
+  const std::vector<std::size_t> searched = basesWithFile(header);
   return isIn(directory) ||
          (path.front() != '/' && std::any_of(searched.begin(), searched.end(),
                                              [&](std::size_t i) { return isIn(bases[i]); }));
@@ -201,6 +203,36 @@ const std::vector<std::size_t>& IncludeSearch::basesWith(const std::string& dire
     if (entry.kind != Entry::Kind::Missing) known->second.push_back(i);
   }
   return known->second;
+}
+
+/// Each directory is listed once: many includes may be looked for in many directories.
+const IncludeSearch::Names& IncludeSearch::namesIn(const std::string& directory) {
+  const auto [known, isNew] = namesOf.try_emplace(directory);
+  Names& names = known->second;
+  if (!isNew) return names;
+  std::vector<std::string> found;
+  for (const std::size_t i : basesWith(directory)) {
+    const std::string joined = Joined(bases[i], directory);
+    if (tree.list(joined.empty() ? "." : joined, found)) names.unlisted.push_back(i);
+    for (const std::string& name : found) {
+      std::vector<std::size_t>& with = names.bases[name];
+      if (with.empty()) names.list.push_back(name);
+      with.push_back(i);
+    }
+  }
+  return names;
+}
+
+/// Returns the indexes of the base directories in which there may be such a file.
+std::vector<std::size_t> IncludeSearch::basesWithFile(const std::string& path) {
+  const std::string directory = DirectoryOf(path);
+  const Names& names = namesIn(directory);
+  const auto known = names.bases.find(path.substr(directory.size()));
+  if (known == names.bases.end()) return names.unlisted;
+  std::vector<std::size_t> with;
+  std::set_union(known->second.begin(), known->second.end(), names.unlisted.begin(),
+                 names.unlisted.end(), std::back_inserter(with));
+  return with;
 }
 
 const Entry& IncludeSearch::lookAtDirectory(const std::string& directory) {
@@ -227,14 +259,15 @@ const std::vector<IncludeSearch::Position>& IncludeSearch::positions(const std::
 std::string IncludeSearch::similarPath(const std::string& directory, std::string_view path,
                                        const std::set<std::string>& extensions) {
   const std::string above = DirectoryOf(std::string(path));
-  std::vector<std::string> places = {path.front() == '/' ? "" : directory};
-  for (const std::size_t i : basesWith(above)) places.push_back(bases[i]);
   SimilarName name(path.substr(above.size()), extensions);
-  for (const std::string& place : places) {
-    const std::string searched = Joined(place, above);
-    const auto [known, isNew] = lists.try_emplace(searched);
-    if (isNew) known->second = tree.list(searched.empty() ? "." : searched);
-    for (const std::string& other : known->second) {
+  const std::string beside = Joined(directory, above);
+  const auto [known, isNew] = namesBeside.try_emplace(beside);
+  if (isNew) tree.list(beside.empty() ? "." : beside, known->second);
+  const std::vector<std::string>* const searched[] = {&known->second, &namesIn(above).list};
+  for (const std::vector<std::string>* const list : searched) {
+    compared += list->size();
+    if (compared > maxCompared) break;
+    for (const std::string& other : *list) {
       const std::string candidate = above + other;
       const bool isFound = name.mayBe(other) && CanBeIncluded(candidate) &&
                            find(directory, candidate).kind == ResultKind::Found;

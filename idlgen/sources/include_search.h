@@ -61,12 +61,21 @@ class IncludeSearch {
     std::string path;  ///< Empty, or with a '/' at its end.
   };
 
+  /// What stands in a directory below all base directories.
+  struct Names {
+    std::vector<std::string> list;
+    std::unordered_map<std::string, std::vector<std::size_t>> bases;  ///< That have the name.
+    std::vector<std::size_t> unlisted;  ///< Base directories that may have any name.
+  };
+
   Result search(const std::string& directory, const std::string& path);
   bool mayComeBefore(const Result& result, const std::string& directory, const std::string& path);
   bool hasHeader(const std::string& directory, const std::string& path);
   Result look(const std::string& directory, const std::string& path);
   const Entry& lookAtDirectory(const std::string& directory);
   const std::vector<std::size_t>& basesWith(const std::string& directory);
+  const Names& namesIn(const std::string& directory);
+  std::vector<std::size_t> basesWithFile(const std::string& path);
   const std::vector<Position>& positions(const std::string& directory);
 
   SourceTree& tree;
@@ -74,8 +83,10 @@ class IncludeSearch {
   std::vector<FileId> baseIds;
   std::unordered_map<std::string, Result> results;  ///< By the directory, a zero byte and the path.
   std::unordered_map<std::string, Entry> directories;  ///< What stands at these paths.
-  std::unordered_map<std::string, std::vector<std::string>> lists;
+  std::unordered_map<std::string, std::vector<std::string>> namesBeside;
+  std::size_t compared = 0;  ///< The number of names that were compared with missing ones.
   std::unordered_map<std::string, std::vector<std::size_t>> basesOf;  ///< That have a directory.
+  std::unordered_map<std::string, Names> namesOf;
   std::unordered_map<std::string, std::vector<Position>> positionsOf;
 };
 

@@ -44,15 +44,15 @@ Entry DiskTree::read(const std::string& path, std::string& text) {
   return entry;
 }
 
-std::vector<std::string> DiskTree::list(const std::string& directory) {
-  std::vector<std::string> names;
+std::error_code DiskTree::list(const std::string& directory, std::vector<std::string>& names) {
+  names.clear();
   std::error_code error;
   std::filesystem::directory_iterator entry(directory, error);
   for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
     names.push_back(entry->path().filename().string());
   }
   std::sort(names.begin(), names.end());
-  return names;
+  return error;
 }
 
 }  // namespace zentho::idlgen

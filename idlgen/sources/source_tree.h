@@ -38,8 +38,8 @@ class SourceTree {
   /// nothing is read.
   virtual Entry read(const std::string& path, std::string& text) = 0;
 
-  /// Returns the names in a directory, in alphabetical order. Errors are not reported.
-  virtual std::vector<std::string> list(const std::string& directory) = 0;
+  /// Gives the names in a directory, in alphabetical order. After an error, some may be missing.
+  virtual std::error_code list(const std::string& directory, std::vector<std::string>& names) = 0;
 };
 
 /// The files on disk.
@@ -47,7 +47,7 @@ class DiskTree final : public SourceTree {
  public:
   Entry look(const std::string& path) override;
   Entry read(const std::string& path, std::string& text) override;
-  std::vector<std::string> list(const std::string& directory) override;
+  std::error_code list(const std::string& directory, std::vector<std::string>& names) override;
 };
 
 }  // namespace zentho::idlgen
