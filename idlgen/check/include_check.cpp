@@ -31,15 +31,17 @@ Misfit MisfitOf(const Declaration& first, const Declaration& second) {
 std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
   const Declaration* record = nullptr;
   const Declaration* item = nullptr;
-  for (const Declaration* const next : *clash.chain) {
-    if (next->file == &view.user() || !view.has(next->file)) continue;
-    const Declaration*& first = next->isItem() ? item : record;
-    if (first == nullptr) {
-      first = next;
-    } else if (first->file != next->file) {
-      return MisfitOf(*first, *next);
-    }
-  }
+  const Declaration* first = nullptr;
+  const auto isSecond = [&](const Declaration& next) {
+    if (next.file == &view.user()) return false;
+    const Declaration*& known = next.isItem() ? item : record;
+    first = known == nullptr ? &next : known;
+    if (known == nullptr) known = &next;
+    return first->file != next.file;
+  };
+  const Declaration* const second =
+      view.find(*clash.chain->front()->space, clash.chain->front()->name, isSecond);
+  if (second != nullptr) return MisfitOf(*first, *second);
   if (record != nullptr && item != nullptr && record->role == Role::MessageName &&
       record->file != item->file) {
     Misfit misfit = MisfitOf(*item, *record);

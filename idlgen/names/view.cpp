@@ -22,6 +22,7 @@ View::View(const Declarations& allDeclarations, const File& fileThatLooks)
 /// Sees the namespaces of a file, and puts the files that it includes on the list.
 void View::see(const File& other) {
   const DroppedWords& words = other.source->dropped;
+  seenCount += other.end - other.begin;
   mayMissAll = mayMissAll || !other.isComplete || other.hasOddName || words.mayDeclareAnything;
   if (!words.names.empty()) dropped.push_back(&words);
   for (const Namespace* const space : other.namespaces) seesNamespace[space->number] = 1;
@@ -31,6 +32,24 @@ void View::see(const File& other) {
     isSeen = 1;
     included.push_back(inclusion.file);
   }
+}
+
+/// Returns the declarations of a name, in their order, if many files that are not seen have it,
+/// too.
+std::vector<const Declaration*> View::seenOf(const Namespace& space, std::string_view name) const {
+  std::vector<std::size_t> indexes;
+  const auto append = [&](const File& seen) {
+    for (std::size_t i = seen.begin; i < seen.end; ++i) {
+      const Declaration& declaration = declarations.list()[i];
+      if (declaration.name == name && declaration.space == &space) indexes.push_back(i);
+    }
+  };
+  append(*file);
+  for (const File* const other : included) append(*other);
+  std::sort(indexes.begin(), indexes.end());
+  std::vector<const Declaration*> found;
+  for (const std::size_t i : indexes) found.push_back(&declarations.list()[i]);
+  return found;
 }
 
 bool View::mayMiss(std::string_view name) const {

@@ -43,22 +43,22 @@ class View {
   [[nodiscard]] const Declaration* find(const Namespace& space, std::string_view name,
                                         const Predicate& holds) const {
     const Chain& chain = space.chain(name);
-    if (!included.empty() || chain.size() <= file->end - file->begin) {
+    if (chain.size() <= seenCount) {
       for (const Declaration* const declaration : chain) {
         if (has(declaration->file) && holds(*declaration)) return declaration;
       }
       return nullptr;
     }
-    // Many files that are not seen declare the name.
-    for (std::size_t i = file->begin; i < file->end; ++i) {
-      const Declaration& own = declarations.list()[i];
-      if (own.name == name && own.space == &space && holds(own)) return &own;
+    for (const Declaration* const declaration : seenOf(space, name)) {
+      if (holds(*declaration)) return declaration;
     }
     return nullptr;
   }
 
  private:
   void see(const File& other);
+  [[nodiscard]] std::vector<const Declaration*> seenOf(const Namespace& space,
+                                                       std::string_view name) const;
 
   const Declarations& declarations;
   const File* file;
@@ -66,6 +66,7 @@ class View {
   bool mayMissAll = false;
   std::vector<const DroppedWords*> dropped;  ///< Of all files, unless there are none.
   std::vector<const File*> included;
+  std::size_t seenCount = 0;        ///< Of the declarations in all files.
   std::vector<char> sees;           ///< 1 for each file that is seen, by its number.
   std::vector<char> seesNamespace;  ///< The same for namespaces.
 };
