@@ -88,6 +88,7 @@ void Declarations::declare(Namespace& space, File& file, std::size_t word) {
   const std::string_view name = declaredName(file.words().text(word));
   const bool isItem = role == Role::ItemName;
   file.hasOddName = file.hasOddName || (name.empty() && !isItem);
+  if (name.empty() && isItem) file.source->dropped.names.insert(NameIn(file.words().text(word)));
   if (name.empty()) return;
   Chain& chain = space.chains[name];
   // Those of one file follow each other.
