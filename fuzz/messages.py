@@ -5,10 +5,10 @@ import re
 
 LIMIT = 20  # Errors and warnings about a file.
 MESSAGE = re.compile(
-    r"(?P<path>.+?):(?P<line>\d+):(?P<column>\d+): (?P<severity>error|warning|note): .+\n"
+    r"(?P<path>.+?):(?P<line>\d+):(?P<column>\d+): (?P<severity>error|warning|note): (?P<text>.+)\n"
     r"(?P<before> *(?P<number>\d+) \| ?)(?P<shown>.*)\n(?P<under> +\| *)\^~*\n")
 
-Message = collections.namedtuple("Message", "path line severity")
+Message = collections.namedtuple("Message", "path line severity text")
 
 
 def is_right(found, texts):
@@ -31,7 +31,8 @@ def read_messages(said, texts):
     """
     found = list(MESSAGE.finditer(said))
     faults = [f"place or excerpt: {match[0]!r}" for match in found if not is_right(match, texts)]
-    messages = [Message(os.path.normpath(match["path"]), int(match["line"]), match["severity"])
+    messages = [Message(os.path.normpath(match["path"]), int(match["line"]), match["severity"],
+                        match["text"])
                 for match in found if match["severity"] != "note"]
     others = MESSAGE.sub("", said).split("\n")[:-1]
     for path in texts:

@@ -13,7 +13,8 @@ WITH_ITEM = "{} {}|4 ({}) {}+1 -{} ~{} 2*{} {}<4 ({}&7)|1 {}|{} !{} ({})-1 ({})+
 NAMES = """pose route speed heading range_max battery_cycles stamp port level id index offset gear
     frame_id label topic joint_names payload grid status mode light battery_state imu camera_info
     image transform obstacle goal feedback wheel footprint track value""".split()
-ODD_NAMES = """größe 路径 Ωmega naïve µ x_ é std zentho serialize deserialize data buffer
+ODD_NAMES = """größe 路径 Ωmega θέση naïve µ скорость դուռ გზა דגל زاوية दूरी ทาง መንገድ かな 속도 ế
+    frame_of_x x_ é std zentho serialize deserialize data buffer
     request response message service include final override import module robot nav core""".split()
 COMMENTS = ["# note", "#", "#{ x: int8; } 'a", "// note", "// } ; message P {", "//x", "# \u3000"]
 

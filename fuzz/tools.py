@@ -1,4 +1,5 @@
 """Runs the programs and the compilers on the files of a directory."""
+import os
 import pathlib
 import shutil
 import subprocess
@@ -33,9 +34,14 @@ class Tools:
             (directory / path).parent.mkdir(parents=True, exist_ok=True)
             (directory / path).write_bytes(text.encode(errors="surrogateescape"))
 
-    def make_header(self, directory, path):
-        """Runs idlgen. Returns whether it succeeds."""
-        return run(directory, self.generator, "-f", path).returncode == 0
+    def make_header(self, directory, path, time=0):
+        """Runs idlgen. Returns whether it succeeds. g++ takes two headers of the same text and time
+        for one."""
+        is_made = run(directory, self.generator, "-f", path).returncode == 0
+        header = directory / pathlib.Path(path).with_suffix(".h")
+        if header.exists():
+            os.utime(header, (time, time))
+        return is_made
 
     def compile(self, directory, header, *flags):
         """Returns the first error of each compiler that rejects the header, by compiler."""
