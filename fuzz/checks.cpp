@@ -95,7 +95,7 @@ void checkTogether(const Files& files) {
   }
   sources.load(paths);
   Examination examination(sources);
-  for (const Sources::Named& named : sources.named()) {
+  for (const Sources::Input& named : sources.named()) {
     const SourceFile& file = *named.file;
     const bool isValid = !file.error.has_value();
     const Outcome outcome = reportOn(examination, *named.file, Warnings::Tell);

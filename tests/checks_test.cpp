@@ -87,7 +87,7 @@ Outcome Examine(const CheckCase& test) {
   sources.load(paths);
   Examination examination(sources);
   Outcome result{true, {}};
-  for (const Sources::Named& named : sources.named()) {
+  for (const Sources::Input& named : sources.named()) {
     const Outcome told = reportOn(examination, *named.file, Warnings::Tell);
     EXPECT_EQ(told.succeeded, !SaysError(test, named.path)) << named.path;
     result.succeeded = result.succeeded && told.succeeded;

@@ -12,7 +12,7 @@ namespace {
 
 using Texts = std::map<std::string, std::string>;
 
-/// Counts how often each path is read and each directory is listed.
+/// Counts how often each path is read and each directory is listed. Cannot read `broken.idl`.
 class CountingTree final : public SourceTree {
  public:
   explicit CountingTree(Texts texts) : files(std::move(texts)) {}
@@ -20,6 +20,8 @@ class CountingTree final : public SourceTree {
   Entry look(const std::string& path) override { return files.look(path); }
   Entry read(const std::string& path, std::string& text) override {
     ++reads[path];
+    const std::error_code error = std::make_error_code(std::errc::io_error);
+    if (path == "broken.idl") return {Entry::Kind::Unreadable, files.look(path).id, error};
     return files.read(path, text);
   }
   std::error_code list(const std::string& directory, std::vector<std::string>& names) override {
@@ -109,24 +111,29 @@ TEST(Sources, ReadsEachFileOnceAndTheNamedFilesFirst) {
   CountingTree tree({{"a.idl", "include \"c.idl\" include \"b.idl\" include \"./c.idl\""},
                      {"b.idl", "include \"a.idl\" include \"d/../c.idl\""},
                      {"c.idl", "message"},
-                     {"d/e.idl", ""}});
+                     {"d/e.idl", "include \"../broken.idl\""},
+                     {"broken.idl", ""}});
   Sources sources(tree, {"."});
-  sources.load({"a.idl", "none.idl", "d", "b.idl", "./a.idl"});
+  sources.load({"a.idl", "none.idl", "d", "broken.idl", "b.idl", "./a.idl", "d/e.idl"});
 
   std::vector<std::string> named;
-  for (const Sources::Named& file : sources.named()) named.push_back(file.path + ":" + file.reason);
-  EXPECT_EQ(named, (std::vector<std::string>{"a.idl:", "none.idl:No such file or directory",
-                                             "d:is not a regular file", "b.idl:"}));
-  ASSERT_EQ(sources.files().size(), 3U);
+  for (const Sources::Input& file : sources.named()) named.push_back(file.path + ":" + file.reason);
+  EXPECT_EQ(named, (std::vector<std::string>{
+                       "a.idl:", "none.idl:No such file or directory", "d:is not a regular file",
+                       "broken.idl:Input/output error", "b.idl:", "d/e.idl:"}));
+  ASSERT_EQ(sources.files().size(), 4U);
   EXPECT_EQ(sources.files()[1].path, "b.idl");
-  EXPECT_EQ(sources.files()[2].path, "c.idl");
-  EXPECT_TRUE(sources.files()[2].error.has_value());
+  EXPECT_EQ(sources.files()[3].path, "c.idl");
+  EXPECT_TRUE(sources.files()[3].error.has_value());
+  EXPECT_EQ(FirstInclude(sources, 2), "not found: Input/output error");
   std::vector<std::string> includes;
   for (const Include& include : IncludesOf(sources.files()[0])) {
     includes.push_back(include.file->path);
   }
   EXPECT_EQ(includes, (std::vector<std::string>{"c.idl", "b.idl", "c.idl"}));
-  EXPECT_EQ(tree.reads, (std::map<std::string, int>{{"a.idl", 1}, {"b.idl", 1}, {"c.idl", 1}}));
+  EXPECT_EQ(tree.reads,
+            (std::map<std::string, int>{
+                {"a.idl", 1}, {"b.idl", 1}, {"broken.idl", 1}, {"c.idl", 1}, {"d/e.idl", 1}}));
   EXPECT_EQ(tree.lists, (std::map<std::string, int>{}));
 }
 

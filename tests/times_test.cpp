@@ -22,7 +22,7 @@ std::string Messages(const Texts& texts) {
   sources.load(paths);
   Examination examination(sources);
   std::string messages;
-  for (const Sources::Named& named : sources.named()) {
+  for (const Sources::Input& named : sources.named()) {
     messages += reportOn(examination, *named.file, Warnings::Tell).messages;
   }
   return messages;

@@ -40,7 +40,7 @@ class Run {
     const bool isTold = sources.hasMissing() && request.warnings != Warnings::Ignore;
     if (isTold) result.messages = directoryErrors(true);
     Examination examination(sources);
-    for (const Sources::Named& named : sources.named()) {
+    for (const Sources::Input& named : sources.named()) {
       append(examineNamed(examination, named), result);
     }
     if (result.succeeded) append(writeOutputs(), result);
@@ -87,7 +87,7 @@ class Run {
     return messages;
   }
 
-  Outcome examineNamed(Examination& examination, const Sources::Named& named) const {
+  Outcome examineNamed(Examination& examination, const Sources::Input& named) const {
     if (named.file == nullptr) return {false, ErrorLine(named.path, named.reason)};
     return reportOn(examination, *named.file, request.warnings);
   }

@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -34,7 +33,7 @@ struct Include {
 
   Kind kind = Kind::Other;     ///< Of another one, nobody says anything: of a header, for example.
   SourceFile* file = nullptr;  ///< The file that was found.
-  std::error_code error = {};  ///< Why it cannot be read.
+  std::string reason = {};     ///< Why it cannot be read.
   std::vector<MissingInclude> missing = {};  ///< What is told here.
 };
 

@@ -8,6 +8,14 @@
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
+namespace {
+
+/// Returns why nothing can be read there.
+std::string ReasonOf(const Entry& entry) {
+  return entry.error ? entry.error.message() : "is not a regular file";
+}
+
+}  // namespace
 
 Sources::Sources(SourceTree& sourceTree, std::vector<std::string> directories)
     : tree(sourceTree), search(sourceTree, std::move(directories)) {}
@@ -26,44 +34,46 @@ void Sources::load(const std::vector<std::string>& paths) {
     filesByName[name].push_back(&file);
     if (name.find('.') != std::string::npos) extensions.insert(name.substr(name.rfind('.')));
   }
-  std::map<Place, const SourceFile*> filesByHeader;
+  std::map<Location, const SourceFile*> filesByHeader;
   for (std::size_t i = 0; i < namedCount; ++i) {
     tellMissing(sources[i], names);
     const std::string header = sources[i].path.substr(0, sources[i].path.rfind('.'));
-    const auto [first, isNew] = filesByHeader.emplace(placeOf(header), &sources[i]);
+    const auto [first, isNew] = filesByHeader.emplace(locationOf(header), &sources[i]);
     if (!isNew) sources[i].rival = first->second->path;
   }
 }
 
-Sources::Place Sources::placeOf(const std::string& path) {
+Sources::Location Sources::locationOf(const std::string& path) {
   const std::string directory = DirectoryOf(path);
   return {tree.look(directory.empty() ? "." : directory).id, path.substr(directory.size())};
 }
 
 void Sources::loadNamed(const std::string& path) {
-  Entry entry = tree.look(path);
-  if (entry.kind == Entry::Kind::File) {
-    const Place place = placeOf(path);
-    if (!filesByPlace.emplace(place, nullptr).second) return;
-    entry = read(path, place);
+  const Entry entry = tree.look(path);
+  if (entry.kind != Entry::Kind::File) {
+    namedFiles.push_back({path, nullptr, ReasonOf(entry)});
+    return;
   }
-  if (entry.kind == Entry::Kind::File) {
-    namedFiles.push_back({path, &sources.back()});
-  } else {
-    namedFiles.push_back(
-        {path, nullptr, entry.error ? entry.error.message() : "is not a regular file"});
-  }
+  const auto [input, isNew] = read(path);
+  if (isNew) namedFiles.push_back(*input);
 }
 
-/// Reads a file that `look` has found, and appends it if there is no error.
-Entry Sources::read(const std::string& path, const Place& place) {
-  std::string text;
-  Entry entry = tree.read(path, text);
-  ids.insert(entry.id);
-  if (entry.kind == Entry::Kind::File) {
-    filesByPlace[place] = &sources.emplace_back(ParseSource(path, std::move(text)));
+/// Reads the file that `look` has found at a path, unless that has been tried by any path. Returns
+/// what came of it, and whether it is new.
+std::pair<const Sources::Input*, bool> Sources::read(const std::string& path) {
+  const auto [known, isNew] = inputs.try_emplace(locationOf(path), Input{path});
+  Input& input = known->second;
+  if (isNew) {
+    std::string text;
+    const Entry entry = tree.read(path, text);
+    ids.insert(entry.id);
+    if (entry.kind == Entry::Kind::File) {
+      input.file = &sources.emplace_back(ParseSource(path, std::move(text)));
+    } else {
+      input.reason = ReasonOf(entry);
+    }
   }
-  return entry;
+  return {&input, isNew};
 }
 
 void Sources::findIncludes(SourceFile& file) {
@@ -84,14 +94,12 @@ Include Sources::find(const std::string& directory, std::string_view word) {
   if (path.empty() || isHeader) return {};
   const IncludeSearch::Result& result = search.find(directory, path);
   if (result.kind == Kind::Missing) return {Include::Kind::Missing};
-  if (result.kind == Kind::Unreadable) return {Include::Kind::Unreadable, nullptr, result.error};
+  if (result.kind == Kind::Unreadable)
+    return {Include::Kind::Unreadable, nullptr, result.error.message()};
   if (result.kind != Kind::Found) return {};
-  const Place place = placeOf(result.path);
-  const auto [known, isNew] = filesByPlace.emplace(place, nullptr);
-  std::error_code error;
-  if (isNew) error = read(result.path, place).error;
-  if (known->second == nullptr) return {Include::Kind::Unreadable, nullptr, error};
-  return {Include::Kind::Found, known->second};
+  const Input& input = *read(result.path).first;
+  const bool isRead = input.file != nullptr;
+  return {isRead ? Include::Kind::Found : Include::Kind::Unreadable, input.file, input.reason};
 }
 
 /// Notes at the includes of a named file which ones are not found: its own, and those of files that
@@ -135,7 +143,7 @@ void Sources::tellMissing(const SourceFile& file, std::string_view word, const I
   }
   std::string shown(word);
   if (!bringing.empty()) shown += ", which " + Quoted(bringing) + " includes,";
-  std::string reason = isUnreadable    ? include.error.message()
+  std::string reason = isUnreadable    ? include.reason
                        : above.empty() ? advice(file, path)
                                        : "it is in " + Quoted(above) + ", which is not searched";
   at.missing.push_back({std::move(shown), std::move(reason), isUnreadable});

@@ -24,8 +24,8 @@ class Sources {
   /// `directories` are searched for included files, in this order.
   Sources(SourceTree& sourceTree, std::vector<std::string> directories);
 
-  /// A file that the run names, or why it cannot be read.
-  struct Named {
+  /// A file that the run reads, or why it cannot be read.
+  struct Input {
     std::string path;
     SourceFile* file = nullptr;
     std::string reason = {};
@@ -35,7 +35,7 @@ class Sources {
   void load(const std::vector<std::string>& paths);
 
   /// Returns the named files in their order. A file that is named again is left out.
-  [[nodiscard]] const std::vector<Named>& named() const { return namedFiles; }
+  [[nodiscard]] const std::vector<Input>& named() const { return namedFiles; }
 
   /// Returns all files: the named ones first.
   [[nodiscard]] std::deque<SourceFile>& files() { return sources; }
@@ -51,11 +51,11 @@ class Sources {
   std::string includePath(const SourceFile& from, const SourceFile& to);
 
  private:
-  using Place = std::pair<FileId, std::string>;  ///< The directory, and the name there.
+  using Location = std::pair<FileId, std::string>;  ///< The directory, and the name there.
 
-  [[nodiscard]] Place placeOf(const std::string& path);
+  [[nodiscard]] Location locationOf(const std::string& path);
   void loadNamed(const std::string& path);
-  Entry read(const std::string& path, const Place& place);
+  std::pair<const Input*, bool> read(const std::string& path);
   void findIncludes(SourceFile& file);
   Include find(const std::string& directory, std::string_view word);
   void tellMissing(SourceFile& file, const std::unordered_set<const SourceFile*>& named);
@@ -65,9 +65,9 @@ class Sources {
 
   SourceTree& tree;
   IncludeSearch search;
-  std::vector<Named> namedFiles;
+  std::vector<Input> namedFiles;
   std::deque<SourceFile> sources;
-  std::map<Place, SourceFile*> filesByPlace;  ///< nullptr for those that cannot be read.
+  std::map<Location, Input> inputs;
   std::set<FileId> ids;
   std::unordered_set<const SourceFile*> told;  ///< Files that are not named, whose includes are.
   /// Where each path, or directory that is not searched, is told: at an include, and which one.
