@@ -31,6 +31,10 @@ std::string DirectoryOf(const std::string& path) {
   return path.substr(0, path.rfind('/') + 1);
 }
 
+std::string FileName(std::string_view path) {
+  return std::string(path.substr(path.rfind('/') + 1));
+}
+
 std::error_code Descriptor::close() {
   if (value < 0) return {};
   const int result = ::close(value);

@@ -16,6 +16,9 @@ namespace zentho::idlgen {
 /// Returns the directory of a path, with a '/' at its end, or nothing for the current directory.
 std::string DirectoryOf(const std::string& path);
 
+/// Returns what follows the directory of a path.
+std::string FileName(std::string_view path);
+
 /// Owns a file descriptor, which is negative if the file could not be opened.
 class Descriptor {
  public:

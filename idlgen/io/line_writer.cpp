@@ -14,7 +14,7 @@ void appendLine(std::string& text, std::initializer_list<std::string_view> piece
 }  // namespace
 
 FileLineWriter::FileLineWriter(const std::string& path)
-    : FileLineWriter(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {}
+    : FileLineWriter(openFile(path, O_WRONLY | O_CREAT | O_TRUNC)) {}
 
 void FileLineWriter::writeLine(std::initializer_list<std::string_view> pieces) {
   if (failed) return;

@@ -13,7 +13,7 @@ namespace {
 
 /// Returns why no file can be created at a path where there is none.
 std::error_code PathError(const std::string& path) {
-  const std::string name = path.substr(path.rfind('/') + 1);
+  const std::string name = FileName(path);
   if (path.empty()) return std::make_error_code(std::errc::no_such_file_or_directory);
   if (name.empty() || name == "." || name == "..") {
     return std::make_error_code(std::errc::is_a_directory);
