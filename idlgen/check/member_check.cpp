@@ -119,14 +119,14 @@ const Rule* MemberCheck::ruleForTemplateName(std::string_view name) const {
 
 /// Checks that no part of a path is a keyword.
 bool MemberCheck::checkParts(std::size_t i, std::string_view type) {
-  for (const std::string_view part : Components(type)) {
+  const std::vector<std::string_view> parts = Components(type);
+  const auto wrong = std::find_if(parts.begin(), parts.end(), [](std::string_view part) {
     const Keyword keyword = FindKeyword(part);
-    if (keyword != Keyword::None && keyword != Keyword::Cpp20) {
-      context.report(rules::keywordAsType, i, part);
-      return false;
-    }
-  }
-  return true;
+    return keyword != Keyword::None && keyword != Keyword::Cpp20;
+  });
+  if (wrong == parts.end()) return true;
+  context.report(rules::keywordAsType, i, *wrong);
+  return false;
 }
 
 /// Checks a type that is a path of names. In `S.Request`, it is the service S that is used, so that
