@@ -226,7 +226,7 @@ Fix AtPart(const Unexpected& at) {
 Fix AtName(const Unexpected& at) {
   if (at.text == "{") return at.insert(rules::missingName, {InventedName(at.word)});
   const Rule& rule = FormRule(at.words.role(at.word));
-  return at.isClosing() ? Drop(at.finding(rule), {at.word - 1, at.word}) : at.dropRest(rule);
+  return Drop(at.finding(rule), {at.word - 1, at.isClosing() ? at.word : at.rest().end});
 }
 
 }  // namespace
