@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "words/foreign_words.h"
 #include "words/printable.h"
 
 namespace zentho::idlgen {
@@ -89,6 +90,14 @@ Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
     notes.push_back(MessageAt(*other, word, Sentence(rule.note, "", "", other->words.text(word))));
   }
   std::string sentence = Sentence(rule.sentence, finding.text, finding.advice, record);
+  locate(file);
+  const bool isInList = IsInList(file.words.role(finding.word));
+  const std::string meant = isInList ? MeantLine(file.words, finding.word) : std::string();
+  if (!meant.empty() && sentence.back() != '?') {
+    sentence.resize(std::min(sentence.find(", as in "), sentence.size()));
+    const bool hasAdvice = sentence.find(": ") != std::string::npos;
+    sentence += (hasAdvice ? ", as in " : ": write ") + Quoted(meant);
+  }
   return {rule.severity, MessageAt(file, finding.word, std::move(sentence)), std::move(notes)};
 }
 

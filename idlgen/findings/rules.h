@@ -44,6 +44,8 @@ inline constexpr Rule notAStatement{error, R"("%" is not a statement)"};
 inline constexpr Rule unknownStatement{
     error,
     R"("%" is not a statement: a statement begins with include, namespace, enum, message or service)"};
+inline constexpr Rule membersOutside{
+    error, R"("%" is not a statement: members stand in a message, as in "message M { x: int8 }")"};
 inline constexpr Rule afterIncludePath{
     error, R"("%" is not a statement: a path is one word, without spaces)"};
 inline constexpr Rule afterNamespace{error, R"("%" is not a statement: a namespace is one word)"};
@@ -93,8 +95,10 @@ inline constexpr Rule extraWordOfType{
     error, R"("%" is a word too many: a member is a name and one word for the type)"};
 inline constexpr Rule extraWordOfValue{
     error, R"("%" is a word too many: an item is a name and one word for the value)"};
-inline constexpr Rule colonsInType{error, R"("%::" is not a type)"};
-inline constexpr Rule colonsInValue{error, R"("%::" is not a value)"};
+inline constexpr Rule colonsInType{
+    error, R"("%::" is not a type: write a dot between names, as in "a.B")"};
+inline constexpr Rule colonsInValue{
+    error, R"("%::" is not a value: write only the name of an item above)"};
 
 // Names.
 inline constexpr Rule keywordAsName{

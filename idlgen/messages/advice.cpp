@@ -4,8 +4,6 @@
 #include <string_view>
 
 #include "recovery/symptoms.h"
-#include "schema/builtin_types.h"
-#include "words/cpp_words.h"
 #include "words/foreign_words.h"
 #include "words/printable.h"
 #include "words/word_forms.h"
@@ -27,14 +25,8 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
 std::string TypeAdvice(std::string_view type, std::size_t word, const Words& words) {
   const std::string_view name = words.text(word - 1);
   const TypeNames declared = DeclaredTypes(words);
-  const std::string_view foreign = TypeFor(name);
-  const bool isType = FindBuiltinType(name) != nullptr || FindKeyword(name) == Keyword::Type ||
-                      declared.count(name) > 0 || !foreign.empty();
-  if (isType) {
-    const std::string_view meant = foreign.empty() ? name : foreign;
-    return "put the name first, as in " + Quoted(std::string(type) + ": " + std::string(meant));
-  }
-  return MissingPart(type, words, declared);
+  const bool isType = LooksLikeType(name) || !TypeFor(name).empty() || declared.count(name) > 0;
+  return isType ? R"(put the name first, as in "x: int8")" : MissingPart(type, words, declared);
 }
 
 /// Returns what to do about a type that is not declared, or nothing.

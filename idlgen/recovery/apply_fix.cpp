@@ -18,7 +18,7 @@ void replace(std::vector<T>& list, WordRange range, const std::vector<T>& values
 
 /// Keeps the names in a word that is not read.
 void rememberNamesIn(std::string_view word, bool isWholeLine, DroppedWords& dropped) {
-  const Statement keyword = FindStatement(SimilarKeyword(word));
+  const Statement keyword = FindStatement(SimilarKeyword(NameIn(word)));
   if (isWholeLine && (keyword == Statement::Include || keyword == Statement::Namespace)) {
     dropped.mayDeclareAnything = true;
   }

@@ -5,7 +5,6 @@
 #include "recovery/separators.h"
 #include "recovery/symptoms.h"
 #include "words/characters.h"
-#include "words/printable.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -93,61 +92,26 @@ Fix WithoutSymptom(const LocatedWords& words, Finding finding, WordRange range) 
   return Replace(std::move(finding), range, WithoutOddCharacters(words, range));
 }
 
-/// Returns the C++ name that begins the text, with template arguments but without blanks.
-std::string CppName(std::string_view text) {
-  std::string name;
-  std::size_t open = 0;
-  for (const char letter : text) {
-    if (open == 0 && std::string_view(" ;,(){}\t\r").find(letter) != std::string_view::npos) break;
-    if (letter == '<') ++open;
-    if (letter == '>' && open > 0) --open;
-    if (letter != ' ') name += letter;
-  }
-  return open == 0 ? name : name.substr(0, name.find_first_of(";,)}\t\r"));
-}
-
-/// Returns a C++ name with dots in place of "::", and without the namespace of strings.
-std::string WithDots(std::string_view name) {
-  std::string path;
-  for (const char letter : name) {
-    if (letter != ':') path += letter;
-    if (letter == ':' && (path.empty() || path.back() != '.')) path += '.';
-  }
-  return path == "std.string" ? "string" : path;
-}
-
-/// Returns how to write the C++ name with "::" that begins with this word.
-std::string ColonsAdvice(const LocatedWords& words, std::size_t i, Role role) {
-  const Place& place = words.places[i];
-  const std::string_view text = place.code.substr(place.offset);
-  if (role == Role::ItemValue) {
-    std::string_view item = text.substr(0, text.find_first_of(" ;,})\t\r"));
-    item = item.substr(item.rfind(':') + 1);
-    return DeclaresItem(words, item) ? "write only the item: " + Quoted(item) : std::string();
-  }
-  const std::string name = CppName(text);
-  constexpr std::string_view vector = "std::vector<";
-  if (name.compare(0, vector.size(), vector) == 0 && name.back() == '>') {
-    const std::size_t size = name.size() - vector.size() - 1;
-    return "write " + Quoted("[" + WithDots(name.substr(vector.size(), size)) + "]");
-  }
-  const std::string path = WithDots(name);
-  if (path.empty()) return {};  // A brace stands before it.
-  return (path == "string" ? "write " : "write dots: ") + Quoted(path);
-}
-
 }  // namespace
 
 std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
   const std::vector<MeantWord> meant = WithRoles(words, range);
   if (std::optional<Finding> finding = FindSymptom(SymptomKind::Characters, meant)) {
+    const std::size_t next = finding->word + 1;
+    std::string_view text = finding->text;
+    const bool isBeforeEnd = next < words.size() && words.text(next).front() == '}';
+    if (text.back() == '}' && isBeforeEnd && OpenBraces(words) < 0) {
+      finding->advice = R"(one "}" is too many)";
+      text.remove_suffix(1);
+      return Replace(*std::move(finding), {next - 1, next}, {std::string(text)});
+    }
     return WithoutSymptom(words, *std::move(finding), range);
   }
   if (!IsInList(meant.front().role)) return std::nullopt;
   for (const auto& [i, text, role] : meant) {
     if (!IsJoinedByColons(words, i)) continue;
     const Rule& rule = role == Role::ItemValue ? rules::colonsInValue : rules::colonsInType;
-    return Drop(FindingAt(rule, words, i, ColonsAdvice(words, i, role)), range);
+    return Drop(FindingAt(rule, words, i), range);
   }
   return std::nullopt;
 }

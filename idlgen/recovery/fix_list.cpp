@@ -39,8 +39,10 @@ Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
     const std::size_t keyword = last - 1;
     Finding finding = FindingAt(rules::missingEnd, words, keyword);
     const bool hasOwnEnd = OpenBraces(words) <= 0;  // It is nested.
+    // Otherwise the beginning of this list may be missing, too.
     return hasOwnEnd ? Drop(std::move(finding), block)
-                     : Insert(std::move(finding), keyword, MissingBraces(words, keyword));
+                     : Insert(std::move(finding), keyword, MissingBraces(words, keyword),
+                              CausesOfMissingBrace(words));
   }
   if (before >= 1 && list.isRequest() && words.text(last) == "response") {
     return Insert(FindingAt(rules::missingClosing, words, last), last, {"}"});

@@ -77,11 +77,18 @@ std::string InventedName(std::size_t word) {
 
 /// Returns whether a list that begins with this word has an end before other braces.
 bool IsListClosed(const Words& words, std::size_t i) {
-  while (i < words.size() && BraceOf(words.text(i)) == '\0' &&
-         FindStatement(words.text(i)) == Statement::None) {
-    ++i;
-  }
-  return i < words.size() && BraceOf(words.text(i)) == '}';
+  const bool isOther = FindStatement(words.text(i)) != Statement::None;
+  while (i < words.size() && BraceOf(words.text(i)) == '\0') ++i;
+  return !isOther && i < words.size() && BraceOf(words.text(i)) == '}';
+}
+
+/// Returns whether the word begins a line with a member.
+bool BeginsMember(const Unexpected& at) {
+  const bool isPair = IsBeforeColon(at.words, at.word) && at.lineEnd == at.word + 2;
+  const bool isType = LooksLikeType(at.text) || !TypeFor(at.text).empty() ||
+                      at.text.find('/') != std::string_view::npos;
+  return (isPair && IsTypeForm(at.words.text(at.lineEnd - 1))) ||
+         ((isPair || isType) && !MeantLine(at.words, at.word).empty());
 }
 
 /// Returns whether the keyword begins a declaration, which the words after this brace fit.
@@ -145,15 +152,21 @@ Fix AtStatement(const Unexpected& at) {
   if (at.isClosing()) return at.drop(rules::unopened);
   if (at.text == "{") return at.drop(rules::unknownStatement);
   if (auto form = FixForm(at.words, {at.word, at.word + 1}, at.rest())) return *std::move(form);
+  if (BeginsMember(at)) {
+    return at.insert(rules::membersOutside, {"message", InventedName(at.word), "{"});
+  }
   const std::size_t brace = OpeningBrace(at.words, at.word);
   if (Texts declaration = LaterDeclaration(at, brace); !declaration.empty()) {
     return Replace(at.finding(rules::unknownStatement), {at.word, brace}, std::move(declaration));
   }
   const std::string_view keyword = SimilarKeyword(at.text);
   if (keyword.empty()) return at.dropRest(rules::unknownStatement);
+  std::string advice = DidYouMean(keyword);
+  const bool hasSemicolon = at.words.text(at.lineEnd - 1).back() == ';';
+  if (hasSemicolon) advice.insert(advice.size() - 1, R"(, without the ";")");
   return FitsLine(keyword, at, brace)
-             ? at.replace(rules::notAStatement, {std::string(keyword)}, DidYouMean(keyword))
-             : at.dropRest(rules::notAStatement, DidYouMean(keyword));
+             ? at.replace(rules::notAStatement, {std::string(keyword)}, std::move(advice))
+             : at.dropRest(rules::notAStatement, std::move(advice));
 }
 
 /// A word between a name and its brace, which stands on the same line or below.
@@ -176,8 +189,10 @@ Fix AtOpening(const Unexpected& at) {
   const bool isAfterPart = at.roleBefore == Role::Part;
   if (!at.isOnLineOfWordBefore()) {
     const bool isService = at.roleBefore == Role::ServiceName && at.text == "request";
-    const bool hasList = isAfterPart || isService || IsListClosed(at.words, at.word);
+    const bool isClosed = IsListClosed(at.words, at.word);
+    const bool hasList = isAfterPart || isService || isClosed || BeginsMember(at);
     Finding finding = FindingAt(rules::missingOpening, at.words, name);
+    if (hasList && !isClosed && !isService) finding.advice = "members stand in braces";
     return hasList ? Insert(std::move(finding), at.word, {"{"})
                    : Drop(std::move(finding), {name - 1, at.word});
   }
@@ -191,7 +206,9 @@ Fix AtOpening(const Unexpected& at) {
 
 /// A word in place of the "}" after a service.
 Fix AtClosing(const Unexpected& at) {
-  if (at.beginsStatement()) return at.insert(rules::missingClosing, {"}"});
+  if (at.beginsStatement()) {
+    return at.insert(rules::missingClosing, {"}"}, CausesOfMissingBrace(at.words));
+  }
   if (at.isClosing()) {
     return at.replace(rules::notAnEnd, {"}"},
                       SymptomOf(at.words, at.finding(rules::notAnEnd)).advice);
@@ -217,8 +234,11 @@ Fix AtPart(const Unexpected& at) {
     return at.insert(missing, std::move(rest), at.statement());
   }
   if (at.text == "response") return at.insert(rules::responseFirst, {part, "{", "}"});
-  if (at.beginsStatement()) return at.insert(rules::missingClosing, std::move(rest));
+  if (at.beginsStatement()) {
+    return at.insert(rules::missingClosing, std::move(rest), CausesOfMissingBrace(at.words));
+  }
   const bool isSimilar = SimilarWord(at.text).compare(part);
+  if (!isSimilar && BeginsMember(at)) return at.insert(missing, {part, "{"});
   return isSimilar ? at.replace(misspelt, {part}, DidYouMean(part)) : at.dropRest(missing);
 }
 

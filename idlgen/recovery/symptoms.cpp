@@ -106,14 +106,6 @@ bool IsNumberAfter(std::string_view word, std::string_view text) {
   return Begins(word, text) && IsNumber(word.substr(text.size()));
 }
 
-/// Returns whether the word is a template, whose name is one of those that have spaces around them.
-bool IsTemplateOf(std::string_view word, std::string_view templates) {
-  const std::size_t begin = std::min(word.find_first_not_of('['), word.size());
-  const std::string_view name = word.substr(begin, word.find('<') - begin);
-  const std::string last = " " + std::string(name.substr(name.rfind('.') + 1)) + " ";
-  return Has(word, "<") && Has(templates, last);
-}
-
 /// Returns whether a number in brackets follows a name, or stands alone.
 bool HasFixedSize(std::string_view word, std::string_view beforeNumber) {
   const std::size_t closing = word.rfind(']');
@@ -127,31 +119,12 @@ bool HasComma(std::string_view word, std::string_view comma) {
   return Ends(word, comma) || (Has(word, comma) && !Has(word, "<"));
 }
 
-std::ptrdiff_t OpenBrackets(std::string_view word) {
-  return std::count(word.begin(), word.end(), '[') - std::count(word.begin(), word.end(), ']');
-}
-
-bool LacksClosing(std::string_view word, std::string_view opening) {
-  return Begins(word, opening) && OpenBrackets(word) > 0;
-}
-
-bool IsUnbalanced(std::string_view word, std::string_view /*text*/) {
-  return OpenBrackets(word) != 0;
-}
-
-bool HasBracketsInside(std::string_view word, std::string_view opening) {
-  return Has(word, opening) && !ElementType(word).has_value();
-}
-
 constexpr std::string_view hashComments = R"(comments start with "#")";
 constexpr std::string_view noDefault = "there are no default values or field numbers";
 constexpr std::string_view noFieldNumbers = "there are no field numbers";
 constexpr std::string_view valueColon = R"(write a colon, as in "A: 1")";
 constexpr std::string_view memberColon = R"(write a colon, as in "x: int8")";
 constexpr std::string_view nameFirst = R"(put the name first, as in "x: int8")";
-constexpr std::string_view oneWordType = R"(a type is one word, as in "[int8]")";
-constexpr std::string_view noElements = R"(the type of the elements is missing, as in "[int8]")";
-constexpr std::string_view bracketsAround = R"(the brackets are around the type, as in "[int8]")";
 constexpr std::string_view oneWordValue = "write the value as one word, without spaces";
 
 constexpr SymptomKind sign = SymptomKind::Characters;
@@ -172,6 +145,7 @@ constexpr auto rows = Table<SymptomRow>({
     {sign, all, IsGluedToClosing, "", R"(put spaces around "}")"},
 
     // Equals signs, and parentheses around them.
+    {form, members | types, Has, "<=", "there are no bounds"},
     {form, types, Has, "(", R"(it contains "(")"},
     {form, items, Has, "=", valueColon},
     {form, values, Is, "=", valueColon},
@@ -184,23 +158,29 @@ constexpr auto rows = Table<SymptomRow>({
     {form, members, IsTypeFirst, "", nameFirst},
     {form, names | types, IsNumberAfter, "@", noFieldNumbers},
     {form, types, IsTemplateOf, " map unordered_map Map HashMap ", "there are no maps"},
-    {form, types, IsTemplateOf, " vector list sequence ", R"(vectors are written as "[int8]")"},
+    {form, types, Begins, "map[", "there are no maps"},
+    {form, types, IsTemplateOf, vectorTemplates, R"(vectors have brackets, as in "[int8]")"},
+    {form, types, IsTemplateOf, optionalTemplates, "there are no optional members"},
+    {form, members | types, Ends, "?", "there are no optional members"},
     {form, names | types, HasFixedSize, "[,;", "there are no arrays of a fixed size"},
     {form, all & ~paths, Has, ";", R"(delete the ";")"},
     {form, paths, Ends, ";", R"(delete the ";")"},
+    {form, all, Is, "---", "a request and a response stand in braces"},
+    {form, statements, Begins, "include(", R"(write include "dir/file.idl")"},
+    {form, items, Has, ",", R"(each item needs a value and no ",", as in "A: 0")"},
     {form, all & ~paths, HasComma, ",", R"(delete the ",")"},
+    {form, paths, Ends, ",", R"(delete the ",")"},
+    {form, paths, Has, "(", "delete the parentheses"},
     {form, statements | names, Begins, "@", "there are no annotations"},
-    {form, names | types, Is, "[", oneWordType},
-    {form, names | types, Is, "]", oneWordType},
-    {form, types, HasOnly, "[]", noElements},
-    {form, types, LacksClosing, "[", R"(a "]" is missing at its end)"},
-    {form, types, IsUnbalanced, "", "count the brackets"},
-    {form, names, Has, "[", bracketsAround},
-    {form, types, HasBracketsInside, "[", bracketsAround},
+    {form, names | types, HasOneOf, "[]", R"(the brackets are around the type, as in "[int8]")"},
     {form, names | types, Has, R"(")", "write it without quotes"},
     {form, types, HasOneOf, "*&", "there are no pointers and references"},
     {form, types | dottedNames, Has, "/", "write a dot between names"},
+    {form, items, IsNumberAfter, "", "the name comes first"},
     {form, items, HasOnly, "+-*/%&|^<>!~?", oneWordValue},
+    {form, members | types, Is, "-", R"(delete the "-")"},
+    {form, members, Has, "/", nameFirst},
+    {form, items, Has, "(", valueColon},
     {form, names, Has, "-", R"(write "_" instead of "-")"},
     {form, names & ~dottedNames, Has, ".", "names contain no dots"},
     {form, members, IsNumberAfter, "", noFieldNumbers},
@@ -275,7 +255,9 @@ std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord
     shownBy = &word;
   }
   if (shownBy == nullptr || rows[first.rank].kind != kind) return std::nullopt;
-  return Finding{&FormRule(shownBy->role), shownBy->word, shownBy->text, first.advice};
+  const bool isEnd = shownBy->text.front() == '}';
+  const Rule& rule = isEnd ? rules::notAnEnd : FormRule(shownBy->role);
+  return Finding{&rule, shownBy->word, shownBy->text, first.advice};
 }
 
 Symptom SymptomOf(const Words& words, const Finding& finding) {
