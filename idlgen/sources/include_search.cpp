@@ -13,18 +13,15 @@
 namespace zentho::idlgen {
 namespace {
 
-using ResultKind = IncludeSearch::Result::Kind;
-
 constexpr std::size_t maxPathSize = 4096;       ///< The system opens no longer paths.
 constexpr std::size_t maxCompared = 5'000'000;  ///< Comparing more names takes long.
 
 /// Returns the directory above one that ends with a '/', if its path names it.
 std::string Above(const std::string& directory) {
-  const std::size_t end = directory.empty() ? 0 : directory.size() - 1;
-  const std::size_t begin = end == 0 ? 0 : directory.rfind('/', end - 1) + 1;
-  const std::string_view name = std::string_view(directory).substr(begin, end - begin);
+  const std::string path = directory.substr(0, directory.rfind('/'));
+  const std::string name = FileName(path);
   if (name.empty() || name == "." || name == "..") return directory + "../";
-  return directory.substr(0, begin);
+  return DirectoryOf(path);
 }
 
 /// Joins a directory, which is empty or ends with a '/', and a path as text.
@@ -43,23 +40,21 @@ std::string Joined(std::string directory, std::string_view path) {
   }
 }
 
-std::string WithSlash(std::string directory) {
-  if (!directory.empty() && directory.back() != '/') directory += '/';
-  return directory;
-}
-
-/// Calls `visit(above, path)` for a directory and each one above it that its path names. `path`
-/// leads from there to the directory, and is empty or has a '/' at its end.
-template <typename Visit>
-void walkUp(std::string directory, const Visit& visit) {
+/// A directory, and the path that leads from there to another one: empty, or with a '/' at its end.
+struct Ancestor {
+  std::string directory;
   std::string path;
+};
+
+/// Returns a directory and each one above it that its path names.
+std::vector<Ancestor> Ancestors(std::string directory) {
+  std::vector<Ancestor> ancestors = {{directory, ""}};
   while (true) {
-    visit(directory, path);
     while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
-    const std::string name = directory.substr(directory.rfind('/') + 1);
-    if (name.empty() || name == "..") return;
-    directory.erase(directory.size() - name.size());
-    if (name != ".") path.insert(0, name + "/");
+    const std::string name = FileName(directory);
+    if (name.empty() || name == "..") return ancestors;
+    directory = DirectoryOf(directory);
+    ancestors.push_back({directory, (name == "." ? "" : name + "/") + ancestors.back().path});
   }
 }
 
@@ -79,33 +74,16 @@ std::string Digits(std::string_view name) {
   return digits;
 }
 
-/// Looks for the name of a file that is most similar to another one: two letters may differ, the
-/// case, and the extension, if it is one of these or differs by one letter.
-class SimilarName {
- public:
-  SimilarName(std::string_view wanted, const std::set<std::string>& knownExtensions)
-      : name(wanted), stem(Stem(wanted), 2), extensions(knownExtensions) {}
-
-  [[nodiscard]] bool mayBe(std::string_view other) const {
-    const std::string_view extension = other.substr(Stem(other).size());
-    SimilarWord similarExtension(name.substr(Stem(name).size()), 1);
-    const bool isExtension =
-        similarExtension.compare(extension) || extensions.count(std::string(extension)) > 0;
-    return isExtension && Digits(Stem(other)) == Digits(Stem(name));
-  }
-
-  void compare(const std::string& other) {
-    if (stem.compare(Stem(other))) similar = other;
-  }
-
-  [[nodiscard]] const std::string& found() const { return similar; }
-
- private:
-  std::string_view name;
-  SimilarWord stem;
-  const std::set<std::string>& extensions;
-  std::string similar;
-};
+/// Returns whether the name of a file may be meant by another one: the digits are the same, and the
+/// extension is one of these or differs by one letter.
+bool MayBeMeant(std::string_view name, std::string_view wanted,
+                const std::set<std::string>& extensions) {
+  const std::string_view extension = name.substr(Stem(name).size());
+  SimilarWord similar(wanted.substr(Stem(wanted).size()), 1);
+  const bool isExtension =
+      similar.compare(extension) || extensions.count(std::string(extension)) > 0;
+  return isExtension && Digits(Stem(name)) == Digits(Stem(wanted));
+}
 
 bool LeadsOut(const std::string& normalPath) {
   return normalPath.compare(0, 2, "..") == 0 && (normalPath.size() == 2 || normalPath[2] == '/');
@@ -125,16 +103,18 @@ bool CanBeIncluded(const std::string& path) {
 }  // namespace
 
 IncludeSearch::IncludeSearch(SourceTree& sourceTree, std::vector<std::string> baseDirectories)
-    : tree(sourceTree), bases(std::move(baseDirectories)) {
-  for (std::string& base : bases) {
-    base = WithSlash(std::move(base));
-    baseIds.push_back(lookAtDirectory(base).id);
+    : tree(sourceTree) {
+  for (std::string& path : baseDirectories) {
+    if (!path.empty() && path.back() != '/') path += '/';
+    const Entry& entry = lookAtDirectory(path);
+    if (entry.kind == Entry::Kind::Directory) baseIds.insert(entry.id);
+    bases.push_back({std::move(path), entry.id});
   }
 }
 
 const IncludeSearch::Result& IncludeSearch::find(const std::string& directory,
                                                  std::string_view path) {
-  static const Result tooLong = {ResultKind::Ambiguous};
+  static const Result tooLong = {IncludeKind::Other};
   if (path.size() > maxPathSize) return tooLong;
   const std::string included(path);
   std::string key = directory + '\0' + included;
@@ -146,27 +126,29 @@ const IncludeSearch::Result& IncludeSearch::find(const std::string& directory,
 IncludeSearch::Result IncludeSearch::search(const std::string& directory, const std::string& path) {
   Result result = look(directory, path);
   const bool isRelative = path.front() != '/';
-  if (result.kind == ResultKind::Missing && isRelative) {
-    for (const std::size_t i : basesWithFile(path)) {
-      result = look(bases[i], path);
-      if (result.kind != ResultKind::Missing) break;
+  if (result.kind == IncludeKind::Missing && isRelative) {
+    for (const Base* const base : basesWithFile(path)) {
+      result = look(base->path, path);
+      if (result.kind != IncludeKind::Missing) break;
     }
-    if (mayComeBefore(result, directory, path)) return {ResultKind::Ambiguous};
+    if (mayComeBefore(result, directory, path)) return {IncludeKind::Other};
   }
-  const bool isMissing = result.kind == ResultKind::Missing;
-  return isMissing && hasHeader(directory, path) ? Result{ResultKind::Header} : result;
+  const bool isMissing = result.kind == IncludeKind::Missing;
+  return isMissing && hasHeader(directory, path) ? Result{IncludeKind::Other} : result;
 }
 
 /// Returns whether another file than this result may have its header beside that of the includer.
 bool IncludeSearch::mayComeBefore(const Result& result, const std::string& directory,
                                   const std::string& path) {
-  for (const Position& position : positions(directory)) {
-    const std::string place = Normal(position.path + path);
-    if (LeadsOut(place)) continue;
-    for (const std::size_t i : basesWithFile(place)) {
-      if (baseIds[i] == baseIds[position.base]) continue;
-      const Result other = look(bases[i], place);
-      if (other.kind == ResultKind::Missing) continue;
+  for (const Ancestor& ancestor : Ancestors(directory)) {
+    const FileId id = lookAtDirectory(ancestor.directory).id;
+    if (baseIds.count(id) == 0) continue;
+    const std::string pathInBase = Normal(ancestor.path + path);
+    if (LeadsOut(pathInBase)) continue;
+    for (const Base* const base : basesWithFile(pathInBase)) {
+      if (base->id == id) continue;
+      const Result other = look(base->path, pathInBase);
+      if (other.kind == IncludeKind::Missing) continue;
       if (other.kind != result.kind || other.id != result.id) return true;
     }
   }
@@ -177,12 +159,12 @@ bool IncludeSearch::mayComeBefore(const Result& result, const std::string& direc
 bool IncludeSearch::hasHeader(const std::string& directory, const std::string& path) {
   const std::string header = path.substr(0, path.rfind('.')) + ".h";
   const auto isIn = [&](const std::string& base) {
-    return look(base, header).kind == ResultKind::Found;
+    return look(base, header).kind == IncludeKind::Found;
   };
-  const std::vector<std::size_t> searched = basesWithFile(header);
+  const std::vector<const Base*> searched = basesWithFile(header);
   return isIn(directory) ||
          (path.front() != '/' && std::any_of(searched.begin(), searched.end(),
-                                             [&](std::size_t i) { return isIn(bases[i]); }));
+                                             [&](const Base* base) { return isIn(base->path); }));
 }
 
 IncludeSearch::Result IncludeSearch::look(const std::string& directory, const std::string& path) {
@@ -190,18 +172,20 @@ IncludeSearch::Result IncludeSearch::look(const std::string& directory, const st
   // Most files that are looked for in vain would be in a directory that does not exist either.
   const bool mayExist = lookAtDirectory(DirectoryOf(joined)).kind != Entry::Kind::Missing;
   const Entry entry = mayExist ? tree.look(joined) : Entry{Entry::Kind::Missing};
-  if (entry.kind == Entry::Kind::File) return {ResultKind::Found, std::move(joined), entry.id};
-  const bool isUnreadable = entry.kind == Entry::Kind::Unreadable;
-  return {isUnreadable ? ResultKind::Unreadable : ResultKind::Missing, {}, {}, entry.error};
+  if (entry.kind == Entry::Kind::File) return {IncludeKind::Found, std::move(joined), entry.id};
+  if (entry.kind != Entry::Kind::Unreadable) return {IncludeKind::Missing};
+  return {IncludeKind::Unreadable, {}, {}, entry.error.message()};
 }
 
-/// Returns the indexes of the base directories that have such a directory: of many, few have.
-const std::vector<std::size_t>& IncludeSearch::basesWith(const std::string& directory) {
-  const auto [known, isNew] = basesOf.try_emplace(directory);
-  for (std::size_t i = 0; isNew && i < bases.size(); ++i) {
-    const Entry& entry = lookAtDirectory(Joined(bases[i], directory));
-    if (entry.kind != Entry::Kind::Missing) known->second.push_back(i);
-  }
+const Entry& IncludeSearch::lookAtDirectory(const std::string& directory) {
+  const auto [known, isNew] = directories.try_emplace(directory);
+  if (isNew) known->second = tree.look(directory.empty() ? "." : directory);
+  return known->second;
+}
+
+const std::vector<std::string>& IncludeSearch::namesBeside(const std::string& directory) {
+  const auto [known, isNew] = lists.try_emplace(directory);
+  if (isNew) tree.list(directory.empty() ? "." : directory, known->second);
   return known->second;
 }
 
@@ -211,92 +195,67 @@ const IncludeSearch::Names& IncludeSearch::namesIn(const std::string& directory)
   Names& names = known->second;
   if (!isNew) return names;
   std::vector<std::string> found;
-  for (const std::size_t i : basesWith(directory)) {
-    const std::string joined = Joined(bases[i], directory);
-    if (tree.list(joined.empty() ? "." : joined, found)) names.unlisted.push_back(i);
+  for (const Base& base : bases) {
+    const std::string joined = Joined(base.path, directory);
+    if (lookAtDirectory(joined).kind == Entry::Kind::Missing) continue;
+    if (tree.list(joined.empty() ? "." : joined, found)) names.unlisted.push_back(&base);
     for (const std::string& name : found) {
-      std::vector<std::size_t>& with = names.bases[name];
+      std::vector<const Base*>& with = names.bases[name];
       if (with.empty()) names.list.push_back(name);
-      with.push_back(i);
+      with.push_back(&base);
     }
   }
   return names;
 }
 
-/// Returns the indexes of the base directories in which there may be such a file.
-std::vector<std::size_t> IncludeSearch::basesWithFile(const std::string& path) {
-  const std::string directory = DirectoryOf(path);
-  const Names& names = namesIn(directory);
-  const auto known = names.bases.find(path.substr(directory.size()));
+/// Returns the base directories in which there may be such a file.
+std::vector<const IncludeSearch::Base*> IncludeSearch::basesWithFile(const std::string& path) {
+  const Names& names = namesIn(DirectoryOf(path));
+  const auto known = names.bases.find(FileName(path));
   if (known == names.bases.end()) return names.unlisted;
-  std::vector<std::size_t> with;
+  std::vector<const Base*> with;
   std::set_union(known->second.begin(), known->second.end(), names.unlisted.begin(),
                  names.unlisted.end(), std::back_inserter(with));
   return with;
 }
 
-const Entry& IncludeSearch::lookAtDirectory(const std::string& directory) {
-  const auto known = directories.find(directory);
-  if (known != directories.end()) return known->second;
-  return directories.emplace(directory, tree.look(directory.empty() ? "." : directory))
-      .first->second;
-}
-
-const std::vector<IncludeSearch::Position>& IncludeSearch::positions(const std::string& directory) {
-  const auto [known, isNew] = positionsOf.try_emplace(directory);
-  std::vector<Position>& result = known->second;
-  if (!isNew) return result;
-  walkUp(directory, [&](const std::string& above, const std::string& path) {
-    const Entry& entry = lookAtDirectory(above);
-    if (entry.kind != Entry::Kind::Directory) return;
-    for (std::size_t i = 0; i < bases.size(); ++i) {
-      if (baseIds[i] == entry.id) result.push_back({i, path});
-    }
-  });
-  return result;
-}
-
 std::string IncludeSearch::similarPath(const std::string& directory, std::string_view path,
                                        const std::set<std::string>& extensions) {
-  const std::string above = DirectoryOf(std::string(path));
-  SimilarName name(path.substr(above.size()), extensions);
-  const std::string beside = Joined(directory, above);
-  const auto [known, isNew] = namesBeside.try_emplace(beside);
-  if (isNew) tree.list(beside.empty() ? "." : beside, known->second);
-  const std::vector<std::string>* const searched[] = {&known->second, &namesIn(above).list};
-  for (const std::vector<std::string>* const list : searched) {
-    compared += list->size();
+  const std::string subdirectory = DirectoryOf(std::string(path));
+  const std::string_view wanted = path.substr(subdirectory.size());
+  SimilarWord stem(Stem(wanted), 2);
+  std::string similar;
+  for (const std::vector<std::string>* const names :
+       {&namesBeside(Joined(directory, subdirectory)), &namesIn(subdirectory).list}) {
+    compared += names->size();
     if (compared > maxCompared) break;
-    for (const std::string& other : *list) {
-      const std::string candidate = above + other;
-      const bool isFound = name.mayBe(other) && CanBeIncluded(candidate) &&
-                           find(directory, candidate).kind == ResultKind::Found;
-      if (isFound) name.compare(other);
+    for (const std::string& name : *names) {
+      const std::string candidate = subdirectory + name;
+      const bool isFound = MayBeMeant(name, wanted, extensions) && CanBeIncluded(candidate) &&
+                           find(directory, candidate).kind == IncludeKind::Found;
+      if (isFound && stem.compare(Stem(name))) similar = candidate;
     }
   }
-  return name.found().empty() ? std::string() : above + std::string(name.found());
+  return similar;
 }
 
 std::string IncludeSearch::directoryAbove(const std::string& directory, std::string_view path) {
-  std::string found;
-  walkUp(directory, [&](const std::string& above, const std::string& /*below*/) {
-    const bool isThere = look(above, std::string(path)).kind == ResultKind::Found;
-    if (found.empty() && isThere)
-      found = above.size() > 1 ? above.substr(0, above.size() - 1) : "." + above;
-  });
-  return found;
+  for (const Ancestor& ancestor : Ancestors(directory)) {
+    const std::string& above = ancestor.directory;
+    if (look(above, std::string(path)).kind != IncludeKind::Found) continue;
+    return above.size() > 1 ? above.substr(0, above.size() - 1) : "." + above;
+  }
+  return {};
 }
 
 std::string IncludeSearch::shortestPath(const std::string& directory, const std::string& path) {
-  const std::string name = path.substr(path.rfind('/') + 1);
   const FileId id = tree.look(path).id;
   const FileId start = lookAtDirectory(directory).id;
   std::vector<std::string> paths;
-  walkUp(DirectoryOf(path), [&](const std::string& above, const std::string& rest) {
-    if (lookAtDirectory(above).id == start) paths.push_back(rest + name);
-  });
-  for (const Position& position : positions(DirectoryOf(path))) {
-    paths.push_back(position.path + name);
+  for (const Ancestor& ancestor : Ancestors(DirectoryOf(path))) {
+    const FileId above = lookAtDirectory(ancestor.directory).id;
+    const bool isSearched = above == start || baseIds.count(above) > 0;
+    if (isSearched) paths.push_back(ancestor.path + FileName(path));
   }
   const std::filesystem::path from = Normal(directory.empty() ? "." : directory);
   paths.push_back(std::filesystem::path(Normal(path)).lexically_relative(from).string());
@@ -305,7 +264,7 @@ std::string IncludeSearch::shortestPath(const std::string& directory, const std:
   for (const std::string& candidate : paths) {
     if (candidate.empty() || !CanBeIncluded(candidate)) continue;
     const Result& result = find(directory, candidate);
-    if (result.kind == ResultKind::Found && result.id == id) return candidate;
+    if (result.kind == IncludeKind::Found && result.id == id) return candidate;
   }
   return {};
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <list>
 #include <optional>
 #include <string>
@@ -13,6 +12,7 @@
 #include "reader/idl.h"
 #include "schema/parser.h"
 #include "schema/schema.h"
+#include "sources/include_search.h"
 #include "words/located_words.h"
 
 namespace zentho::idlgen {
@@ -29,11 +29,9 @@ struct MissingInclude {
 
 /// What an include statement leads to.
 struct Include {
-  enum class Kind : std::uint8_t { Found, Missing, Unreadable, Other };
-
-  Kind kind = Kind::Other;     ///< Of another one, nobody says anything: of a header, for example.
-  SourceFile* file = nullptr;  ///< The file that was found.
-  std::string reason = {};     ///< Why it cannot be read.
+  IncludeKind kind = IncludeKind::Other;
+  SourceFile* file = nullptr;                ///< The file that was found.
+  std::string reason = {};                   ///< Why it cannot be read.
   std::vector<MissingInclude> missing = {};  ///< What is told here.
 };
 

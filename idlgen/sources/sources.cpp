@@ -30,7 +30,7 @@ void Sources::load(const std::vector<std::string>& paths) {
   std::unordered_set<const SourceFile*> names;
   for (const SourceFile& file : sources) {
     if (names.size() < namedCount) names.insert(&file);
-    const std::string name = file.path.substr(DirectoryOf(file.path).size());
+    const std::string name = FileName(file.path);
     filesByName[name].push_back(&file);
     if (name.find('.') != std::string::npos) extensions.insert(name.substr(name.rfind('.')));
   }
@@ -88,18 +88,14 @@ void Sources::findIncludes(SourceFile& file) {
 /// Finds the file that a file in this directory includes, and reads it if that has not been done.
 /// Nobody looks for headers of C++.
 Include Sources::find(const std::string& directory, std::string_view word) {
-  using Kind = IncludeSearch::Result::Kind;
   const std::string_view path = IncludedPath(word);
   const bool isHeader = path.size() >= 2 && path.substr(path.size() - 2) == ".h";
   if (path.empty() || isHeader) return {};
   const IncludeSearch::Result& result = search.find(directory, path);
-  if (result.kind == Kind::Missing) return {Include::Kind::Missing};
-  if (result.kind == Kind::Unreadable)
-    return {Include::Kind::Unreadable, nullptr, result.error.message()};
-  if (result.kind != Kind::Found) return {};
+  if (result.kind != IncludeKind::Found) return {result.kind, nullptr, result.reason};
   const Input& input = *read(result.path).first;
   const bool isRead = input.file != nullptr;
-  return {isRead ? Include::Kind::Found : Include::Kind::Unreadable, input.file, input.reason};
+  return {isRead ? IncludeKind::Found : IncludeKind::Unreadable, input.file, input.reason};
 }
 
 /// Notes at the includes of a named file which ones are not found: its own, and those of files that
@@ -130,8 +126,8 @@ void Sources::tellMissing(SourceFile& file, const std::unordered_set<const Sourc
 /// message with the number of the others.
 void Sources::tellMissing(const SourceFile& file, std::string_view word, const Include& include,
                           std::string_view bringing, Include& at) {
-  const bool isUnreadable = include.kind == Include::Kind::Unreadable;
-  const bool isTold = isUnreadable || include.kind == Include::Kind::Missing;
+  const bool isUnreadable = include.kind == IncludeKind::Unreadable;
+  const bool isTold = isUnreadable || include.kind == IncludeKind::Missing;
   if (!isTold || FormOfInclude(word) != IncludeForm::Path) return;
   const std::string_view path = IncludedPath(word);
   const std::string above = isUnreadable ? "" : search.directoryAbove(DirectoryOf(file.path), path);
@@ -153,7 +149,7 @@ void Sources::tellMissing(const SourceFile& file, std::string_view word, const I
 std::string Sources::advice(const SourceFile& file, std::string_view path) {
   std::string similar = search.similarPath(DirectoryOf(file.path), path, extensions);
   if (similar.empty()) {
-    const auto known = filesByName.find(std::string(path.substr(path.rfind('/') + 1)));
+    const auto known = filesByName.find(FileName(path));
     const bool isOnlyOne = known != filesByName.end() && known->second.size() == 1;
     if (isOnlyOne) similar = includePath(file, *known->second.front());
     if (similar.find("..") != std::string::npos) similar.clear();
