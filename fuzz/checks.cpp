@@ -79,7 +79,7 @@ std::vector<std::string> CheckAlone(const std::string& path, const std::string& 
   Schema schema;
   const Outcome outcome = reportAlone(path, text, schema);
   if (outcome.succeeded) {
-    check(!ParseSource(path, text).error.has_value(), "no file with a grammar error is accepted");
+    check(!SourceFile(path, text).error.has_value(), "no file with a grammar error is accepted");
     checkWords(schema);
   }
   return CheckOutcome({{path, text}}, path, outcome);

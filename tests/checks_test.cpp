@@ -28,7 +28,7 @@ bool SaysError(const CheckCase& test, const std::string& file) {
 }
 
 bool HasGrammarError(const std::string& text) {
-  return ParseSource("", text).error.has_value();
+  return SourceFile("", text).error.has_value();
 }
 
 /// Checks that what a message quotes at its beginning stands in the line at its column, unless that

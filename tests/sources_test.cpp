@@ -56,7 +56,7 @@ std::vector<Include> IncludesOf(const SourceFile& file) {
 std::string FirstInclude(const Sources& sources, std::size_t file = 0) {
   const Include include = IncludesOf(sources.files().at(file)).at(0);
   if (include.file != nullptr) return include.file->path;
-  return include.missing.empty() ? "not told" : "not found: " + include.missing.at(0).advice;
+  return include.missing.empty() ? "not told" : "not found: " + include.missing.front().advice;
 }
 
 struct Search {

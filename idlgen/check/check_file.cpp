@@ -68,8 +68,8 @@ void checkWords(Context& context) {
 std::vector<Finding> CheckFile(const Declarations& declarations, const File& file) {
   const View view(declarations, file);
   Context context(view);
-  const std::string& rival = file.source->rival;
-  if (!rival.empty() && context.words.size() > 0) context.report(rules::sameHeader, 0, rival);
+  const std::string& other = file.source->sameHeaderAs;
+  if (!other.empty() && context.words.size() > 0) context.report(rules::sameHeader, 0, other);
   checkWords(context);
   checkIncludes(context);
   std::stable_sort(context.findings.begin(), context.findings.end(),

@@ -24,7 +24,7 @@ std::string RecordName(const Words& words, std::size_t word) {
 }
 
 Message MessageAt(SourceFile& file, std::size_t word, std::string sentence) {
-  locate(file);
+  file.locateWords();
   return {file.path, file.words.places[word], file.words.text(word).size(), std::move(sentence)};
 }
 

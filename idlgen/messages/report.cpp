@@ -88,7 +88,7 @@ Outcome reportOn(Examination& examination, SourceFile& file, Warnings warnings) 
 }
 
 Outcome reportAlone(const std::string& path, std::string text, Schema& schema, Warnings warnings) {
-  SourceFile file = ParseSource(path, std::move(text));
+  SourceFile file(path, std::move(text));
   Examination examination(file);
   Outcome outcome = reportOn(examination, file, warnings);
   schema = std::move(file.schema);

@@ -18,7 +18,7 @@ constexpr std::size_t maxFixes = 20;
 }  // namespace
 
 Recovery::Recovery(SourceFile& sourceFile) : file(sourceFile) {
-  locate(file);
+  file.locateWords();
   for (const auto drop : {dropCarriageReturns, dropTabs}) {
     std::optional<Diagnostic> error = drop(file);
     if (error.has_value()) examined.diagnostics.push_back(*std::move(error));

@@ -13,21 +13,18 @@ std::string_view IncludedPath(std::string_view word) {
   return isQuoted ? word.substr(1, word.size() - 2) : std::string_view();
 }
 
-SourceFile ParseSource(std::string path, std::string text) {
-  SourceFile file;
-  file.path = std::move(path);
-  file.text = std::move(text);
-  file.idl.tokenize(file.text);
+SourceFile::SourceFile(std::string openedPath, std::string wholeText)
+    : path(std::move(openedPath)), text(std::move(wholeText)) {
+  idl.tokenize(text);
   try {
-    Parser().parseSilently(file.idl, file.schema, file.words);
-  } catch (const ParseError& error) {
-    file.error = error;
+    Parser().parseSilently(idl, schema, words);
+  } catch (const ParseError& parseError) {
+    error = parseError;
   }
-  return file;
 }
 
-void locate(SourceFile& file) {
-  if (file.words.places.size() != file.words.size()) locate(file.words, file.text);
+void SourceFile::locateWords() {
+  if (words.places.size() != words.size()) locate(words, text);
 }
 
 }  // namespace zentho::idlgen

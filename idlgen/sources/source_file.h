@@ -30,9 +30,9 @@ struct MissingInclude {
 /// What an include statement leads to.
 struct Include {
   IncludeKind kind = IncludeKind::Other;
-  SourceFile* file = nullptr;                ///< The file that was found.
-  std::string reason = {};                   ///< Why it cannot be read.
-  std::vector<MissingInclude> missing = {};  ///< What is told here.
+  SourceFile* file = nullptr;              ///< The file that was found.
+  std::string reason = {};                 ///< Why it cannot be read.
+  std::list<MissingInclude> missing = {};  ///< What is told here.
 };
 
 /// What recovery has taken out of a file, which may declare names.
@@ -41,30 +41,30 @@ struct DroppedWords {
   bool mayDeclareAnything = false;  ///< Such as an include.
 };
 
-/// An IDL file: as it was read, and as recovery has it read instead. Is never copied, since the
-/// words refer to `idl`, and not moved once it is located, since places refer to `text`.
+/// An IDL file: as it was read, and as recovery has it read instead. Stays where it is: the words
+/// refer to `idl`, and their places to `text`.
 struct SourceFile {
-  SourceFile() = default;
-  SourceFile(SourceFile&&) = default;
-  SourceFile& operator=(SourceFile&&) = default;
+  /// Splits and parses the text. Prints nothing. Nothing is included yet.
+  SourceFile(std::string openedPath, std::string wholeText);
+  SourceFile(const SourceFile&) = delete;
+  SourceFile& operator=(const SourceFile&) = delete;
+
+  /// Finds the places of the words, unless that has been done.
+  void locateWords();
 
   std::string path;  ///< By which it was opened.
   std::string text;
   IDL idl;
-  Schema schema;  ///< Of the statements before the first error.
-  LocatedWords words;
-  std::optional<ParseError> error;                         ///< Why the parser refuses these words.
   std::unordered_map<std::string_view, Include> includes;  ///< By the word of the path.
+  bool isNamed = false;      ///< Whether the run names it, or has only found its include.
+  std::string sameHeaderAs;  ///< The path of a named file before it with the same header, or empty.
+
+  LocatedWords words;
+  Schema schema;                    ///< Of the statements before the first error.
+  std::optional<ParseError> error;  ///< Why the parser refuses these words.
   std::list<std::string> ownTexts;  ///< What recovery has put in place of words of the text.
   DroppedWords dropped;
-  std::string rival;  ///< The path of another file of the run that has the same header, or nothing.
 };
-
-/// Splits and parses the text. Prints nothing. Nothing is included yet.
-SourceFile ParseSource(std::string path, std::string text);
-
-/// Finds the places of the words, unless that has been done.
-void locate(SourceFile& file);
 
 /// Returns the path between the quotes or brackets of an include statement, or nothing if it does
 /// not have both of them. A ";" may follow.

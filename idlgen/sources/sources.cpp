@@ -15,6 +15,15 @@ std::string ReasonOf(const Entry& entry) {
   return entry.error ? entry.error.message() : "is not a regular file";
 }
 
+/// Returns the words of the paths that a file includes, in their order.
+std::vector<std::string_view> IncludeWords(const SourceFile& file) {
+  std::vector<std::string_view> words;
+  for (std::size_t i = 0; i < file.words.size(); ++i) {
+    if (file.words.role(i) == Role::IncludePath) words.push_back(file.words.text(i));
+  }
+  return words;
+}
+
 }  // namespace
 
 Sources::Sources(SourceTree& sourceTree, std::vector<std::string> directories)
@@ -22,30 +31,14 @@ Sources::Sources(SourceTree& sourceTree, std::vector<std::string> directories)
 
 void Sources::load(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) loadNamed(path);
-  const std::size_t namedCount = sources.size();
+  for (SourceFile& file : sources) file.isNamed = true;
   // The files that are included are appended, so that the loop comes to them.
-  std::size_t next = 0;
-  while (next < sources.size()) findIncludes(sources[next++]);
-
-  std::unordered_set<const SourceFile*> names;
-  for (const SourceFile& file : sources) {
-    if (names.size() < namedCount) names.insert(&file);
-    const std::string name = FileName(file.path);
-    filesByName[name].push_back(&file);
-    if (name.find('.') != std::string::npos) extensions.insert(name.substr(name.rfind('.')));
+  for (std::size_t i = 0; i < sources.size(); ++i) findIncludes(sources[i]);
+  indexNames();
+  for (SourceFile& file : sources) {
+    if (file.isNamed) noteMissing(file);
   }
-  std::map<Location, const SourceFile*> filesByHeader;
-  for (std::size_t i = 0; i < namedCount; ++i) {
-    tellMissing(sources[i], names);
-    const std::string header = sources[i].path.substr(0, sources[i].path.rfind('.'));
-    const auto [first, isNew] = filesByHeader.emplace(locationOf(header), &sources[i]);
-    if (!isNew) sources[i].rival = first->second->path;
-  }
-}
-
-Sources::Location Sources::locationOf(const std::string& path) {
-  const std::string directory = DirectoryOf(path);
-  return {tree.look(directory.empty() ? "." : directory).id, path.substr(directory.size())};
+  noteSameHeaders();
 }
 
 void Sources::loadNamed(const std::string& path) {
@@ -68,7 +61,7 @@ std::pair<const Sources::Input*, bool> Sources::read(const std::string& path) {
     const Entry entry = tree.read(path, text);
     ids.insert(entry.id);
     if (entry.kind == Entry::Kind::File) {
-      input.file = &sources.emplace_back(ParseSource(path, std::move(text)));
+      input.file = &sources.emplace_back(path, std::move(text));
     } else {
       input.reason = ReasonOf(entry);
     }
@@ -76,12 +69,15 @@ std::pair<const Sources::Input*, bool> Sources::read(const std::string& path) {
   return {&input, isNew};
 }
 
+Sources::Location Sources::locationOf(const std::string& path) {
+  return {search.lookAtDirectory(DirectoryOf(path)).id, FileName(path)};
+}
+
 void Sources::findIncludes(SourceFile& file) {
   const std::string directory = DirectoryOf(file.path);
-  for (std::size_t i = 0; i < file.words.size(); ++i) {
-    if (file.words.role(i) != Role::IncludePath) continue;
-    const auto [include, isNew] = file.includes.try_emplace(file.words.text(i));
-    if (isNew) include->second = find(directory, include->first);
+  for (const std::string_view word : IncludeWords(file)) {
+    const auto [include, isNew] = file.includes.try_emplace(word);
+    if (isNew) include->second = find(directory, word);
   }
 }
 
@@ -98,51 +94,68 @@ Include Sources::find(const std::string& directory, std::string_view word) {
   return {isRead ? IncludeKind::Found : IncludeKind::Unreadable, input.file, input.reason};
 }
 
+void Sources::indexNames() {
+  for (const SourceFile& file : sources) {
+    const std::string name = FileName(file.path);
+    filesByName[name].push_back(&file);
+    if (name.find('.') != std::string::npos) extensions.insert(name.substr(name.rfind('.')));
+  }
+}
+
 /// Notes at the includes of a named file which ones are not found: its own, and those of files that
 /// they bring and that are not named.
-void Sources::tellMissing(SourceFile& file, const std::unordered_set<const SourceFile*>& named) {
+void Sources::noteMissing(SourceFile& file) {
   std::unordered_set<std::string_view> seen;
-  for (std::size_t i = 0; i < file.words.size(); ++i) {
-    const std::string_view word = file.words.text(i);
-    if (file.words.role(i) != Role::IncludePath || !seen.insert(word).second) continue;
+  for (const std::string_view word : IncludeWords(file)) {
+    if (!seen.insert(word).second) continue;
     Include& include = file.includes.at(word);
-    tellMissing(file, word, include, {}, include);
+    noteIfMissing(file, word, include);
     std::vector<const SourceFile*> pending = {include.file};
     while (!pending.empty()) {
-      const SourceFile* const next = pending.back();
+      const SourceFile* const brought = pending.back();
       pending.pop_back();
-      if (next == nullptr || named.count(next) > 0 || !told.insert(next).second) continue;
-      for (std::size_t j = 0; j < next->words.size(); ++j) {
-        const auto inner = next->includes.find(next->words.text(j));
-        if (next->words.role(j) != Role::IncludePath || inner == next->includes.end()) continue;
-        tellMissing(*next, inner->first, inner->second, next->path, include);
-        pending.push_back(inner->second.file);
+      if (brought == nullptr || brought->isNamed || !visited.insert(brought).second) continue;
+      for (const std::string_view inner : IncludeWords(*brought)) {
+        noteIfMissing(*brought, inner, include);
+        pending.push_back(brought->includes.at(inner).file);
       }
     }
   }
 }
 
-/// Notes at an include that this one, in a file, is not found. The first one of a path has a
-/// message with the number of the others.
-void Sources::tellMissing(const SourceFile& file, std::string_view word, const Include& include,
-                          std::string_view bringing, Include& at) {
+/// Notes at an include of a named file if an include with this word is not found. The first one of
+/// a path counts the others.
+void Sources::noteIfMissing(const SourceFile& file, std::string_view word, Include& at) {
+  const Include& include = file.includes.at(word);
   const bool isUnreadable = include.kind == IncludeKind::Unreadable;
-  const bool isTold = isUnreadable || include.kind == IncludeKind::Missing;
-  if (!isTold || FormOfInclude(word) != IncludeForm::Path) return;
+  const bool isNoted = isUnreadable || include.kind == IncludeKind::Missing;
+  if (!isNoted || FormOfInclude(word) != IncludeForm::Path) return;
   const std::string_view path = IncludedPath(word);
   const std::string above = isUnreadable ? "" : search.directoryAbove(DirectoryOf(file.path), path);
-  const std::string key = above.empty() ? std::string(path) : '\0' + above;
-  const auto [first, isNew] = firstMissing.try_emplace(key, &at, at.missing.size());
+  const auto [first, isNew] =
+      firstMissing.try_emplace(above.empty() ? std::string(path) : '\0' + above);
   if (!isNew) {
-    ++first->second.first->missing[first->second.second].others;
+    ++first->second->others;
     return;
   }
   std::string shown(word);
-  if (!bringing.empty()) shown += ", which " + Quoted(bringing) + " includes,";
+  if (!file.isNamed) shown += ", which " + Quoted(file.path) + " includes,";
   std::string reason = isUnreadable    ? include.reason
                        : above.empty() ? advice(file, path)
                                        : "it is in " + Quoted(above) + ", which is not searched";
   at.missing.push_back({std::move(shown), std::move(reason), isUnreadable});
+  first->second = &at.missing.back();
+}
+
+/// Notes at each named file whether one before it has the same header.
+void Sources::noteSameHeaders() {
+  std::map<Location, const SourceFile*> filesByHeader;
+  for (SourceFile& file : sources) {
+    if (!file.isNamed) return;
+    const std::string header = file.path.substr(0, file.path.rfind('.'));
+    const auto [first, isNew] = filesByHeader.emplace(locationOf(header), &file);
+    if (!isNew) file.sameHeaderAs = first->second->path;
+  }
 }
 
 /// Returns what to do about a path that is not found.

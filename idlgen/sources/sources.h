@@ -58,10 +58,11 @@ class Sources {
   std::pair<const Input*, bool> read(const std::string& path);
   void findIncludes(SourceFile& file);
   Include find(const std::string& directory, std::string_view word);
-  void tellMissing(SourceFile& file, const std::unordered_set<const SourceFile*>& named);
-  void tellMissing(const SourceFile& file, std::string_view word, const Include& include,
-                   std::string_view bringing, Include& at);
+  void indexNames();
+  void noteMissing(SourceFile& file);
+  void noteIfMissing(const SourceFile& file, std::string_view word, Include& at);
   std::string advice(const SourceFile& file, std::string_view path);
+  void noteSameHeaders();
 
   SourceTree& tree;
   IncludeSearch search;
@@ -69,9 +70,9 @@ class Sources {
   std::deque<SourceFile> sources;
   std::map<Location, Input> inputs;
   std::set<FileId> ids;
-  std::unordered_set<const SourceFile*> told;  ///< Files that are not named, whose includes are.
-  /// Where each path, or directory that is not searched, is told: at an include, and which one.
-  std::unordered_map<std::string, std::pair<Include*, std::size_t>> firstMissing;
+  std::unordered_set<const SourceFile*> visited;  ///< Not named, with their missing includes noted.
+  /// By the path, or after a zero byte the directory that is not searched.
+  std::unordered_map<std::string, MissingInclude*> firstMissing;
   std::unordered_map<std::string, std::vector<const SourceFile*>> filesByName;
   std::set<std::string> extensions;  ///< Of the files, each with its dot.
 };
