@@ -79,6 +79,15 @@ std::string Sentence(std::string_view pattern, std::string_view text, const std:
   return advice.empty() ? sentence : sentence + ": " + advice;
 }
 
+/// Ends a sentence with what the whole line is meant as, in place of an example, unless nothing is
+/// known of that, or the sentence asks for another word.
+void showMeantLine(std::string& sentence, const std::string& meant) {
+  if (meant.empty() || sentence.back() == '?') return;
+  sentence.resize(std::min(sentence.find(", as in "), sentence.size()));
+  const bool hasAdvice = sentence.find(": ") != std::string::npos;
+  sentence += (hasAdvice ? ", as in " : ": write ") + Quoted(meant);
+}
+
 }  // namespace
 
 Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
@@ -90,13 +99,9 @@ Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
     notes.push_back(MessageAt(*other, word, Sentence(rule.note, "", "", other->words.text(word))));
   }
   std::string sentence = Sentence(rule.sentence, finding.text, finding.advice, record);
-  locate(file);
-  const bool isInList = IsInList(file.words.role(finding.word));
-  const std::string meant = isInList ? MeantLine(file.words, finding.word) : std::string();
-  if (!meant.empty() && sentence.back() != '?') {
-    sentence.resize(std::min(sentence.find(", as in "), sentence.size()));
-    const bool hasAdvice = sentence.find(": ") != std::string::npos;
-    sentence += (hasAdvice ? ", as in " : ": write ") + Quoted(meant);
+  file.locateWords();
+  if (IsInList(file.words.role(finding.word))) {
+    showMeantLine(sentence, MeantLine(file.words, finding.word));
   }
   return {rule.severity, MessageAt(file, finding.word, std::move(sentence)), std::move(notes)};
 }
