@@ -66,7 +66,7 @@ Namespace& Declarations::enterNamespace(File& file) {
   for (const std::string_view part : Components(path)) {
     if (MeantName(part).empty()) continue;
     const std::string_view name = declaredName(part);
-    file.hasOddName = file.hasOddName || name.empty();
+    file.odd.mayDeclareAnything = file.odd.mayDeclareAnything || name.empty();
     Namespace*& inner = space->nested[name];
     if (inner == nullptr) inner = &spaces.emplace_back(Namespace{name, spaces.size()});
     space = inner;
@@ -87,9 +87,12 @@ void Declarations::declare(Namespace& space, File& file, std::size_t word) {
   const Role role = file.words().role(word);
   const std::string_view name = declaredName(file.words().text(word));
   const bool isItem = role == Role::ItemName;
-  file.hasOddName = file.hasOddName || (name.empty() && !isItem);
-  if (name.empty() && isItem) file.source->dropped.names.insert(NameIn(file.words().text(word)));
-  if (name.empty()) return;
+  if (name.empty()) {
+    // Only a value can mean an item.
+    if (isItem) file.odd.names.insert(NameIn(file.words().text(word)));
+    file.odd.mayDeclareAnything = file.odd.mayDeclareAnything || !isItem;
+    return;
+  }
   Chain& chain = space.chains[name];
   // Those of one file follow each other.
   for (auto last = chain.rbegin(); last != chain.rend() && (*last)->file == &file; ++last) {

@@ -21,10 +21,13 @@ View::View(const Declarations& allDeclarations, const File& fileThatLooks)
 
 /// Sees the namespaces of a file, and puts the files that it includes on the list.
 void View::see(const File& other) {
-  const DroppedWords& words = other.source->dropped;
   seenCount += other.end - other.begin;
-  mayMissAll = mayMissAll || !other.isComplete || other.hasOddName || words.mayDeclareAnything;
-  if (!words.names.empty()) dropped.push_back(&words);
+  mayMissAll = mayMissAll || !other.isComplete;
+  const SourceFile& source = *other.source;
+  for (const DroppedWords* const words : {&source.dropped, &other.odd}) {
+    mayMissAll = mayMissAll || words->mayDeclareAnything;
+    if (!words->names.empty()) dropped.push_back(words);
+  }
   for (const Namespace* const space : other.namespaces) seesNamespace[space->number] = 1;
   for (const Inclusion& inclusion : other.includes) {
     char& isSeen = sees[inclusion.file->number];
