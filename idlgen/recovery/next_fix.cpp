@@ -66,11 +66,14 @@ Fix FixLastStatement(SourceFile& file, const TypeNames& types) {
   return hasWrongLine ? FixWord(file.words, types, last) : FixEnd(file);
 }
 
-/// Returns the words of lists whose role the findings make doubtful.
+/// Returns the words of lists whose role the findings make doubtful. A name with signs around it is
+/// still a name.
 std::vector<std::size_t> DoubtfulWords(const Words& words, const std::vector<Finding>& findings) {
   std::vector<std::size_t> doubtful;
   for (const Finding& finding : findings) {
-    const bool isDoubtful = finding.rule->severity == Severity::Error || finding.rule->doubtsRole;
+    const bool isName = finding.rule == &rules::notAName && IsIdentifier(MeantName(finding.text));
+    const bool isError = finding.rule->severity == Severity::Error && !isName;
+    const bool isDoubtful = isError || finding.rule->doubtsRole;
     if (isDoubtful && IsInList(words.role(finding.word))) doubtful.push_back(finding.word);
   }
   return doubtful;
