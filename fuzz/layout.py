@@ -34,6 +34,7 @@ class Layout:
         self.paths = {name: f"{directory}/{name}" if "." in name else
                       f"{rng.choice(DIRECTORIES)}/{next(stems)}.{rng.choice(['idl', 'idl', 'msg'])}"
                       for name in names}
+        self.own_paths = {path for name, path in self.paths.items() if "." in name}
         for directory in DIRECTORIES + [os.path.dirname(path) for path in self.paths.values()]:
             (root / directory).mkdir(parents=True, exist_ok=True)
         for name, path in self.paths.items():
@@ -69,8 +70,9 @@ class Layout:
         return None
 
     def names_of(self, path):
-        """Returns the path, and the one by the link to a directory, if there is one."""
-        is_linked = os.path.dirname(path) == self.directory
+        """Returns the path, and the one by the link to a directory, if there is one. The ".." in the
+        files of a case lead elsewhere from there."""
+        is_linked = os.path.dirname(path) == self.directory and path not in self.own_paths
         return [path, f"{self.link}/{os.path.basename(path)}"] if is_linked else [path]
 
     def form(self, users, path):
