@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "words/characters.h"
-#include "words/printable.h"
 #include "words/tables.h"
 
 namespace zentho::idlgen {
@@ -192,6 +191,12 @@ bool IsCharacterPrefix(std::string_view letters) {
 
 LiteralForm FormOfLiteral(std::string_view literal) {
   return BeginsNumber(literal) ? FormOfNumber(literal) : FormOfCharacter(literal);
+}
+
+std::string WriteAdvice(const std::string& text) {
+  const bool isVisible =
+      std::all_of(text.begin(), text.end(), [](char byte) { return byte > ' ' && byte <= '~'; });
+  return text.size() <= 40 && isVisible ? "write \"" + text + '"' : std::string();
 }
 
 std::string LiteralAdvice(std::string_view literal) {

@@ -22,6 +22,9 @@ bool BeginsNumber(std::string_view text);
 /// Returns whether a character literal can begin with these letters, which may be none.
 bool IsCharacterPrefix(std::string_view letters);
 
+/// Returns the advice to write a text, or nothing if it is long or not all of it can be seen.
+std::string WriteAdvice(const std::string& text);
+
 /// Returns what to do about an invalid literal, or nothing.
 std::string LiteralAdvice(std::string_view literal);
 

@@ -9,7 +9,6 @@
 #include "check/literals.h"
 #include "check/value_tokens.h"
 #include "words/cpp_words.h"
-#include "words/printable.h"
 #include "words/tables.h"
 #include "words/word_forms.h"
 

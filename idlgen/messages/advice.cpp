@@ -21,9 +21,15 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
   return Quoted(first) + " has no type " + Quoted(part);
 }
 
-/// Returns where to put a type, or what the record lacks that it begins with, or nothing.
-std::string TypeAdvice(std::string_view type, std::size_t word, const Words& words) {
-  const std::string_view name = words.text(word - 1);
+/// Returns what the words of a file show about a type that is not declared: the symptom of its
+/// element, where to put it, or what the record lacks that it begins with. Or nothing.
+std::string AdviceOfWords(const Words& words, const Finding& finding) {
+  const std::string_view word = words.text(finding.word);
+  if (word.find('<') != std::string_view::npos) {
+    return SymptomOf(words, {finding.rule, finding.word, word}).advice;
+  }
+  const std::string_view type = finding.text;
+  const std::string_view name = words.text(finding.word - 1);
   const TypeNames declared = DeclaredTypes(words);
   const bool isType = LooksLikeType(name) || !TypeFor(name).empty() || declared.count(name) > 0;
   return isType ? R"(put the name first, as in "x: int8")" : MissingPart(type, words, declared);
@@ -33,13 +39,12 @@ std::string TypeAdvice(std::string_view type, std::size_t word, const Words& wor
 std::string UnknownTypeAdvice(Examination& examination, const SourceFile& file,
                               const Finding& finding) {
   const bool isPath = finding.text.find('.') != std::string_view::npos;
-  const std::string_view word = file.words.text(finding.word);
-  std::string elsewhere = isPath ? examination.typeAdvice(file, finding.text) : std::string();
-  if (!elsewhere.empty()) return elsewhere;
-  std::string advice = word.find('<') == std::string_view::npos
-                           ? TypeAdvice(finding.text, finding.word, file.words)
-                           : SymptomOf(file.words, {finding.rule, finding.word, word}).advice;
-  return advice.empty() && !isPath ? examination.typeAdvice(file, finding.text) : advice;
+  if (isPath) {
+    std::string advice = examination.typeAdvice(file, finding.text);
+    return advice.empty() ? AdviceOfWords(file.words, finding) : advice;
+  }
+  std::string advice = AdviceOfWords(file.words, finding);
+  return advice.empty() ? examination.typeAdvice(file, finding.text) : advice;
 }
 
 }  // namespace

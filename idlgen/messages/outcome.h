@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "words/printable.h"
+
 namespace zentho::idlgen {
 
 /// What a run does about warnings.
@@ -22,6 +24,8 @@ struct Outcome {
 constexpr const char* noMemory = "idlgen-header: Cannot allocate memory\n";
 
 /// Returns a message about a file: "idlgen-header: PATH: REASON" and a line feed.
-std::string ErrorLine(const std::string& path, const std::string& reason);
+inline std::string ErrorLine(const std::string& path, const std::string& reason) {
+  return "idlgen-header: " + Printable(path) + ": " + reason + "\n";
+}
 
 }  // namespace zentho::idlgen

@@ -76,11 +76,10 @@ Outcome reportOn(Examination& examination, SourceFile& file, Warnings warnings) 
   const bool isCut = told + findings.size() > maxMessages;
   if (isCut) findings.resize(maxMessages - told);
 
+  const std::vector<Diagnostic> diagnostics =
+      Diagnostics(examination, file, std::move(examined.diagnostics), std::move(findings));
   Outcome outcome{!hasError, {}};
-  for (const Diagnostic& diagnostic :
-       Diagnostics(examination, file, std::move(examined.diagnostics), std::move(findings))) {
-    outcome.messages += Lines(diagnostic);
-  }
+  for (const Diagnostic& diagnostic : diagnostics) outcome.messages += Lines(diagnostic);
   if (isCut) outcome.messages += Printable(file.path) + ": more messages are not shown\n";
   if (!examined.isComplete)
     outcome.messages += Printable(file.path) + ": the rest is not checked\n";

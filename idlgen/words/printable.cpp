@@ -1,6 +1,5 @@
 #include "words/printable.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -55,12 +54,6 @@ std::size_t ShownSize(std::string_view text) {
 std::string Shortened(std::string_view text) {
   const std::size_t shown = ShownSize(text);
   return Printable(text.substr(0, shown)) + (shown < text.size() ? "..." : "");
-}
-
-std::string WriteAdvice(const std::string& text) {
-  const bool isVisible =
-      std::all_of(text.begin(), text.end(), [](char byte) { return byte > ' ' && byte <= '~'; });
-  return text.size() <= 40 && isVisible ? "write \"" + text + '"' : std::string();
 }
 
 std::string Quoted(std::string_view text) {

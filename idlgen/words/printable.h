@@ -16,9 +16,6 @@ std::string Shortened(std::string_view text);
 /// The same, in quotes.
 std::string Quoted(std::string_view text);
 
-/// Returns the advice to write a text, or nothing if it is long or not all of it can be seen.
-std::string WriteAdvice(const std::string& text);
-
 /// The number of bytes of a line or word that a message shows.
 constexpr std::size_t maxShownSize = 200;
 
