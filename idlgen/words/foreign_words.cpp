@@ -171,7 +171,8 @@ std::string MeantLine(const LocatedWords& words, std::size_t word) {
   const std::string meant = isItem ? second : MeantType(isVector ? "[" + second + "]" : second);
   const bool isRight = line.count == 2 && !isTypeFirst && meant == second && name == first;
   const bool isWord = isItem ? NameSize(meant) == meant.size() : !meant.empty();
-  return isWord && !isRight && IsIdentifier(name) ? name + ": " + meant : std::string();
+  const bool isName = IsIdentifier(name) && FindKeyword(name) == Keyword::None;
+  return isName && isWord && !isRight ? name + ": " + meant : std::string();
 }
 
 }  // namespace zentho::idlgen
