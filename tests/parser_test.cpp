@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <sstream>
+#include <tuple>
 #include <typeinfo>
 
 #include "support.h"
@@ -44,51 +45,20 @@ TEST(Parser, IncludeDropsFirstCharacterAndExtension) {
                                                        "ase", "hidden", "", "", "a"}));
 }
 
-struct Namespace {
-  const char* name;
-  const char* path;
-  std::vector<std::string> components;
-};
-using Namespaces = testing::TestWithParam<Namespace>;
-
-TEST_P(Namespaces, AreSplitAtDots) {
+TEST(Parser, TakesTheBracketsFromTypes) {
+  const std::vector<CommonMember> expected = {
+      {0, "int32", 0, "a"},  {1, "string", 1, "b"}, {2, "uint8", 1, "c"}, {2, "int8", 1, "d"},
+      {0, "int32]", 0, "e"}, {0, "geo.P", 0, "f"},  {1, "", 1, "g"}};
   Schema schema;
-  EXPECT_EQ(Parse(std::string("namespace ") + GetParam().path, schema), "namespace done.\n");
-  EXPECT_EQ(schema.namespaces, GetParam().components);
-  EXPECT_TRUE(schema.namespaceSet);
+  Parse("message M { a int32 b [string] c [[uint8]] d x[int8]] e int32] f geo.P g [] }", schema);
+  const auto fields = [](const CommonMember& member) {
+    return std::tie(member.name, member.type, member.vectorDepth, member.isVector);
+  };
+  const std::vector<CommonMember>& members = schema.messages.at(0).members;
+  ASSERT_EQ(members.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i)
+    EXPECT_EQ(fields(members[i]), fields(expected[i]));
 }
-
-const std::vector<Namespace> namespaces = {{"One", "a", {"a"}},
-                                           {"Two", "robot.msgs", {"robot", "msgs"}},
-                                           {"EmptyParts", ".a..b.", {"a", "b"}}};
-INSTANTIATE_TEST_SUITE_P(Parser, Namespaces, testing::ValuesIn(namespaces), RowName<Namespace>);
-
-struct Type {
-  const char* name;
-  const char* declared;
-  const char* element;
-  int depth;
-};
-using Types = testing::TestWithParam<Type>;
-
-TEST_P(Types, LoseTheirBrackets) {
-  Schema schema;
-  Parse(std::string("message M { m ") + GetParam().declared + " }", schema);
-  const CommonMember member = schema.messages.at(0).members.at(0);
-  EXPECT_EQ(member.name, "m");
-  EXPECT_EQ(member.type, GetParam().element);
-  EXPECT_EQ(member.vectorDepth, GetParam().depth);
-  EXPECT_EQ(member.isVector, GetParam().depth > 0 ? 1 : 0);
-}
-
-constexpr Type types[] = {{"Plain", "int32", "int32", 0},
-                          {"Vector", "[string]", "string", 1},
-                          {"VectorOfVectors", "[[uint8]]", "uint8", 2},
-                          {"LeadingCharacterIsDropped", "x[int8]]", "int8", 2},
-                          {"ClosingBracketAlone", "int32]", "int32]", 0},
-                          {"OtherNamespace", "geo.Point", "geo.Point", 0},
-                          {"EmptyVector", "[]", "", 1}};
-INSTANTIATE_TEST_SUITE_P(Parser, Types, testing::ValuesIn(types), RowName<Type>);
 
 struct ElementType {
   const char* name;
@@ -182,11 +152,13 @@ TEST(Parser, TakesOneNamespace) {
 TEST(Parser, KeepsStatementsBeforeTheError) {
   Schema schema;
   EXPECT_EQ(
-      ParseWithError("namespace ..\ninclude \"a.idl\" enum E { } message M { x string y int8 z [ }",
-                     schema),
-      "namespace done.\ninclude done.\nenum done.\nWRONG format in [\n\nlines:\nnamespace\n..\n"
+      ParseWithError(
+          "namespace .a..b.\ninclude \"a.idl\" enum E { } message M { x string y int8 z [ }",
+          schema),
+      "namespace done.\ninclude done.\nenum done.\nWRONG format in [\n\nlines:\nnamespace\n.a..b.\n"
       "include\n\"a.idl\"\nenum\nE\n{\n}\nmessage\nM\n{\nx\nstring\ny\nint8\nz\n[\n");
   EXPECT_EQ(schema.includes, std::vector<std::string>{"a"});
+  EXPECT_EQ(schema.namespaces, (std::vector<std::string>{"a", "b"}));
   EXPECT_EQ(schema.enums.size(), 1U);
   EXPECT_TRUE(schema.messages.empty());
   EXPECT_TRUE(schema.hasString);

@@ -53,12 +53,6 @@ a.idl:1:36: error: "Größe" is not declared
     1 | \tmessage M\xff\x1b\u009b\u200b\U000e0001{\r.
       | ^~
 )"},
-    {"EmptyLinesAndNoLastLineFeed", "\n\n# comment\n}",
-     R"(a.idl:4:1: error: "}" is not a statement: there is no "{" for it
-    4 | }
-      | ^
-)"},
-    {"OneByte", "+", FirstWord("+") + "    1 | +\n      | ^\n"},
     {"LineNumberOfSixDigits", Repeated(123455, "#\n") + "+",
      "a.idl:123456:1: error: \"+\"" + noStatement + "123456 | +\n       | ^\n"},
     {"LineOf200Bytes", "+ " + Repeated(198, "."),
@@ -77,9 +71,6 @@ a.idl:1:36: error: "Größe" is not declared
     {"CutBetweenCharacters", "a" + Repeated(101, "é"),
      FirstWord("a" + Repeated(99, "é") + "...") + "    1 | a" + Repeated(99, "é") +
          "...\n      | ^" + Repeated(99, "~") + "\n"},
-    {"CutBetweenCharactersOfThreeBytes", Repeated(68, "温"),
-     FirstWord(Repeated(66, "温") + "...") + "    1 | " + Repeated(66, "温") + "...\n      | ^" +
-         Repeated(65, "~") + "\n"},
     {"BeginsBetweenCharacters", "enum b" + Repeated(100, "é") + " (",
      "a.idl:1:208: error: \"(\" is not \"{\": only a name stands before it\n    1 | ..." +
          Repeated(20, "é") + " (\n      | " + Repeated(24, " ") + "^\n"},

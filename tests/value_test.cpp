@@ -58,6 +58,8 @@ TEST(Value, IsAnErrorWithTheCompiler) {
       "-(float)1 ~1.5 -nullptr sizeof sizeof+ sizeof(int)1 sizeof(int)(1) static_cast<int> "
       "static_cast(1) static_cast<int>>(1) alignof decltype(A)1 int(A(1)) f(1)2 (1)not(2) and(1) "
       "class this class(1) throw(1) operator(1) A.B (Mode.A)-1 A->B A[0] [1] ... (A...) "
+      "0x nullptr int size_t 1<< (A)1 A(1) true(1) (int) sizeof<1 static_cast<int>1 (float)1 "
+      "int8_t+1 1?2 --1 A++ &A *A u8'ab' 1|u'ab' U'ab' 'a'or(1) "
       "L'' u8'é' u8'\\u00e9' u'😀' u'\\U0001f600' '\\ud800' L'\\udfff' '\\x' '\\u1' '\\U0000041' "
       "'a'b 'a''b' (1)'a' x'a'");
   for (const std::string& word : words) EXPECT_TRUE(IsError(word)) << word;
@@ -70,7 +72,10 @@ TEST(Value, CannotEndOrHideWhatFollows) {
       "1;x=2 1=2 A=1 A+=1 A<<=1 1} 1{ f<1,2>(3) f(}) f(A=1) f(A++) f(<:) f(1//2) 1/*2*/ <%1 1%> "
       "f(1<<<%) f(%>=1) f([]) f(1?2) f(#) @1 `1` ( (1 1) )( (1)) f( f(1)) f((1) f(1,2),3 f(1)(2 "
       "static_cast<int(1) ' 'a '\\' 'a\\' 1'a;' 1';' 1'|';x;' 1.'|';x;' f(1.5';') 1.$'a|';x;' "
-      "'?\?/' f('?\?/') 'a'x';' f('a) f(''') R'(' f(R\"(\") \x01 1\x7f '\x01' '\x7f' '\xc2\x85' "
+      "\"a\" sizeof\"a\" sizeof(R\"x(\" (\")x\") f(' ') 1\\ f(<%) f(/*) f(1;2) 0;int/**/x(int) "
+      "f(\"a\") f(u8R\"(a)\") f(\\u0041) f(1?\?/ sizeof+1 int(1.5) 1.5<2 int() "
+      "f<int,1>(2) f(a[1]) '?\?/' f('?\?/') 'a'x';' f('a) f(''') R'(' f(R\"(\") \x01 1\x7f '\x01' "
+      "'\x7f' '\xc2\x85' "
       "1\xff f(\xff) \xc2\xa0 A° f(°) A\xe2\x80\x8b 1\xe3\x80\x80static A\xe1\x9a\x80 "
       "f(A\xe1\xa0\x8e)");
   words.emplace_back("'\t'");
@@ -82,6 +87,7 @@ TEST(Value, IsCopiedUncheckedWithCallsAndCommas) {
        Words("const_cast<X>(1) noexcept(f(1)) f() f(int) f(1)(2) f(1.5) f('(') f(/) sizeof() "
              "float(1) "
              "typeid(A) sizeof(sizeof(int)) ((A,1),2) int((1,2)) (X)f(1) !(X)1 (X)~1 (X)(1) (X)'a' "
+             "alignof(int)|X decltype(A)(1) INT64_C(1) Mode(0) (Mode)1 (E)1 "
              "char8_t(1) (char8_t)1 (Mode)+1 UNKNOWN|f(1,2)|'é' f<1>(2)(3)")) {
     EXPECT_EQ(Told(word), '"' + word + "\" is C++ and is copied unchecked");
   }

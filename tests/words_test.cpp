@@ -1,6 +1,6 @@
-#include "words/characters.h"
-
 #include "support.h"
+#include "words/characters.h"
+#include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -65,6 +65,24 @@ TEST(Characters, AreControlsAlsoBeyondAscii) {
   EXPECT_TRUE(HasControlCharacter("a\x1b"));
   EXPECT_TRUE(HasControlCharacter("\xc2\x9b"));
   EXPECT_FALSE(HasControlCharacter("a\xc2\xa0\x9b"));  // A space, and a byte that is no UTF-8.
+}
+
+TEST(IsTypeForm, LooksAtTheWholeWord) {
+  for (const char* word :
+       {"x",         "a.b",      ".a",        ".a.b.c",     "goto",         "[x]",
+        "[[.a.b]]",  "a<b>",     "a.b<.c.d>", "a<b,c>",     "a<1>",         "[a<b>]",
+        "a<>",       "a<b<>>",   "a<b<>,c>",  "a<b<c<d>>>", "a<b<c>,d<e>>", "a<b>.c",
+        "a<b>.c<d>", "a<b>.c.d", "a<b1>",     "a<12,3>"}) {
+    EXPECT_TRUE(IsTypeForm(word)) << word;
+  }
+  for (const char* word :
+       {"",        ".",       "a.",    "a..b",   "..a",   "1",      "a-b",     "[]",
+        "[[x]",    "[x]]",    "x[]",   "[x][y]", "]x[",   "[x][",   "[",       "<",
+        "<a>",     ".<a>",    "1<a>",  "a<,>",   "a<b,>", "a<,b>",  "a<b,,c>", "a<b",
+        "a<b<c>",  "a>",      "a<b>>", "a<b>,c", "a,b",   "a<b>c",  "a<b>.",   "a<b>.1",
+        "a<b>.c<", "a<b><c>", "a<1b>", "a<-1>",  "a<b*>", "a<b c>", "a<b[1]>", "a<(b)>"}) {
+    EXPECT_FALSE(IsTypeForm(word)) << word;
+  }
 }
 
 }  // namespace
