@@ -36,8 +36,10 @@ COMPONENTS = ["fleet", "arm", "core", "größe", "x1", "узел", "机器人"]
 # Cases whose messages depend on the whole of their files.
 UNFILLED = [f"case {name}" for name in """HiddenLibrary NamesOfTheFramework Namespaces
     TypesBelow""".split()]
-# One of its files is a directory's name for another. The others depend on where lines end.
-LEFT_OUT = ["case MisspeltIncludes", "case CarriageReturns", "case CarriageReturnsInHalfOfTheLines"]
+# One of its files is a directory's name for another. The others depend on where lines end, or have
+# two files of one header.
+LEFT_OUT = ["case MisspeltIncludes", "case CarriageReturns", "case CarriageReturnsInHalfOfTheLines",
+            "case TwoFilesOfOneHeader"]
 NOT_FOUND = re.compile(
     r'\S+ is not found: (what it declares is not checked|did you mean "(?P<hint>[^"]+)"\?|'
     r'it is in "(?P<above>[^"]+)", which is not searched)'

@@ -84,7 +84,8 @@ Line LineOf(const LocatedWords& words, std::size_t word) {
     const bool isNumber = text.find_first_not_of("[]0123456789-*") == std::string_view::npos;
     const bool isExtra = text.front() == '@' || IsQualifier(text);
     const bool isSign = text == "->" || text == "as" || (text == "=" && known == 1);
-    const bool isOther = isSign || (isNumber ? known != 1 : isExtra && !IsBeforeColon(words, i));
+    const bool isOther = isSign || (isNumber ? known != 1 && !IsAfterColon(words, i)
+                                             : isExtra && !IsBeforeColon(words, i));
     if (isOther) {
       line.isVector = line.isVector || text == "repeated" || text.front() == '[';
     } else if (isJoined) {
