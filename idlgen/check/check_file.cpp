@@ -65,7 +65,7 @@ void checkWords(Context& context) {
 
 }  // namespace
 
-std::vector<Finding> CheckFile(const Declarations& declarations, const File& file) {
+std::vector<Finding> CheckFile(const Declarations& declarations, const CheckedFile& file) {
   const View view(declarations, file);
   Context context(view);
   const std::string& other = file.source->sameHeaderAs;

@@ -10,7 +10,7 @@ Context::Context(const View& viewOfFile)
 
 bool Context::reportNamespace(const Rule& rule, std::size_t i, std::string_view text,
                               const Namespace* space) {
-  const File* const first = space == nullptr ? nullptr : view.firstIn(*space);
+  const CheckedFile* const first = space == nullptr ? nullptr : view.firstIn(*space);
   if (first == nullptr) return false;
   report(rule, i, text, {{first->source, first->namespaceWord}});
   return true;

@@ -46,7 +46,7 @@ class Context {
   bool checkNewName(std::size_t i, std::string_view text);
 
   const View& view;
-  const File& file;
+  const CheckedFile& file;
   const Words& words;
   Lookup lookup;
   std::vector<Finding> findings;

@@ -11,7 +11,7 @@ namespace {
 
 /// A word of a file that is checked.
 struct FileWord {
-  const File* file;
+  const CheckedFile* file;
   std::size_t word;
 };
 
@@ -49,7 +49,7 @@ std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
     return misfit;
   }
   const Declaration* const name = record != nullptr ? record : item;
-  const File* const inside = clash.space == nullptr ? nullptr : view.firstIn(*clash.space);
+  const CheckedFile* const inside = clash.space == nullptr ? nullptr : view.firstIn(*clash.space);
   if (name == nullptr || inside == nullptr) return std::nullopt;
   return Misfit{name->name, {name->file, name->word}, {inside, inside->namespaceWord}};
 }
@@ -87,7 +87,7 @@ void checkMisfits(Context& context) {
 }  // namespace
 
 void checkIncludes(Context& context) {
-  const std::vector<const File*> cycle = context.view.filesThatIncludeUser();
+  const std::vector<const CheckedFile*> cycle = context.view.filesThatIncludeUser();
   for (const Inclusion& inclusion : context.file.includes) {
     const bool isItself = inclusion.file == &context.file;
     const bool isBack = std::find(cycle.begin(), cycle.end(), inclusion.file) != cycle.end();

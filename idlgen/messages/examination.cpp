@@ -40,10 +40,10 @@ Examined Examination::examine(SourceFile& file) {
 }
 
 std::string Examination::typeAdvice(const SourceFile& file, std::string_view type) {
-  const File& user = declarations->fileOf(file);
+  const CheckedFile& user = declarations->fileOf(file);
   const KnownTypes known(*declarations, user);
-  const std::vector<const File*> others = known.filesThatDeclare(type);
-  for (const File* const other : others) {                 // Never if the file is alone.
+  const std::vector<const CheckedFile*> others = known.filesThatDeclare(type);
+  for (const CheckedFile* const other : others) {          // Never if the file is alone.
     if (View(*declarations, *other).has(&user)) continue;  // It would be a cycle.
     const std::string included = sources->includePath(file, *other->source);
     if (!included.empty()) return "is " + Quoted(included) + " to be included?";

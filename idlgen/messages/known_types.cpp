@@ -19,15 +19,15 @@ std::string_view LastPart(std::string_view type) {
 
 }  // namespace
 
-KnownTypes::KnownTypes(const Declarations& declarations, const File& user)
+KnownTypes::KnownTypes(const Declarations& declarations, const CheckedFile& user)
     : view(declarations, user), lookup(view) {}
 
-std::vector<const File*> KnownTypes::filesThatDeclare(std::string_view type) const {
+std::vector<const CheckedFile*> KnownTypes::filesThatDeclare(std::string_view type) const {
   const std::vector<std::string_view> parts = Components(type);
   const bool isPart = parts.size() > 1 && IsPartName(parts.back());
   const std::size_t last = parts.size() - (isPart ? 2 : 1);
   const std::vector<const Namespace*>& namespaces = view.user().namespaces;
-  std::vector<const File*> files;
+  std::vector<const CheckedFile*> files;
   for (auto outer = namespaces.rbegin(); outer != namespaces.rend(); ++outer) {
     const Namespace* space = *outer;
     for (std::size_t i = 0; i < last && space != nullptr; ++i) space = space->inner(parts[i]);
@@ -68,12 +68,12 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
 
 /// Returns the types that the user sees, in the order of their declarations.
 std::vector<const Declaration*> KnownTypes::typesInView() const {
-  std::vector<const File*> files = view.others();
+  std::vector<const CheckedFile*> files = view.others();
   files.push_back(&view.user());
   std::sort(files.begin(), files.end(),
-            [](const File* a, const File* b) { return a->begin < b->begin; });
+            [](const CheckedFile* a, const CheckedFile* b) { return a->begin < b->begin; });
   std::vector<const Declaration*> declared;
-  for (const File* const file : files) {
+  for (const CheckedFile* const file : files) {
     for (std::size_t i = file->begin; i < file->end; ++i) {
       if (IsTypeName(view.all().list()[i].role)) declared.push_back(&view.all().list()[i]);
     }

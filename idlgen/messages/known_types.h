@@ -13,10 +13,10 @@ namespace zentho::idlgen {
 /// The types that may be meant by a name that one of the files uses.
 class KnownTypes {
  public:
-  KnownTypes(const Declarations& declarations, const File& user);
+  KnownTypes(const Declarations& declarations, const CheckedFile& user);
 
   /// Returns the files that the user does not see and in which it would find the type.
-  [[nodiscard]] std::vector<const File*> filesThatDeclare(std::string_view type) const;
+  [[nodiscard]] std::vector<const CheckedFile*> filesThatDeclare(std::string_view type) const;
 
   /// Returns the built-in type or the declared one whose name is most similar, as the user must
   /// write it, or nothing.

@@ -23,14 +23,14 @@ const Namespace* Namespace::inner(std::string_view wanted) const {
 Declarations::Declarations(const std::vector<SourceFile*>& sources) {
   spaces.push_back({{}, 0});
   for (SourceFile* const source : sources) {
-    fileOfSource.emplace(source, &files.emplace_back(File{source, files.size()}));
+    fileOfSource.emplace(source, &files.emplace_back(CheckedFile{source, files.size()}));
     declareAll(files.back());
   }
-  for (File& file : files) findIncludes(file);
+  for (CheckedFile& file : files) findIncludes(file);
 }
 
 void Declarations::update(const SourceFile& source) {
-  File& file = *fileOfSource.at(&source);
+  CheckedFile& file = *fileOfSource.at(&source);
   for (std::size_t i = file.begin; i < file.end; ++i) declarations[i].file = nullptr;
   file = {file.source, file.number};
   declareAll(file);
@@ -38,7 +38,7 @@ void Declarations::update(const SourceFile& source) {
   knownClashes.reset();
 }
 
-void Declarations::declareAll(File& file) {
+void Declarations::declareAll(CheckedFile& file) {
   const Words& words = file.words();
   file.begin = declarations.size();
   Namespace& space = enterNamespace(file);
@@ -50,7 +50,7 @@ void Declarations::declareAll(File& file) {
 }
 
 /// Finds the namespaces of the file. Returns the innermost one.
-Namespace& Declarations::enterNamespace(File& file) {
+Namespace& Declarations::enterNamespace(CheckedFile& file) {
   const Words& words = file.words();
   Namespace* space = &spaces.front();
   file.namespaces = {space};
@@ -83,7 +83,7 @@ std::string_view Declarations::declaredName(std::string_view word) {
   return meantNames.emplace_back(std::move(name));
 }
 
-void Declarations::declare(Namespace& space, File& file, std::size_t word) {
+void Declarations::declare(Namespace& space, CheckedFile& file, std::size_t word) {
   const Role role = file.words().role(word);
   const std::string_view name = declaredName(file.words().text(word));
   const bool isItem = role == Role::ItemName;
@@ -102,7 +102,7 @@ void Declarations::declare(Namespace& space, File& file, std::size_t word) {
 }
 
 /// Finds the includes among the words, and whether all of them lead to files that are checked.
-void Declarations::findIncludes(File& file) {
+void Declarations::findIncludes(CheckedFile& file) {
   const Words& words = file.words();
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words.role(i) != Role::IncludePath) continue;
@@ -117,7 +117,7 @@ void Declarations::findIncludes(File& file) {
   }
 }
 
-const Declaration* Declarations::declaredAt(const File& file, std::size_t word) const {
+const Declaration* Declarations::declaredAt(const CheckedFile& file, std::size_t word) const {
   const auto begin = declarations.begin();
   const auto end = begin + static_cast<std::ptrdiff_t>(file.end);
   const auto found = std::lower_bound(

@@ -13,14 +13,14 @@
 
 namespace zentho::idlgen {
 
-struct File;
+struct CheckedFile;
 struct Namespace;
 
 /// A name that a file declares: of an enum, a message, a service or an item.
 struct Declaration {
   std::string_view name;  ///< As it is meant, if the word is no name.
   Role role;
-  const File* file;  ///< nullptr if the words of the file have changed since.
+  const CheckedFile* file;  ///< nullptr if the words of the file have changed since.
   std::size_t word;
   const Namespace* space;
 
@@ -47,11 +47,11 @@ struct Namespace {
 /// An include statement that leads to a file which is checked, too.
 struct Inclusion {
   std::size_t word;  ///< The index of the path.
-  const File* file;
+  const CheckedFile* file;
 };
 
 /// A file that is checked, and what its words declare.
-struct File {
+struct CheckedFile {
   SourceFile* source;
   std::size_t number;
   bool isComplete = true;  ///< Whether all includes lead to files that are checked.
@@ -83,31 +83,31 @@ class Declarations {
   /// Declares what the words of a file declare after they have changed.
   void update(const SourceFile& source);
 
-  [[nodiscard]] const File& fileOf(const SourceFile& source) const {
+  [[nodiscard]] const CheckedFile& fileOf(const SourceFile& source) const {
     return *fileOfSource.at(&source);
   }
-  [[nodiscard]] const std::deque<File>& allFiles() const { return files; }
+  [[nodiscard]] const std::deque<CheckedFile>& allFiles() const { return files; }
   [[nodiscard]] const std::deque<Declaration>& list() const { return declarations; }
   [[nodiscard]] std::size_t countNamespaces() const { return spaces.size(); }
 
   /// Returns what the word of a file declares, or nullptr.
-  [[nodiscard]] const Declaration* declaredAt(const File& file, std::size_t word) const;
+  [[nodiscard]] const Declaration* declaredAt(const CheckedFile& file, std::size_t word) const;
 
   /// Returns the names that clash in some of the files, in the order of their declarations.
   [[nodiscard]] const std::vector<Clash>& clashes() const;
 
  private:
-  void declareAll(File& file);
-  Namespace& enterNamespace(File& file);
+  void declareAll(CheckedFile& file);
+  Namespace& enterNamespace(CheckedFile& file);
   std::string_view declaredName(std::string_view word);
-  void declare(Namespace& space, File& file, std::size_t word);
-  void findIncludes(File& file);
+  void declare(Namespace& space, CheckedFile& file, std::size_t word);
+  void findIncludes(CheckedFile& file);
 
-  std::deque<File> files;
+  std::deque<CheckedFile> files;
   std::deque<Namespace> spaces;
   std::deque<Declaration> declarations;
   std::deque<std::string> meantNames;  ///< Of words that are none, which the declarations refer to.
-  std::unordered_map<const SourceFile*, File*> fileOfSource;
+  std::unordered_map<const SourceFile*, CheckedFile*> fileOfSource;
   mutable std::optional<std::vector<Clash>> knownClashes;
 };
 

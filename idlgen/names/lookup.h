@@ -52,7 +52,7 @@ class Lookup {
   const View& view;
 
  private:
-  const File& file;
+  const CheckedFile& file;
   const std::vector<const Namespace*>& namespaces;  ///< From the global one to that of the file.
   bool isInFramework;  ///< Whether the namespace is the framework's, which has more names.
 };

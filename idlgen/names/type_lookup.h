@@ -51,7 +51,7 @@ class TypeLookup {
 
   const Lookup& lookup;
   const View& view;
-  const File& file;
+  const CheckedFile& file;
   const std::vector<const Namespace*>& namespaces;  ///< From the global one to that of the file.
   const Scope& scope;
 };

@@ -5,7 +5,7 @@
 
 namespace zentho::idlgen {
 
-View::View(const Declarations& allDeclarations, const File& fileThatLooks)
+View::View(const Declarations& allDeclarations, const CheckedFile& fileThatLooks)
     : declarations(allDeclarations),
       file(&fileThatLooks),
       sees(allDeclarations.allFiles().size()),
@@ -20,7 +20,7 @@ View::View(const Declarations& allDeclarations, const File& fileThatLooks)
 }
 
 /// Sees the namespaces of a file, and puts the files that it includes on the list.
-void View::see(const File& other) {
+void View::see(const CheckedFile& other) {
   seenCount += other.end - other.begin;
   mayMissAll = mayMissAll || !other.isComplete;
   const SourceFile& source = *other.source;
@@ -41,14 +41,14 @@ void View::see(const File& other) {
 /// too.
 std::vector<const Declaration*> View::seenOf(const Namespace& space, std::string_view name) const {
   std::vector<std::size_t> indexes;
-  const auto append = [&](const File& seen) {
+  const auto append = [&](const CheckedFile& seen) {
     for (std::size_t i = seen.begin; i < seen.end; ++i) {
       const Declaration& declaration = declarations.list()[i];
       if (declaration.name == name && declaration.space == &space) indexes.push_back(i);
     }
   };
   append(*file);
-  for (const File* const other : included) append(*other);
+  for (const CheckedFile* const other : included) append(*other);
   std::sort(indexes.begin(), indexes.end());
   std::vector<const Declaration*> found;
   for (const std::size_t i : indexes) found.push_back(&declarations.list()[i]);
@@ -61,8 +61,8 @@ bool View::mayMiss(std::string_view name) const {
          });
 }
 
-std::vector<const File*> View::filesThatIncludeUser() const {
-  std::vector<const File*> found;
+std::vector<const CheckedFile*> View::filesThatIncludeUser() const {
+  std::vector<const CheckedFile*> found;
   if (!isIncluded) return found;
   std::vector<char> leadsBack(sees.size());
   leadsBack[file->number] = 1;
@@ -83,9 +83,9 @@ std::vector<const File*> View::filesThatIncludeUser() const {
   return found;
 }
 
-const File* View::firstIn(const Namespace& space) const {
-  const File* first = nullptr;
-  for (const File* const other : included) {
+const CheckedFile* View::firstIn(const Namespace& space) const {
+  const CheckedFile* first = nullptr;
+  for (const CheckedFile* const other : included) {
     const std::vector<const Namespace*>& own = other->namespaces;
     const bool isIn = std::find(own.begin(), own.end(), &space) != own.end();
     if (isIn && (first == nullptr || other->number < first->number)) first = other;

@@ -11,15 +11,15 @@ namespace zentho::idlgen {
 /// declarations change.
 class View {
  public:
-  View(const Declarations& allDeclarations, const File& fileThatLooks);
+  View(const Declarations& allDeclarations, const CheckedFile& fileThatLooks);
 
   [[nodiscard]] const Declarations& all() const { return declarations; }
-  [[nodiscard]] const File& user() const { return *file; }
+  [[nodiscard]] const CheckedFile& user() const { return *file; }
 
   /// The files that are seen, apart from the user.
-  [[nodiscard]] const std::vector<const File*>& others() const { return included; }
+  [[nodiscard]] const std::vector<const CheckedFile*>& others() const { return included; }
 
-  [[nodiscard]] bool has(const File* other) const {
+  [[nodiscard]] bool has(const CheckedFile* other) const {
     return other != nullptr && sees[other->number] != 0;
   }
   [[nodiscard]] bool has(const Namespace& space) const { return seesNamespace[space.number] != 0; }
@@ -29,10 +29,10 @@ class View {
   [[nodiscard]] bool mayMiss(std::string_view name) const;
 
   /// Returns the files that include the user, also through others, among those that are seen.
-  [[nodiscard]] std::vector<const File*> filesThatIncludeUser() const;
+  [[nodiscard]] std::vector<const CheckedFile*> filesThatIncludeUser() const;
 
   /// Returns the first of the others that declares names in a namespace, or nullptr.
-  [[nodiscard]] const File* firstIn(const Namespace& space) const;
+  [[nodiscard]] const CheckedFile* firstIn(const Namespace& space) const;
 
   /// Returns the namespace of this name in another one, if it is seen, or nullptr.
   [[nodiscard]] const Namespace* inner(const Namespace& space, std::string_view name) const;
@@ -56,16 +56,16 @@ class View {
   }
 
  private:
-  void see(const File& other);
+  void see(const CheckedFile& other);
   [[nodiscard]] std::vector<const Declaration*> seenOf(const Namespace& space,
                                                        std::string_view name) const;
 
   const Declarations& declarations;
-  const File* file;
+  const CheckedFile* file;
   bool isIncluded = false;  ///< Whether one of the others includes the user.
   bool mayMissAll = false;
   std::vector<const DroppedWords*> dropped;  ///< Of all files, unless there are none.
-  std::vector<const File*> included;
+  std::vector<const CheckedFile*> included;
   std::size_t seenCount = 0;        ///< Of the declarations in all files.
   std::vector<char> sees;           ///< 1 for each file that is seen, by its number.
   std::vector<char> seesNamespace;  ///< The same for namespaces.
