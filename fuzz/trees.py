@@ -219,9 +219,10 @@ def try_tree(tools, directory, rng, kind):
     if kind.slip and kind.slip[0] == NO_BASE:
         layout.bases.remove(rng.choice(BASES))
     flags = [flag for base in layout.bases for flag in ("-I", base)]
-    # The paths by which the files are named: perhaps through a link. Others are only included.
-    order = {path: rng.choice(layout.names_of(path))
-             for i, path in enumerate(rng.sample(sorted(texts), len(texts)))
+    # The paths by which the files are named: perhaps through a link. Others are only included. An
+    # include that several files of a case lack is told at the first of them.
+    paths = list(texts) if layout.own_paths else rng.sample(sorted(texts), len(texts))
+    order = {path: rng.choice(layout.names_of(path)) for i, path in enumerate(paths)
              if i == 0 or marks[path] or kind.expected == WARNING or rng.random() < 0.9}
     told = run(directory, tools.checker, "--check", *flags, *order.values())
     said = told.stderr.decode(errors="replace")
