@@ -51,6 +51,7 @@ std::vector<const Declaration*> View::seenOf(const Namespace& space, std::string
   for (const CheckedFile* const other : included) append(*other);
   std::sort(indexes.begin(), indexes.end());
   std::vector<const Declaration*> found;
+  found.reserve(indexes.size());
   for (const std::size_t i : indexes) found.push_back(&declarations.list()[i]);
   return found;
 }

@@ -33,6 +33,7 @@ void Sources::load(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) loadNamed(path);
   for (SourceFile& file : sources) file.isNamed = true;
   // The files that are included are appended, so that the loop comes to them.
+  // NOLINTNEXTLINE(modernize-loop-convert)
   for (std::size_t i = 0; i < sources.size(); ++i) findIncludes(sources[i]);
   indexNames();
   for (SourceFile& file : sources) {
