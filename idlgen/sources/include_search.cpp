@@ -40,24 +40,6 @@ std::string Joined(std::string directory, std::string_view path) {
   }
 }
 
-/// A directory, and the path that leads from there to another one: empty, or with a '/' at its end.
-struct Ancestor {
-  std::string directory;
-  std::string path;
-};
-
-/// Returns a directory and each one above it that its path names.
-std::vector<Ancestor> Ancestors(std::string directory) {
-  std::vector<Ancestor> ancestors = {{directory, ""}};
-  while (true) {
-    while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
-    const std::string name = FileName(directory);
-    if (name.empty() || name == "..") return ancestors;
-    directory = DirectoryOf(directory);
-    ancestors.push_back({directory, (name == "." ? "" : name + "/") + ancestors.back().path});
-  }
-}
-
 std::string Normal(const std::string& path) {
   return std::filesystem::path(path).lexically_normal().string();
 }
@@ -140,13 +122,12 @@ IncludeSearch::Result IncludeSearch::search(const std::string& directory, const 
 /// Returns whether another file than this result may have its header beside that of the includer.
 bool IncludeSearch::mayComeBefore(const Result& result, const std::string& directory,
                                   const std::string& path) {
-  for (const Ancestor& ancestor : Ancestors(directory)) {
-    const FileId id = lookAtDirectory(ancestor.directory).id;
-    if (baseIds.count(id) == 0) continue;
+  for (const Ancestor& ancestor : ancestors(directory)) {
+    if (baseIds.count(ancestor.id) == 0) continue;
     const std::string pathInBase = Normal(ancestor.path + path);
     if (LeadsOut(pathInBase)) continue;
     for (const Base* const base : basesWithFile(pathInBase)) {
-      if (base->id == id) continue;
+      if (base->id == ancestor.id) continue;
       const Result other = look(base->path, pathInBase);
       if (other.kind == IncludeKind::Missing) continue;
       if (other.kind != result.kind || other.id != result.id) return true;
@@ -181,6 +162,23 @@ const Entry& IncludeSearch::lookAtDirectory(const std::string& directory) {
   const auto [known, isNew] = directories.try_emplace(directory);
   if (isNew) known->second = tree.look(directory.empty() ? "." : directory);
   return known->second;
+}
+
+/// Returns a directory and each one above it that its path names.
+const std::vector<IncludeSearch::Ancestor>& IncludeSearch::ancestors(const std::string& directory) {
+  const auto [known, isNew] = ancestorsOf.try_emplace(directory);
+  std::vector<Ancestor>& result = known->second;
+  if (!isNew) return result;
+  result.push_back({directory, lookAtDirectory(directory).id, ""});
+  std::string above = directory;
+  while (true) {
+    while (above.size() > 1 && above.back() == '/') above.pop_back();
+    const std::string name = FileName(above);
+    if (name.empty() || name == "..") return result;
+    above = DirectoryOf(above);
+    const std::string path = (name == "." ? "" : name + "/") + result.back().path;
+    result.push_back({above, lookAtDirectory(above).id, path});
+  }
 }
 
 const std::vector<std::string>& IncludeSearch::namesBeside(const std::string& directory) {
@@ -240,7 +238,7 @@ std::string IncludeSearch::similarPath(const std::string& directory, std::string
 }
 
 std::string IncludeSearch::directoryAbove(const std::string& directory, std::string_view path) {
-  for (const Ancestor& ancestor : Ancestors(directory)) {
+  for (const Ancestor& ancestor : ancestors(directory)) {
     const std::string& above = ancestor.directory;
     if (look(above, std::string(path)).kind != IncludeKind::Found) continue;
     return above.size() > 1 ? above.substr(0, above.size() - 1) : "." + above;
@@ -252,9 +250,8 @@ std::string IncludeSearch::shortestPath(const std::string& directory, const std:
   const FileId id = tree.look(path).id;
   const FileId start = lookAtDirectory(directory).id;
   std::vector<std::string> paths;
-  for (const Ancestor& ancestor : Ancestors(DirectoryOf(path))) {
-    const FileId above = lookAtDirectory(ancestor.directory).id;
-    const bool isSearched = above == start || baseIds.count(above) > 0;
+  for (const Ancestor& ancestor : ancestors(DirectoryOf(path))) {
+    const bool isSearched = ancestor.id == start || baseIds.count(ancestor.id) > 0;
     if (isSearched) paths.push_back(ancestor.path + FileName(path));
   }
   const std::filesystem::path from = Normal(directory.empty() ? "." : directory);

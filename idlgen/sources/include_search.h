@@ -64,6 +64,13 @@ class IncludeSearch {
     FileId id;
   };
 
+  /// A directory above another one, or that one itself.
+  struct Ancestor {
+    std::string directory;
+    FileId id;
+    std::string path;  ///< From there to the other one: empty, or with a '/' at its end.
+  };
+
   /// What stands in a directory below all base directories.
   struct Names {
     std::vector<std::string> list;
@@ -75,6 +82,7 @@ class IncludeSearch {
   bool mayComeBefore(const Result& result, const std::string& directory, const std::string& path);
   bool hasHeader(const std::string& directory, const std::string& path);
   Result look(const std::string& directory, const std::string& path);
+  const std::vector<Ancestor>& ancestors(const std::string& directory);
   const std::vector<std::string>& namesBeside(const std::string& directory);
   const Names& namesIn(const std::string& directory);
   std::vector<const Base*> basesWithFile(const std::string& path);
@@ -83,7 +91,8 @@ class IncludeSearch {
   std::vector<Base> bases;
   std::set<FileId> baseIds;                         ///< Of those that exist.
   std::unordered_map<std::string, Result> results;  ///< By the directory, a zero byte and the path.
-  std::unordered_map<std::string, Entry> directories;               ///< What stands at these paths.
+  std::unordered_map<std::string, Entry> directories;  ///< What stands at these paths.
+  std::unordered_map<std::string, std::vector<Ancestor>> ancestorsOf;
   std::unordered_map<std::string, std::vector<std::string>> lists;  ///< Of directories.
   std::unordered_map<std::string, Names> namesOf;  ///< By the path below the base directories.
   std::size_t compared = 0;  ///< The number of names that were compared with missing ones.
