@@ -2,13 +2,13 @@
 import os.path
 import re
 
+from cases import MARKS
 from tree_kinds import FORGOTTEN, ITEM, MISSING, NAMESPACE, NO_BASE, PATH, RECORD
 
 # Where the word of a slip stands in a statement.
 WORDS = {RECORD: r"(?:message|enum|service) (\S+) \{", NAMESPACE: r"namespace (\S+)",
          ITEM: r"([A-Z]\w*\d): \S+",
          **dict.fromkeys([PATH, MISSING, FORGOTTEN, NO_BASE], r"include (\S+)")}
-ERROR_MARK = "\ue000"
 
 
 def used_type(text):
@@ -30,7 +30,7 @@ def mark_unknown(statements):
                      if text.startswith("include ") and text[len("include "):] not in seen]
         for i, text in enumerate(texts):
             if declared.get(used_type(text), name) not in seen:
-                texts[i] = text.replace(": ", ": " + ERROR_MARK, 1)
+                texts[i] = text.replace(": ", ": " + MARKS["error"], 1)
 
 
 def put_slip(rng, slip, statements):
@@ -56,7 +56,7 @@ def put_slip(rng, slip, statements):
                    for form in forms]
         changed = rng.choice([other for other in changed if other != word])
         changed = changed if "@" in changed else "@" + changed
-        text = statements[name][i].replace(word, changed.replace("@", ERROR_MARK), 1)
+        text = statements[name][i].replace(word, changed.replace("@", MARKS["error"]), 1)
         statements[name][i] = f"\n{text}\n" if " " in changed else text  # Words of one line.
     return True
 

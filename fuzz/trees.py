@@ -36,7 +36,7 @@ COMPONENTS = ["fleet", "arm", "core", "größe", "x1", "узел", "机器人"]
 # Cases whose messages depend on the whole of their files.
 UNFILLED = [f"case {name}" for name in """HiddenLibrary NamesOfTheFramework Namespaces
     TypesBelow""".split()]
-# One of its files is a directory's name for another. The others depend on where lines end, or have
+# In the first, a file has the name of another one's directory. The others depend on where lines end, or have
 # two files of one header.
 LEFT_OUT = ["case MisspeltIncludes", "case CarriageReturns", "case CarriageReturnsInHalfOfTheLines",
             "case TwoFilesOfOneHeader"]

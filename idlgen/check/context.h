@@ -50,7 +50,7 @@ class Context {
   const Words& words;
   Lookup lookup;
   std::vector<Finding> findings;
-  std::unordered_set<std::string_view> toldPaths;  ///< That are not found.
+  std::unordered_set<std::string_view> reportedPaths;  ///< Paths that are not found.
 };
 
 }  // namespace zentho::idlgen

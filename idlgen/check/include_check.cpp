@@ -1,13 +1,22 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "check/checks.h"
+#include "words/tables.h"
+#include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
+
+/// The rules that words break by their forms, in the order of `IncludeForm`, which begins with that
+/// of a path.
+constexpr auto rulesOfForms =
+    Table<const Rule*>({nullptr, &rules::unquotedPath, &rules::unterminatedPath,
+                        &rules::noExtension, &rules::notAPath});
 
 /// A word of a file that is checked.
 struct FileWord {
@@ -85,6 +94,26 @@ void checkMisfits(Context& context) {
 }
 
 }  // namespace
+
+void checkIncludePath(Context& context, std::size_t i) {
+  const std::string_view word = context.words.text(i);
+  const auto form = static_cast<std::size_t>(FormOfInclude(word));
+  if (rulesOfForms[form] != nullptr) context.report(*rulesOfForms[form], i);
+  const auto include = context.file.source->includes.find(word);
+  const bool isKnown = include != context.file.source->includes.end();
+  // What is wrong with a path is reported at the first of its includes.
+  if (!isKnown || include->second.missing.empty() || !context.reportedPaths.insert(word).second)
+    return;
+  for (const MissingInclude& missing : include->second.missing) {
+    const Rule& rule = missing.isUnreadable ? rules::unreadable : rules::notFound;
+    const std::size_t count = missing.others;
+    const std::string others = count == 1
+                                   ? " (and at 1 other include)"
+                                   : " (and at " + std::to_string(count) + " other includes)";
+    context.findings.push_back(
+        {&rule, i, missing.path, missing.advice + (count > 0 ? others : "")});
+  }
+}
 
 void checkIncludes(Context& context) {
   const std::vector<const CheckedFile*> cycle = context.view.filesThatIncludeUser();

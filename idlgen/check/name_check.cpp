@@ -1,21 +1,13 @@
 #include <algorithm>
 #include <cstddef>
-#include <string>
 #include <vector>
 
 #include "check/checks.h"
 #include "names/type_lookup.h"
-#include "words/tables.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
-
-/// The rules that words break by their forms, in the order of `IncludeForm`, which begins with that
-/// of a path.
-constexpr auto rulesOfForms =
-    Table<const Rule*>({nullptr, &rules::unquotedPath, &rules::unterminatedPath,
-                        &rules::noExtension, &rules::notAPath});
 
 /// Checks that no other declaration has the name of this one, in the file or in those it includes.
 void checkIsNew(Context& context, std::size_t i) {
@@ -46,25 +38,6 @@ void checkIsOnlyNamespace(Context& context, std::size_t i, const Namespace& spac
 }
 
 }  // namespace
-
-void checkIncludePath(Context& context, std::size_t i) {
-  const std::string_view word = context.words.text(i);
-  const auto form = static_cast<std::size_t>(FormOfInclude(word));
-  if (rulesOfForms[form] != nullptr) context.report(*rulesOfForms[form], i);
-  const auto include = context.file.source->includes.find(word);
-  const bool isKnown = include != context.file.source->includes.end();
-  // What is told of a path is told at the first of its includes.
-  if (!isKnown || include->second.missing.empty() || !context.toldPaths.insert(word).second) return;
-  for (const MissingInclude& missing : include->second.missing) {
-    const Rule& rule = missing.isUnreadable ? rules::unreadable : rules::notFound;
-    const std::size_t count = missing.others;
-    const std::string others = count == 1
-                                   ? " (and at 1 other include)"
-                                   : " (and at " + std::to_string(count) + " other includes)";
-    context.findings.push_back(
-        {&rule, i, missing.path, missing.advice + (count > 0 ? others : "")});
-  }
-}
 
 void checkNamespacePath(Context& context, std::size_t i) {
   const std::vector<std::string_view> parts = Components(context.words.text(i));

@@ -21,8 +21,8 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
   return Quoted(first) + " has no type " + Quoted(part);
 }
 
-/// Returns what the words of a file show about a type that is not declared: the symptom of its
-/// element, where to put it, or what the record lacks that it begins with. Or nothing.
+/// Returns what the words of a file show about a type that is not declared: the symptom of a
+/// template, where to put the type, or what the record lacks that it begins with. Or nothing.
 std::string AdviceOfWords(const Words& words, const Finding& finding) {
   const std::string_view word = words.text(finding.word);
   if (word.find('<') != std::string_view::npos) {

@@ -32,7 +32,7 @@ class Examination {
   void repairAll(const std::vector<SourceFile*>& files);
 
   Sources* sources = nullptr;                                  ///< Unless the file is alone.
-  std::unordered_map<const SourceFile*, Recovery> recoveries;  ///< Of the files that need one.
+  std::unordered_map<const SourceFile*, Recovery> recoveries;  ///< Of files with mistakes.
   std::optional<Declarations> declarations;                    ///< Of all files, once repaired.
 };
 

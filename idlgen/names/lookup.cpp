@@ -4,7 +4,6 @@
 
 #include "schema/builtin_types.h"
 #include "words/similar.h"
-#include "words/word_forms.h"
 
 namespace zentho::idlgen {
 

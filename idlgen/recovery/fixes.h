@@ -110,7 +110,7 @@ std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange
 Texts MissingBraces(const Words& words, std::size_t end);
 
 /// Reads the words as the fix says, each of which has a place then. Keeps the names that the others
-/// may declare. The roles are those of before.
+/// may declare. The roles are wrong until they are parsed.
 void applyFix(SourceFile& file, const Fix& fix);
 
 }  // namespace zentho::idlgen

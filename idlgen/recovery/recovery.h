@@ -20,8 +20,9 @@ struct Examined {
 };
 
 /// Reads a file that has words which the parser refuses, or whose role cannot be right. Goes round
-/// a loop: finds the first of them, reports what is wrong, reads other words in its place, and
-/// parses all of them again. It ends when there is no such word any more, or after 20 fixes.
+/// a loop: finds the first of them, or if there is none, the first line that the check shows to be
+/// read wrongly; reports what is wrong, reads other words in its place, and parses all of them
+/// again. It ends when nothing is found any more, or after 20 fixes.
 class Recovery {
  public:
   /// Finds the places of the words, and reads those beside tabs or CRs without them.

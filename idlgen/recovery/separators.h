@@ -9,7 +9,7 @@
 
 namespace zentho::idlgen {
 
-// The words have places. Their roles are those of before.
+// The words have places. Their roles are wrong until they are parsed.
 
 /// If most lines end with CR LF, reads their last words without the CR, and returns what is wrong.
 std::optional<Diagnostic> dropCarriageReturns(SourceFile& file);

@@ -74,7 +74,7 @@ class IncludeSearch {
   /// What stands in a directory below all base directories.
   struct Names {
     std::vector<std::string> list;
-    std::unordered_map<std::string, std::vector<const Base*>> bases;  ///< That have the name.
+    std::unordered_map<std::string, std::vector<const Base*>> bases;  ///< Those with the name.
     std::vector<const Base*> unlisted;  ///< Base directories that may have any name.
   };
 

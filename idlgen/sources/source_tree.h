@@ -26,7 +26,7 @@ struct Entry {
   std::error_code error = {};  ///< Why it is missing or unreadable.
 };
 
-/// Where all IDL files come from. Links are followed.
+/// Where the files of a check come from. Links are followed.
 class SourceTree {
  public:
   virtual ~SourceTree() = default;

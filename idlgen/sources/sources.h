@@ -70,7 +70,7 @@ class Sources {
   std::deque<SourceFile> sources;
   std::map<Location, Input> inputs;
   std::set<FileId> ids;
-  std::unordered_set<const SourceFile*> visited;  ///< Not named, with their missing includes noted.
+  std::unordered_set<const SourceFile*> visited;  ///< Included files whose own were noted.
   /// By the path, or after a zero byte the directory that is not searched.
   std::unordered_map<std::string, MissingInclude*> firstMissing;
   std::unordered_map<std::string, std::vector<const SourceFile*>> filesByName;
