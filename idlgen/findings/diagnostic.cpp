@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "words/foreign_words.h"
+#include "words/meant_line.h"
 #include "words/printable.h"
 
 namespace zentho::idlgen {

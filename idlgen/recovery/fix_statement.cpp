@@ -8,6 +8,7 @@
 #include "schema/statements.h"
 #include "words/cpp_words.h"
 #include "words/foreign_words.h"
+#include "words/meant_line.h"
 #include "words/printable.h"
 #include "words/similar.h"
 #include "words/word_forms.h"

@@ -1,16 +1,11 @@
 #include "words/foreign_words.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "schema/statements.h"
-#include "words/cpp_words.h"
 #include "words/similar.h"
 #include "words/tables.h"
-#include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -61,69 +56,6 @@ std::string_view MeantBy(const Meanings& meanings, std::string_view word) {
   return row == meanings.end() ? std::string_view() : row->meant;
 }
 
-/// A line that may declare a member or an item.
-struct Line {
-  std::vector<std::string> words;  ///< Those that declare.
-  std::size_t count = 0;           ///< Of all words.
-  bool isNameFirst = false;        ///< As a colon shows, or what stands for it.
-  bool isVector = false;
-};
-
-/// Returns the line of a word, up to a default value. Numbers, annotations and words that qualify
-/// do not declare.
-Line LineOf(const LocatedWords& words, std::size_t word) {
-  Line line;
-  bool isJoined = false;
-  std::size_t i = word;
-  while (i > 0 && AreOnOneLine(words, i - 1, word) && BraceOf(words.text(i - 1)) == '\0') --i;
-  for (; i < words.size() && AreOnOneLine(words, i, word) && words.text(i) != "}"; ++i) {
-    const std::string_view text = words.text(i);
-    const std::size_t end =
-        std::min({text.find("<="), text.find('='), text.find_last_not_of(";,") + 1});
-    const std::size_t known = line.words.size();
-    const bool isNumber = text.find_first_not_of("[]0123456789-*") == std::string_view::npos;
-    const bool isExtra = text.front() == '@' || IsQualifier(text);
-    const bool isSign = text == "->" || text == "as" || (text == "=" && known == 1);
-    const bool isOther = isSign || (isNumber ? known != 1 && !IsAfterColon(words, i)
-                                             : isExtra && !IsBeforeColon(words, i));
-    if (isOther) {
-      line.isVector = line.isVector || text == "repeated" || text.front() == '[';
-    } else if (isJoined) {
-      line.words.back().append(".").append(text, 0, end);
-    } else if (end > 0) {
-      line.words.emplace_back(text, 0, end);
-    }
-    ++line.count;
-    isJoined = !isOther && end > 0 && IsJoinedByColons(words, i);
-    const bool isBeforeColon = !isOther && !isJoined && IsBeforeColon(words, i);
-    line.isNameFirst = line.isNameFirst || isSign || isBeforeColon;
-    if (!isSign && text.find('=') == end) break;
-  }
-  return line;
-}
-
-/// Returns the type that one of another language stands for, such as `[int32]` for `Vec<i32>`, or
-/// nothing.
-std::string MeantType(std::string_view word) {
-  auto depth = std::count(word.begin(), word.end(), '[');
-  if (depth == 0 && word.find(']') < word.size()) depth = 1;
-  while (IsTemplateOf(word, vectorTemplates) || IsTemplateOf(word, optionalTemplates)) {
-    if (IsTemplateOf(word, vectorTemplates)) ++depth;
-    word.remove_prefix(word.find('<') + 1);
-  }
-  constexpr std::string_view signs = "[]>&*?\"'0123456789;,";
-  word.remove_prefix(std::min(word.find_first_not_of(signs), word.size()));
-  const std::size_t end = std::min(word.find_first_of("[]<>&*?\"';,"), word.size());
-  if (word.find_first_not_of(signs, end) != std::string_view::npos) return {};
-  std::string type(word.substr(0, end));
-  std::replace(type.begin(), type.end(), '/', '.');
-  if (const std::string_view foreign = TypeFor(type); !foreign.empty()) type = foreign;
-  const bool isKeyword = FindKeyword(type) != Keyword::None && !LooksLikeType(type);
-  if (isKeyword || !IsTypeForm(type)) return {};
-  const auto brackets = static_cast<std::size_t>(depth);
-  return std::string(brackets, '[') + type + std::string(brackets, ']');
-}
-
 }  // namespace
 
 std::string_view KeywordFor(std::string_view word) {
@@ -150,30 +82,6 @@ bool IsTemplateOf(std::string_view type, std::string_view templates) {
 
 bool IsQualifier(std::string_view word) {
   return Contains(qualifiers, word);
-}
-
-std::string MeantLine(const LocatedWords& words, std::size_t word) {
-  const bool isItem = words.role(word) == Role::ItemName || words.role(word) == Role::ItemValue;
-  const Line line = LineOf(words, word);
-  if (line.words.size() != 2) return {};
-  const TypeNames types = DeclaredTypes(words);
-  const auto isType = [&](std::string_view text) {
-    return LooksLikeType(text) || !TypeFor(text).empty() || types.count(text) > 0 ||
-           text.find_first_of("[</.") != std::string_view::npos;
-  };
-  std::string first = line.words[0];
-  std::string second = line.words[1];
-  const bool isTypeFirst = !line.isNameFirst && !isItem && isType(first) && !isType(second);
-  if (!line.isNameFirst && !isTypeFirst) return {};
-  if (isTypeFirst) std::swap(first, second);
-  const std::size_t bracket = first.find('[');  // As in `int8 x[4]`.
-  const bool isVector = line.isVector || bracket != std::string::npos;
-  const std::string name = MeantName(first.substr(0, bracket));
-  const std::string meant = isItem ? second : MeantType(isVector ? "[" + second + "]" : second);
-  const bool isRight = line.count == 2 && !isTypeFirst && meant == second && name == first;
-  const bool isWord = isItem ? NameSize(meant) == meant.size() : !meant.empty();
-  const bool isName = IsIdentifier(name) && FindKeyword(name) == Keyword::None;
-  return isName && isWord && !isRight ? name + ": " + meant : std::string();
 }
 
 }  // namespace zentho::idlgen

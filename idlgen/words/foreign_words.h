@@ -1,9 +1,6 @@
 #pragma once
 
-#include <string>
 #include <string_view>
-
-#include "words/located_words.h"
 
 namespace zentho::idlgen {
 
@@ -29,10 +26,5 @@ bool IsTemplateOf(std::string_view type, std::string_view templates);
 
 /// Returns whether the word qualifies a declaration in another language, as in `optional x: int8`.
 bool IsQualifier(std::string_view word);
-
-/// Returns what the line of this word, which is in a list, declares in another language, such as
-/// `stops: [Pose]` for `repeated Pose stops = 2;`. Nothing if that is not sure, or if the line is
-/// right but for the signs at its end.
-std::string MeantLine(const LocatedWords& words, std::size_t word);
 
 }  // namespace zentho::idlgen

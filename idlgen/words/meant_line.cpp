@@ -1,0 +1,123 @@
+#include "words/meant_line.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "words/cpp_words.h"
+#include "words/foreign_words.h"
+#include "words/word_forms.h"
+
+namespace zentho::idlgen {
+namespace {
+
+/// What a word does in a line of another language.
+enum class Part : std::uint8_t {
+  Declares,  ///< A name, a type or a value.
+  Colon,     ///< Stands for the colon between them.
+  Extra      ///< A number, an annotation, or a word that qualifies.
+};
+
+/// Returns what a word does after so many words that declare.
+Part PartOf(const LocatedWords& words, std::size_t i, std::size_t declaring) {
+  const std::string_view text = words.text(i);
+  if (text == "->" || text == "as" || (text == "=" && declaring == 1)) return Part::Colon;
+  const bool isNumber = text.find_first_not_of("[]0123456789-*") == std::string_view::npos;
+  const bool isValue = declaring == 1 || IsAfterColon(words, i);
+  if (isNumber) return isValue ? Part::Declares : Part::Extra;
+  const bool isExtra = text.front() == '@' || IsQualifier(text);
+  return isExtra && !IsBeforeColon(words, i) ? Part::Extra : Part::Declares;
+}
+
+/// A line that may declare a member or an item.
+struct Line {
+  std::vector<std::string> words;  ///< Those that declare.
+  std::size_t count = 0;           ///< Of all words.
+  bool isNameFirst = false;        ///< As a colon shows, or what stands for it.
+  bool isVector = false;
+};
+
+/// Returns the line of a word, up to a default value.
+Line LineOf(const LocatedWords& words, std::size_t word) {
+  Line line;
+  bool isJoined = false;  // To the word before, as in `a::B`.
+  std::size_t i = word;
+  while (i > 0 && AreOnOneLine(words, i - 1, word) && BraceOf(words.text(i - 1)) == '\0') --i;
+  for (; i < words.size() && AreOnOneLine(words, i, word) && words.text(i) != "}"; ++i) {
+    const std::string_view text = words.text(i);
+    const std::size_t end =
+        std::min({text.find("<="), text.find('='), text.find_last_not_of(";,") + 1});
+    const Part part = PartOf(words, i, line.words.size());
+    const bool belongsToLast = std::exchange(isJoined, false);
+    ++line.count;
+    if (part == Part::Colon) {
+      line.isNameFirst = true;
+      continue;
+    }
+    if (part == Part::Extra) {
+      line.isVector = line.isVector || text == "repeated" || text.front() == '[';
+    } else {
+      if (belongsToLast) {
+        line.words.back().append(".").append(text, 0, end);
+      } else if (end > 0) {
+        line.words.emplace_back(text, 0, end);
+      }
+      isJoined = end > 0 && IsJoinedByColons(words, i);
+      line.isNameFirst = line.isNameFirst || (!isJoined && IsBeforeColon(words, i));
+    }
+    if (text.find('=') == end) break;  // A default value follows.
+  }
+  return line;
+}
+
+/// Returns the type that one of another language stands for, such as `[int32]` for `Vec<i32>`, or
+/// nothing.
+std::string MeantType(std::string_view word) {
+  auto depth = std::count(word.begin(), word.end(), '[');
+  if (depth == 0 && word.find(']') < word.size()) depth = 1;
+  while (IsTemplateOf(word, vectorTemplates) || IsTemplateOf(word, optionalTemplates)) {
+    if (IsTemplateOf(word, vectorTemplates)) ++depth;
+    word.remove_prefix(word.find('<') + 1);
+  }
+  constexpr std::string_view signs = "[]>&*?\"'0123456789;,";
+  word.remove_prefix(std::min(word.find_first_not_of(signs), word.size()));
+  const std::size_t end = std::min(word.find_first_of("[]<>&*?\"';,"), word.size());
+  if (word.find_first_not_of(signs, end) != std::string_view::npos) return {};
+  std::string type(word.substr(0, end));
+  std::replace(type.begin(), type.end(), '/', '.');
+  if (const std::string_view foreign = TypeFor(type); !foreign.empty()) type = foreign;
+  const bool isKeyword = FindKeyword(type) != Keyword::None && !LooksLikeType(type);
+  if (isKeyword || !IsTypeForm(type)) return {};
+  const auto brackets = static_cast<std::size_t>(depth);
+  return std::string(brackets, '[') + type + std::string(brackets, ']');
+}
+
+}  // namespace
+
+std::string MeantLine(const LocatedWords& words, std::size_t word) {
+  const bool isItem = words.role(word) == Role::ItemName || words.role(word) == Role::ItemValue;
+  const Line line = LineOf(words, word);
+  if (line.words.size() != 2) return {};
+  const TypeNames types = DeclaredTypes(words);
+  const auto isType = [&](std::string_view text) {
+    return LooksLikeType(text) || !TypeFor(text).empty() || types.count(text) > 0 ||
+           text.find_first_of("[</.") != std::string_view::npos;
+  };
+  std::string first = line.words[0];
+  std::string second = line.words[1];
+  const bool isTypeFirst = !line.isNameFirst && !isItem && isType(first) && !isType(second);
+  if (!line.isNameFirst && !isTypeFirst) return {};
+  if (isTypeFirst) std::swap(first, second);
+  const std::size_t bracket = first.find('[');  // As in `int8 x[4]`.
+  const bool isVector = line.isVector || bracket != std::string::npos;
+  const std::string name = MeantName(first.substr(0, bracket));
+  const std::string meant = isItem ? second : MeantType(isVector ? "[" + second + "]" : second);
+  const bool isRight = line.count == 2 && !isTypeFirst && meant == second && name == first;
+  const bool isWord = isItem ? NameSize(meant) == meant.size() : !meant.empty();
+  const bool isName = IsIdentifier(name) && FindKeyword(name) == Keyword::None;
+  return isName && isWord && !isRight ? name + ": " + meant : std::string();
+}
+
+}  // namespace zentho::idlgen
