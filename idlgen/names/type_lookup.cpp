@@ -43,7 +43,8 @@ Found TypeLookup::find(std::string_view type) const {
   const Path path = isPath ? Components(type) : Path{type};
   const Found found = isPath ? findPath(path) : findName(type);
   const bool isNoType = found.meaning == Meaning::Unknown || found.meaning == Meaning::Namespace ||
-                        found.meaning == Meaning::Item || found.meaning == Meaning::Service;
+                        found.meaning == Meaning::Item || found.meaning == Meaning::Service ||
+                        (isPath && found.meaning == Meaning::Itself);
   const bool isElsewhere = std::any_of(
       path.begin(), path.end(), [&](std::string_view name) { return lookup.mayBeElsewhere(name); });
   if (isNoType && isElsewhere && !found.isInnermost) return {Meaning::Elsewhere};

@@ -63,8 +63,7 @@ Fix FixList(const List& list, std::size_t word) {
   const std::optional<WordRange> line = list.firstWrongLine(word);
   const WordRange pair = {IsTypeOrValue(words.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
-  const bool isWhole =
-      IsJoinedByColons(words, word) || list.qualifierIn(list.lineOf(word)) != noWord;
+  const bool isWhole = IsJoinedByColons(words, word) || list.isOneDeclaration(list.lineOf(word));
   const WordRange range = line.value_or(isWhole ? list.lineOf(word) : pair);
 
   if (std::optional<Fix> fix = FixCharacters(words, range)) return *std::move(fix);

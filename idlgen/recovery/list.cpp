@@ -79,6 +79,17 @@ std::size_t List::qualifierIn(WordRange line) const {
   return noWord;
 }
 
+bool List::isOneDeclaration(WordRange line) const {
+  const auto isOperator = [&](std::size_t i) {
+    return words.text(i).find_first_not_of("+-*/%&|^<>!~()") == std::string_view::npos;
+  };
+  if (qualifierIn(line) != noWord) return true;
+  for (std::size_t i = line.first; i < line.end; ++i) {
+    if (isEnum() && isOperator(i)) return true;
+  }
+  return false;
+}
+
 bool List::looksLikeTypeOrValue(std::size_t i) const {
   std::string_view text = words.text(i);
   text = text.substr(0, text.find_last_not_of(";,") + 1);

@@ -35,6 +35,10 @@ class List {
   /// If it has a place in a pair, it is a name.
   [[nodiscard]] std::size_t qualifierIn(WordRange line) const;
 
+  /// Returns whether a line of pairs is wrong as a whole: another word qualifies a declaration, as
+  /// in `1: required int32 x`, or an operator stands alone, as in `A: (1 << 2)`.
+  [[nodiscard]] bool isOneDeclaration(WordRange line) const;
+
   /// Returns whether the word is rather a type or a value than a name.
   [[nodiscard]] bool looksLikeTypeOrValue(std::size_t i) const;
 

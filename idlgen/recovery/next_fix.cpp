@@ -79,10 +79,10 @@ std::vector<std::size_t> DoubtfulWords(const Words& words, const std::vector<Fin
   return doubtful;
 }
 
-/// Returns whether the line is wrong as a whole, although it may consist of pairs: a word qualifies
-/// a declaration, as in `1: required int32 x`, or it has a comment.
+/// Returns whether the line is wrong as a whole, although it may consist of pairs: it is one
+/// declaration, or it has a comment.
 bool IsMixed(const List& list, WordRange line) {
-  if (list.qualifierIn(line) != noWord) return true;
+  if (list.isOneDeclaration(line)) return true;
   for (std::size_t i = line.first; i < line.end; ++i) {
     if (list.words.text(i).substr(0, 2) == "/*") return true;
   }

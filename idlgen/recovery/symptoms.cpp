@@ -115,8 +115,9 @@ bool HasFixedSize(std::string_view word, std::string_view beforeNumber) {
          IsNumber(word.substr(opening + 1, closing - opening - 1));
 }
 
+/// Returns whether a comma stands in the word, which is no template.
 bool HasComma(std::string_view word, std::string_view comma) {
-  return Ends(word, comma) || (Has(word, comma) && !Has(word, "<"));
+  return Has(word, comma) && !Has(word, "<");
 }
 
 constexpr std::string_view hashComments = R"(comments start with "#")";
@@ -163,21 +164,21 @@ constexpr auto rows = Table<SymptomRow>({
     {form, types, IsTemplateOf, optionalTemplates, "there are no optional members"},
     {form, members | types, Ends, "?", "there are no optional members"},
     {form, names | types, HasFixedSize, "[,;", "there are no arrays of a fixed size"},
-    {form, all & ~paths, Has, ";", R"(delete the ";")"},
-    {form, paths, Ends, ";", R"(delete the ";")"},
+    {form, all, Ends, ";", R"(delete the ";")"},
+    {form, all & ~paths, Has, ";", R"(write a space in place of the ";")"},
     {form, all, Is, "---", "a request and a response stand in braces"},
     {form, statements, Begins, "include(", R"(write include "dir/file.idl")"},
     {form, items, Has, ",", R"(each item needs a value and no ",", as in "A: 0")"},
-    {form, all & ~paths, HasComma, ",", R"(delete the ",")"},
-    {form, paths, Ends, ",", R"(delete the ",")"},
+    {form, all, Ends, ",", R"(delete the ",")"},
+    {form, all & ~paths, HasComma, ",", R"(write a space in place of the ",")"},
     {form, paths, Has, "(", "delete the parentheses"},
     {form, statements | names, Begins, "@", "there are no annotations"},
     {form, names | types, HasOneOf, "[]", R"(the brackets are around the type, as in "[int8]")"},
     {form, names | types, Has, R"(")", "write it without quotes"},
     {form, types, HasOneOf, "*&", "there are no pointers and references"},
     {form, types | dottedNames, Has, "/", "write a dot between names"},
+    {form, items | values, HasOnly, "+-*/%&|^<>!~?()", oneWordValue},
     {form, items, IsNumberAfter, "", "the name comes first"},
-    {form, items, HasOnly, "+-*/%&|^<>!~?", oneWordValue},
     {form, members | types, Is, "-", R"(delete the "-")"},
     {form, members, Has, "/", nameFirst},
     {form, items, Has, "(", valueColon},
