@@ -63,8 +63,8 @@ Fix FixList(const List& list, std::size_t word) {
   const std::optional<WordRange> line = list.firstWrongLine(word);
   const WordRange pair = {IsTypeOrValue(words.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
-  const bool isWhole = IsJoinedByColons(words, word) || list.isOneDeclaration(list.lineOf(word));
-  const WordRange range = line.value_or(isWhole ? list.lineOf(word) : pair);
+  const WordRange ownLine = list.lineOf(word);
+  const WordRange range = line.value_or(list.isOneDeclaration(ownLine) ? ownLine : pair);
 
   if (std::optional<Fix> fix = FixCharacters(words, range)) return *std::move(fix);
   const std::size_t brace = line.has_value() ? list.blockBegin(*line) : noWord;

@@ -80,12 +80,14 @@ std::size_t List::qualifierIn(WordRange line) const {
 }
 
 bool List::isOneDeclaration(WordRange line) const {
-  const auto isOperator = [&](std::size_t i) {
-    return words.text(i).find_first_not_of("+-*/%&|^<>!~()") == std::string_view::npos;
+  const auto isOperator = [](std::string_view text) {
+    return text.find_first_not_of("+-*/%&|^<>!~()") == std::string_view::npos;
   };
   if (qualifierIn(line) != noWord) return true;
   for (std::size_t i = line.first; i < line.end; ++i) {
-    if (isEnum() && isOperator(i)) return true;
+    const std::string_view text = words.text(i);
+    const bool isComment = text.substr(0, 2) == "/*";
+    if (isComment || IsJoinedByColons(words, i) || (isEnum() && isOperator(text))) return true;
   }
   return false;
 }
@@ -123,7 +125,9 @@ bool List::pairContinues(WordRange line) const {
   const bool isTypeOrValue = looksLikeTypeOrValue(next);
   const bool areAlone = last == line.first && nextEnd == next + 1;
   if (isColonBetween) return restIsPairs || isTypeOrValue;
-  if (isTypeOrValue) return restIsPairs || IsBeforeColon(words, nextEnd - 1);
+  if (isTypeOrValue) {
+    return !looksLikeTypeOrValue(last) && (restIsPairs || IsBeforeColon(words, nextEnd - 1));
+  }
   return areAlone && !isEnum() && IsIdentifier(words.text(last)) && IsIdentifier(words.text(next));
 }
 

@@ -79,16 +79,6 @@ std::vector<std::size_t> DoubtfulWords(const Words& words, const std::vector<Fin
   return doubtful;
 }
 
-/// Returns whether the line is wrong as a whole, although it may consist of pairs: it is one
-/// declaration, or it has a comment.
-bool IsMixed(const List& list, WordRange line) {
-  if (list.isOneDeclaration(line)) return true;
-  for (std::size_t i = line.first; i < line.end; ++i) {
-    if (list.words.text(i).substr(0, 2) == "/*") return true;
-  }
-  return false;
-}
-
 /// Returns the fix for a line of the list, in or below which these doubtful words stand, or
 /// nothing.
 std::optional<Fix> FixDoubtful(const List& list, const std::vector<std::size_t>& doubtful) {
@@ -98,7 +88,7 @@ std::optional<Fix> FixDoubtful(const List& list, const std::vector<std::size_t>&
   for (const std::size_t word : doubtful) {
     if (word < end) continue;
     const WordRange line = list.lineOf(word);
-    if (IsMixed(list, line)) return FixList(list, word);
+    if (list.isOneDeclaration(line)) return FixList(list, word);
     end = line.end;
   }
   return std::nullopt;
