@@ -26,6 +26,21 @@ Fix FixOddLine(const List& list, WordRange line) {
   return at(line.first == last ? rules::nameless : extra, last);
 }
 
+/// Explains a line in which a statement begins: a brace is missing above, or it is nested.
+Fix FixStatementIn(const List& list, WordRange line, std::size_t keyword) {
+  const LocatedWords& words = list.words;
+  Finding finding = FindingAt(rules::missingEnd, words, keyword);
+  const bool hasOwnEnd =
+      OpenBraces(words) <= 0;  // Otherwise the beginning of this list may be missing, too.
+  if (!hasOwnEnd) {
+    return Insert(std::move(finding), keyword, MissingBraces(words, keyword),
+                  CausesOfMissingBrace(words));
+  }
+  const std::size_t brace = list.blockBegin(line);
+  return Drop(std::move(finding),
+              {line.first, brace == noWord ? line.end : ClosingBrace(words, brace) + 1});
+}
+
 /// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
 Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
   const LocatedWords& words = list.words;
@@ -35,15 +50,6 @@ Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
     return Drop({&rules::notAValue, last, "'{'", "write the number of the character"}, line);
   }
   const WordRange block = {line.first, ClosingBrace(words, brace) + 1};
-  if (before >= 2 && IsDeclaration(FindStatement(words.text(last - 1)))) {
-    const std::size_t keyword = last - 1;
-    Finding finding = FindingAt(rules::missingEnd, words, keyword);
-    const bool hasOwnEnd = OpenBraces(words) <= 0;  // It is nested.
-    // Otherwise the beginning of this list may be missing, too.
-    return hasOwnEnd ? Drop(std::move(finding), block)
-                     : Insert(std::move(finding), keyword, MissingBraces(words, keyword),
-                              CausesOfMissingBrace(words));
-  }
   if (before >= 1 && list.isRequest() && words.text(last) == "response") {
     return Insert(FindingAt(rules::missingClosing, words, last), last, {"}"});
   }
@@ -67,8 +73,12 @@ Fix FixList(const List& list, std::size_t word) {
   const WordRange range = line.value_or(list.isOneDeclaration(ownLine) ? ownLine : pair);
 
   if (std::optional<Fix> fix = FixCharacters(words, range)) return *std::move(fix);
-  const std::size_t brace = line.has_value() ? list.blockBegin(*line) : noWord;
-  if (brace != noWord) return FixBlock(list, *line, brace);
+  if (line.has_value()) {
+    const std::size_t statement = list.statementIn(*line);
+    if (statement != noWord) return FixStatementIn(list, *line, statement);
+    const std::size_t brace = list.blockBegin(*line);
+    if (brace != noWord) return FixBlock(list, *line, brace);
+  }
   if (const std::size_t qualifier = list.qualifierIn(range); qualifier != noWord) {
     const Rule& rule = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
     return Drop(FindingAt(rule, words, qualifier), range);

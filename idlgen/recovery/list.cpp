@@ -49,7 +49,8 @@ std::optional<WordRange> List::firstWrongLine(std::size_t last) const {
   while (i <= last && i < words.size() && words.text(i).front() != '}') {
     const WordRange line = {i, endInList(i)};
     const bool isOdd = (line.end - i) % 2 == 1;
-    if (blockBegin(line) != noWord || (isOdd && !pairContinues(line))) return line;
+    const bool isOther = blockBegin(line) != noWord || statementIn(line) != noWord;
+    if (isOther || (isOdd && !pairContinues(line))) return line;
     i = isOdd ? line.end + 1 : line.end;
   }
   return std::nullopt;
@@ -64,8 +65,18 @@ WordRange List::lineOf(std::size_t word) const {
 std::size_t List::blockBegin(WordRange line) const {
   for (std::size_t i = line.first; i < line.end; ++i) {
     if (words.text(i) == "{") return i;
-    const bool isKeyword = IsDeclaration(FindStatement(words.text(i))) && !IsBeforeColon(words, i);
-    if (isKeyword && i + 2 < words.size() && words.text(i + 2) == "{") return i + 2;
+  }
+  const std::size_t statement = statementIn(line);
+  const bool isBlock = statement != noWord && opensBlock(statement);
+  return isBlock ? statement + 2 : noWord;
+}
+
+std::size_t List::statementIn(WordRange line) const {
+  for (std::size_t i = line.first; i < line.end; ++i) {
+    const Statement keyword = FindStatement(words.text(i));
+    if (keyword == Statement::None || IsBeforeColon(words, i)) continue;
+    const bool isWholeLine = i == line.first && line.end == i + 2;
+    if (isWholeLine || (IsDeclaration(keyword) && opensBlock(i))) return i;
   }
   return noWord;
 }
@@ -98,6 +109,11 @@ bool List::looksLikeTypeOrValue(std::size_t i) const {
   const bool isName = IsIdentifier(text) && !LooksLikeType(text);
   if (!isName) return text.find('=') == std::string_view::npos;
   return !isEnum() && types.count(text) > 0 && !IsBeforeColon(words, i);
+}
+
+/// Returns whether a "{" follows the name after this keyword.
+bool List::opensBlock(std::size_t keyword) const {
+  return keyword + 2 < words.size() && words.text(keyword + 2) == "{";
 }
 
 /// Returns the index after the last word that stands on the line of this one, in the list.

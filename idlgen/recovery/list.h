@@ -19,8 +19,9 @@ class List {
   /// Returns the index of the first word after the list.
   [[nodiscard]] std::size_t end() const;
 
-  /// Returns the first line up to that of this word that opens a block, or whose words cannot be
-  /// read as names followed by types or values. A pair may stand on two lines.
+  /// Returns the first line up to that of this word that opens a block or begins a statement, or
+  /// whose words cannot be read as names followed by types or values. A pair may stand on two
+  /// lines.
   [[nodiscard]] std::optional<WordRange> firstWrongLine(std::size_t last) const;
 
   /// Returns the words of the list that stand on the line of this one, and the word itself, which
@@ -30,6 +31,10 @@ class List {
   /// Returns the index of the "{" of a block that a line opens, or of a declaration that begins in
   /// the line, or `noWord`.
   [[nodiscard]] std::size_t blockBegin(WordRange line) const;
+
+  /// Returns the keyword of a statement that begins in the line, as if the list had ended, or
+  /// `noWord`: it is the whole line, such as `include "a.idl"`, or a declaration with its brace.
+  [[nodiscard]] std::size_t statementIn(WordRange line) const;
 
   /// Returns the word that qualifies a declaration on the line, as in other languages, or `noWord`.
   /// If it has a place in a pair, it is a name.
@@ -46,6 +51,7 @@ class List {
   const LocatedWords& words;
 
  private:
+  [[nodiscard]] bool opensBlock(std::size_t keyword) const;
   [[nodiscard]] std::size_t endInList(std::size_t i) const;
   [[nodiscard]] bool pairContinues(WordRange line) const;
 
