@@ -50,6 +50,7 @@ class Context {
   const Words& words;
   Lookup lookup;
   std::vector<Finding> findings;
+  bool isEnumRepeated = false;  ///< Whether another enum has the name of the last one.
   std::unordered_set<std::string_view> reportedPaths;  ///< Paths that are not found.
 };
 

@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "check/checks.h"
@@ -63,9 +65,40 @@ std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
   return Misfit{name->name, {name->file, name->word}, {inside, inside->namespaceWord}};
 }
 
+/// Reports a misfit at an include, or counts it there if the two files have one already.
+class MisfitReport {
+ public:
+  explicit MisfitReport(Context& fileContext) : context(fileContext) {}
+
+  void add(std::size_t include, const Misfit& misfit) {
+    const auto [known, isNew] = reported.try_emplace(
+        {include, misfit.first.file, misfit.second.file}, Reported{context.findings.size()});
+    Reported& first = known->second;
+    if (isNew) {
+      context.report(rules::misfit, include, misfit.name,
+                     {{misfit.first.file->source, misfit.first.word},
+                      {misfit.second.file->source, misfit.second.word}});
+    } else {
+      ++first.others;
+      context.findings[first.finding].advice =
+          "and " + std::to_string(first.others) + (first.others == 1 ? " other" : " others");
+    }
+  }
+
+ private:
+  struct Reported {
+    std::size_t finding;
+    std::size_t others = 0;
+  };
+
+  Context& context;
+  std::map<std::tuple<std::size_t, const CheckedFile*, const CheckedFile*>, Reported> reported;
+};
+
 /// Reports names that two of the included files declare, at the include that brings the second one.
 /// If an included file sees both, it is told there.
 void checkMisfits(Context& context) {
+  MisfitReport report(context);
   std::vector<View> brought;  // By each include, made when needed.
   for (const Clash& clash : context.view.all().clashes()) {
     const std::optional<Misfit> misfit = FindMisfit(clash, context.view);
@@ -82,9 +115,7 @@ void checkMisfits(Context& context) {
       const bool bringsSecond = brought[i].has(misfit->second.file);
       if (bringsFirst && bringsSecond) break;
       if ((bringsSecond && hasFirst) || (bringsFirst && hasSecond && misfit->inAnyOrder)) {
-        context.report(rules::misfit, includes[i].word, misfit->name,
-                       {{misfit->first.file->source, misfit->first.word},
-                        {misfit->second.file->source, misfit->second.word}});
+        report.add(includes[i].word, *misfit);
         break;
       }
       hasFirst = hasFirst || bringsFirst;

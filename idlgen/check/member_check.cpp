@@ -190,6 +190,7 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
     case Meaning::Itself:
       return isVector ? nullptr : &rules::containsItself;
     case Meaning::Item:
+      if (isReportedItem(*found.declaration)) return nullptr;
       return hasOuterType(Components(type).back()) ? &rules::hiddenByItem : &rules::itemAsType;
     case Meaning::Namespace:
       return &rules::namespaceAsType;
@@ -207,6 +208,12 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
       return IsLibraryType(type) ? nullptr : &rules::notDeclared;
   }
   return nullptr;
+}
+
+/// Returns whether a message of the file has the name of this item of it, which has been reported.
+bool MemberCheck::isReportedItem(const Declaration& item) const {
+  const std::size_t record = context.lookup.ownWord(item.name, false);
+  return item.file == &context.file && record != noWord && words.role(record) == Role::MessageName;
 }
 
 bool MemberCheck::hasOuterType(std::string_view name) const {

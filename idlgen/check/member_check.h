@@ -46,6 +46,7 @@ class MemberCheck {
   TypeWord checkFound(std::size_t i, std::string_view type, bool isVector, const Found& found);
   [[nodiscard]] const Rule* ruleForTemplateName(std::string_view name) const;
   [[nodiscard]] const Rule* ruleFor(const Found& found, std::string_view type, bool isVector) const;
+  [[nodiscard]] bool isReportedItem(const Declaration& item) const;
   bool checkParts(std::size_t i, std::string_view type);
   void checkChange(std::size_t name, const Uses& use);
   void checkLibrary(std::size_t i);

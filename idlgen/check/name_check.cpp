@@ -10,10 +10,13 @@ namespace zentho::idlgen {
 namespace {
 
 /// Checks that no other declaration has the name of this one, in the file or in those it includes.
+/// If an enum is declared twice, so are its items, of which nothing is reported.
 void checkIsNew(Context& context, std::size_t i) {
   const std::string_view name = context.words.text(i);
   const Namespace& space = *context.file.namespaces.back();
   const Role role = context.words.role(i);
+  if (role == Role::ItemName && context.isEnumRepeated) return;
+  context.isEnumRepeated = false;
   const auto clashes = [&](const Declaration& other) {
     const bool isOwn = other.file == &context.file;
     if (isOwn && other.word >= i) return false;
@@ -24,6 +27,7 @@ void checkIsNew(Context& context, std::size_t i) {
   };
   if (const Declaration* const other = context.view.find(space, name, clashes)) {
     context.report(other->isItem() ? rules::itemTwice : rules::declaredTwice, i, name, *other);
+    context.isEnumRepeated = role == Role::EnumName && other->role == role;
     return;
   }
   context.reportNamespace(rules::isNamespace, i, name, context.view.inner(space, name));

@@ -46,9 +46,12 @@ inline constexpr Rule unknownStatement{
     R"("%" is not a statement: a statement begins with include, namespace, enum, message or service)"};
 inline constexpr Rule membersOutside{
     error, R"("%" is not a statement: members stand in a message, as in "message M { x: int8 }")"};
+inline constexpr Rule itemsOutside{
+    error, R"("%" is not a statement: items stand in an enum, as in "enum E { A: 0 }")"};
 inline constexpr Rule afterIncludePath{
-    error, R"("%" is not a statement: a path is one word, without spaces)"};
+    error, R"("%" is not a statement: an include has one path, in quotes and without spaces)"};
 inline constexpr Rule afterNamespace{error, R"("%" is not a statement: a namespace is one word)"};
+inline constexpr Rule missingPath{error, R"("%" has no path on its line)"};
 inline constexpr Rule namespaceWithBraces{error,
                                           R"("%" is not a statement: a namespace has no braces)"};
 inline constexpr Rule unopened{error, R"("%" is not a statement: there is no "{" for it)"};
@@ -73,9 +76,11 @@ inline constexpr Rule notAPart{error, R"("%" is neither "request" nor "response"
 inline constexpr Rule notARequest{error, R"("%" is not "request")"};
 inline constexpr Rule notAResponse{error, R"("%" is not "response")"};
 inline constexpr Rule missingRequest{
-    error, R"("%" is not "request": a service has a request and a response, in this order)"};
+    error,
+    R"("%" is not "request": a service has both, as in "request { a: A } response { b: B }")"};
 inline constexpr Rule missingResponse{
-    error, R"("%" is not "response": a service has a request and a response, in this order)"};
+    error,
+    R"("%" is not "response": a service has both, as in "request { a: A } response { b: B }")"};
 inline constexpr Rule responseFirst{error,
                                     R"("%" is not "request": a service begins with its request)"};
 inline constexpr Rule missingClosing{error, R"(a "}" is missing before this "%")"};
@@ -95,6 +100,7 @@ inline constexpr Rule extraWordOfType{
     error, R"("%" is a word too many: a member is a name and one word for the type)"};
 inline constexpr Rule extraWordOfValue{
     error, R"("%" is a word too many: an item is a name and one word for the value)"};
+inline constexpr Rule foreignLine{error, R"("%" is of another language: delete the line)"};
 inline constexpr Rule colonsInType{
     error, R"("%::" is not a type: write a dot between names, as in "a.B")"};
 inline constexpr Rule colonsInValue{

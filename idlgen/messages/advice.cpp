@@ -21,9 +21,13 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
   return Quoted(first) + " has no type " + Quoted(part);
 }
 
+bool IsUpper(char letter) {
+  return letter >= 'A' && letter <= 'Z';
+}
+
 /// Returns what the words of a file show about a type that is not declared: the symptom of a
 /// template, where to put the type, or what the record lacks that it begins with. Or nothing.
-std::string AdviceOfWords(const Words& words, const Finding& finding) {
+std::string AdviceOfWords(const LocatedWords& words, const Finding& finding) {
   const std::string_view word = words.text(finding.word);
   if (word.find('<') != std::string_view::npos) {
     return SymptomOf(words, {finding.rule, finding.word, word}).advice;
@@ -31,7 +35,9 @@ std::string AdviceOfWords(const Words& words, const Finding& finding) {
   const std::string_view type = finding.text;
   const std::string_view name = words.text(finding.word - 1);
   const TypeNames declared = DeclaredTypes(words);
-  const bool isType = LooksLikeType(name) || !TypeFor(name).empty() || declared.count(name) > 0;
+  const bool isForeign = !TypeFor(name).empty() && !IsAfterColon(words, finding.word);
+  const bool isCapital = IsUpper(name.front()) && !IsUpper(type.front());  // As in `Pose pose`.
+  const bool isType = LooksLikeType(name) || isForeign || isCapital || declared.count(name) > 0;
   return isType ? R"(put the name first, as in "x: int8")" : MissingPart(type, words, declared);
 }
 

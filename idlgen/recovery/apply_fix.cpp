@@ -17,15 +17,20 @@ void replace(std::vector<T>& list, WordRange range, const std::vector<T>& values
 }
 
 /// Keeps the names in a word that is not read.
-void rememberNamesIn(std::string_view word, bool isWholeLine, DroppedWords& dropped) {
-  const Statement keyword = FindStatement(SimilarKeyword(NameIn(word)));
-  if (isWholeLine && (keyword == Statement::Include || keyword == Statement::Namespace)) {
-    dropped.mayDeclareAnything = true;
-  }
+void rememberNamesIn(std::string_view word, DroppedWords& dropped) {
   for (std::string_view name = NameIn(word); !name.empty(); name = NameIn(word)) {
     dropped.names.insert(name);
     word.remove_prefix(static_cast<std::size_t>(name.end() - word.begin()));
   }
+}
+
+/// Returns whether any name may be declared if the statement of this keyword is not read: because
+/// of an include, or in a namespace that is not known.
+bool MayDeclareAnything(const Words& words, std::string_view keyword) {
+  const Statement statement = FindStatement(SimilarKeyword(NameIn(keyword)));
+  const bool hasNamespace =
+      std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath) != words.roles.end();
+  return statement == Statement::Include || (statement == Statement::Namespace && !hasNamespace);
 }
 
 /// Keeps the names that may be declared by the words that are not read: by members none, by items
@@ -34,7 +39,8 @@ void rememberNamesIn(std::string_view word, bool isWholeLine, DroppedWords& drop
 void rememberNames(SourceFile& file, const Fix& fix, const std::vector<std::string_view>& read) {
   const LocatedWords& words = file.words;
   const auto [first, end] = fix.replaced;
-  if (!fix.mayDeclare || first == end) return;
+  if (fix.mayDeclare == MayDeclare::Anything) file.dropped.mayDeclareAnything = true;
+  if (fix.mayDeclare != MayDeclare::DroppedNames || first == end) return;
   const Role role = words.role(first);
   const bool isOfMembers = role == Role::MemberName || role == Role::MemberType;
   const bool isOfItems = role == Role::ItemName || role == Role::ItemValue;
@@ -43,8 +49,11 @@ void rememberNames(SourceFile& file, const Fix& fix, const std::vector<std::stri
     const bool isItem = i == first || IsBeforeColon(words, i);
     const bool mayDeclare = isOfMembers ? isNamed : !isOfItems || isItem;
     const bool isRead = std::find(read.begin(), read.end(), words.text(i)) != read.end();
-    if (mayDeclare && !isRead) {
-      rememberNamesIn(words.text(i), read.empty() && !IsInList(role), file.dropped);
+    if (!mayDeclare || isRead) continue;
+    rememberNamesIn(words.text(i), file.dropped);
+    const bool isStatement = read.empty() && !IsInList(role);
+    if (isStatement && MayDeclareAnything(words, words.text(i))) {
+      file.dropped.mayDeclareAnything = true;
     }
   }
 }

@@ -110,7 +110,8 @@ std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
   if (!IsInList(meant.front().role)) return std::nullopt;
   for (const auto& [i, text, role] : meant) {
     if (!IsJoinedByColons(words, i)) continue;
-    const Rule& rule = role == Role::ItemValue ? rules::colonsInValue : rules::colonsInType;
+    const bool isItem = role == Role::ItemName || role == Role::ItemValue;
+    const Rule& rule = isItem ? rules::colonsInValue : rules::colonsInType;
     return Drop(FindingAt(rule, words, i), range);
   }
   return std::nullopt;

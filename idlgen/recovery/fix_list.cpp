@@ -4,6 +4,7 @@
 #include "recovery/fixes.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
+#include "words/foreign_words.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -21,7 +22,8 @@ Fix FixOddLine(const List& list, WordRange line) {
     if (!IsBeforeColon(words, i + 1) || list.looksLikeTypeOrValue(i + 1)) continue;
     return at(IsBeforeColon(words, i) ? missing : extra, i);
   }
-  const bool isName = IsBeforeColon(words, last) || !list.looksLikeTypeOrValue(last);
+  const bool isName = IsBeforeColon(words, last) ||
+                      (!IsBeforeColon(words, line.first) && !list.looksLikeTypeOrValue(last));
   if (isName) return at(missing, last);
   return at(line.first == last ? rules::nameless : extra, last);
 }
@@ -30,9 +32,7 @@ Fix FixOddLine(const List& list, WordRange line) {
 Fix FixStatementIn(const List& list, WordRange line, std::size_t keyword) {
   const LocatedWords& words = list.words;
   Finding finding = FindingAt(rules::missingEnd, words, keyword);
-  const bool hasOwnEnd =
-      OpenBraces(words) <= 0;  // Otherwise the beginning of this list may be missing, too.
-  if (!hasOwnEnd) {
+  if (OpenBraces(words) > 0) {  // Also the beginning of this list may be missing.
     return Insert(std::move(finding), keyword, MissingBraces(words, keyword),
                   CausesOfMissingBrace(words));
   }
@@ -62,6 +62,13 @@ Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
   return Drop(FindingAt(rule, words, line.first), block);
 }
 
+/// Returns whether another bracket stands in place of the "}" that the text lacks, as the last word
+/// of a line.
+bool EndsWithOtherBracket(const LocatedWords& words, WordRange line) {
+  const std::string_view last = words.text(line.end - 1);
+  return (last == "]" || last == ")" || last == ">") && OpenBraces(words) > 0;
+}
+
 }  // namespace
 
 Fix FixList(const List& list, std::size_t word) {
@@ -80,8 +87,13 @@ Fix FixList(const List& list, std::size_t word) {
     if (brace != noWord) return FixBlock(list, *line, brace);
   }
   if (const std::size_t qualifier = list.qualifierIn(range); qualifier != noWord) {
-    const Rule& rule = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
+    const Rule& extra = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
+    const Rule& rule = BeginsForeignLine(words.text(qualifier)) ? rules::foreignLine : extra;
     return Drop(FindingAt(rule, words, qualifier), range);
+  }
+  if (line.has_value() && EndsWithOtherBracket(words, *line)) {
+    const std::size_t last = line->end - 1;
+    return Replace(FindingAt(rules::notAnEnd, words, last), {last, line->end}, {"}"});
   }
   if (std::optional<Fix> fix = FixForm(words, range, range)) return *std::move(fix);
   return line.has_value() ? FixOddLine(list, *line)

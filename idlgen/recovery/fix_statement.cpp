@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "check/literals.h"
 #include "recovery/fixes.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
@@ -76,6 +77,12 @@ std::string InventedName(std::size_t word) {
   return "_" + std::to_string(word);
 }
 
+/// Returns a fix after which any name may be declared, since the right one is not known.
+Fix WithUnknownName(Fix fix) {
+  fix.mayDeclare = MayDeclare::Anything;
+  return fix;
+}
+
 /// Returns whether a list that begins with this word has an end before other braces.
 bool IsListClosed(const Words& words, std::size_t i) {
   const bool isOther = FindStatement(words.text(i)) != Statement::None;
@@ -90,6 +97,12 @@ bool BeginsMember(const Unexpected& at) {
                       at.text.find('/') != std::string_view::npos;
   return (isPair && IsTypeForm(at.words.text(at.lineEnd - 1))) ||
          ((isPair || isType) && !MeantLine(at.words, at.word).empty());
+}
+
+/// Returns whether the word begins a line with an item, as in `A: 0`.
+bool BeginsItem(const Unexpected& at) {
+  return IsBeforeColon(at.words, at.word) && at.lineEnd == at.word + 2 &&
+         BeginsNumber(at.words.text(at.word + 1));
 }
 
 /// Returns whether the keyword begins a declaration, which the words after this brace fit.
@@ -133,34 +146,56 @@ const Rule& OpeningRule(const Unexpected& at) {
 
 /// More words on the line of a path: of an include, or of a namespace.
 Fix AfterPath(const Unexpected& at) {
+  const std::size_t before = at.word - 1;
+  std::string path(at.words.text(before));
+  if (path == "=") {
+    return Drop(FindingAt(FormRule(at.roleBefore), at.words, before, R"(delete the "=")"),
+                {before, at.word});
+  }
   if (at.roleBefore == Role::IncludePath) return at.dropRest(rules::afterIncludePath);
   if (at.text == "{") return at.drop(rules::namespaceWithBraces);
-  std::string path(at.words.text(at.word - 1));
   std::size_t end = at.word;
-  for (; end < at.lineEnd && IsJoinedByColons(at.words, end - 1); ++end) {
+  for (; end < at.lineEnd && IsBeforeColon(at.words, end - 1); ++end) {
     path.append(".").append(at.words.text(end));
   }
-  if (end == at.word) return at.dropRest(rules::afterNamespace);
-  return Replace(at.finding(rules::notAStatement, "write dots: " + Quoted(path)),
-                 {at.word - 1, end}, {path});
+  if (end == at.word) return WithUnknownName(at.dropRest(rules::afterNamespace));
+  path.resize(path.find_last_not_of(foreignSeparators) + 1);
+  return Replace(at.finding(rules::notAStatement, "write dots: " + Quoted(path)), {before, end},
+                 {path});
+}
+
+/// A statement in place of the path of the one above it, which is left out.
+Fix AfterMissingPath(const Unexpected& at) {
+  const std::size_t keyword = at.word - 2;
+  return Drop(FindingAt(rules::missingPath, at.words, keyword), {keyword, keyword + 1});
 }
 
 /// A word in place of the keyword of a statement.
 Fix AtStatement(const Unexpected& at) {
   const bool isAfterPath =
       at.roleBefore == Role::NamespacePath || at.roleBefore == Role::IncludePath;
+  const bool isPathMissing = isAfterPath && !AreOnOneLine(at.words, at.word - 2, at.word - 1) &&
+                             FindStatement(at.words.text(at.word - 1)) != Statement::None;
+  if (isPathMissing) return AfterMissingPath(at);
   if (isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{")) return AfterPath(at);
   if (at.isClosing()) return at.drop(rules::unopened);
   if (at.text == "{") return at.drop(rules::unknownStatement);
   if (auto form = FixForm(at.words, {at.word, at.word + 1}, at.rest())) return *std::move(form);
-  if (BeginsMember(at)) {
-    return at.insert(rules::membersOutside, {"message", InventedName(at.word), "{"});
+  const bool isMember = BeginsMember(at);
+  if (isMember || BeginsItem(at)) {
+    const Rule& rule = isMember ? rules::membersOutside : rules::itemsOutside;
+    const std::string keyword = isMember ? "message" : "enum";
+    return WithUnknownName(at.insert(rule, {keyword, InventedName(at.word), "{"}));
   }
   const std::size_t brace = OpeningBrace(at.words, at.word);
   if (Texts declaration = LaterDeclaration(at, brace); !declaration.empty()) {
     return Replace(at.finding(rules::unknownStatement), {at.word, brace}, std::move(declaration));
   }
-  const std::string_view keyword = SimilarKeyword(at.text);
+  std::string_view keyword = SimilarKeyword(at.text);
+  // As in `interface Button { label: string }`.
+  const bool hasMembers = keyword == "service" && brace != noWord && brace + 1 < at.words.size() &&
+                          IsBeforeColon(at.words, brace + 1);
+  if (hasMembers) keyword = "message";
   if (keyword.empty()) return at.dropRest(rules::unknownStatement);
   std::string advice = DidYouMean(keyword);
   const bool hasSemicolon = at.words.text(at.lineEnd - 1).back() == ';';
@@ -180,7 +215,7 @@ Fix BetweenNameAndBrace(const Unexpected& at, std::size_t brace) {
   const std::string nameOnly(NameIn(at.words.text(name)));
   Fix fix = Replace(at.finding(OpeningRule(at)), {name, brace},
                     {nameOnly.empty() ? InventedName(name) : nameOnly});
-  fix.mayDeclare = false;
+  fix.mayDeclare = MayDeclare::Nothing;
   return fix;
 }
 
@@ -191,7 +226,7 @@ Fix AtOpening(const Unexpected& at) {
   if (!at.isOnLineOfWordBefore()) {
     const bool isService = at.roleBefore == Role::ServiceName && at.text == "request";
     const bool isClosed = IsListClosed(at.words, at.word);
-    const bool hasList = isAfterPart || isService || isClosed || BeginsMember(at);
+    const bool hasList = isAfterPart || isService || isClosed || BeginsMember(at) || BeginsItem(at);
     Finding finding = FindingAt(rules::missingOpening, at.words, name);
     if (hasList && !isClosed && !isService) finding.advice = "members stand in braces";
     return hasList ? Insert(std::move(finding), at.word, {"{"})
@@ -201,7 +236,7 @@ Fix AtOpening(const Unexpected& at) {
   if (brace != noWord) return BetweenNameAndBrace(at, brace);
   if (!isAfterPart) return Drop(at.finding(OpeningRule(at)), {name - 1, at.lineEnd});
   Fix fix = at.replace(OpeningRule(at), {"{", "}"});
-  fix.mayDeclare = false;
+  fix.mayDeclare = MayDeclare::Nothing;
   return fix;
 }
 
@@ -238,14 +273,17 @@ Fix AtPart(const Unexpected& at) {
   if (at.beginsStatement()) {
     return at.insert(rules::missingClosing, std::move(rest), CausesOfMissingBrace(at.words));
   }
-  const bool isSimilar = SimilarWord(at.text).compare(part);
-  if (!isSimilar && BeginsMember(at)) return at.insert(missing, {part, "{"});
-  return isSimilar ? at.replace(misspelt, {part}, DidYouMean(part)) : at.dropRest(missing);
+  if (BeginsMember(at)) return at.insert(missing, {part, "{"});
+  const bool opensList = next < at.words.size() && at.words.text(next) == "{";
+  const bool isMisspelt = opensList || SimilarWord(at.text).compare(part);
+  return isMisspelt ? at.replace(misspelt, {part}, DidYouMean(part)) : at.dropRest(missing);
 }
 
 /// A word that is glued to a brace, or a brace in place of a name.
 Fix AtName(const Unexpected& at) {
-  if (at.text == "{") return at.insert(rules::missingName, {InventedName(at.word)});
+  if (at.text == "{") {
+    return WithUnknownName(at.insert(rules::missingName, {InventedName(at.word)}));
+  }
   const Rule& rule = FormRule(at.words.role(at.word));
   return Drop(at.finding(rule), {at.word - 1, at.isClosing() ? at.word : at.rest().end});
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -24,13 +25,20 @@ constexpr std::size_t lastLine = static_cast<std::size_t>(-1);
 
 using Texts = std::vector<std::string>;
 
+/// Which names may be declared, though no word that is read declares them.
+enum class MayDeclare : std::uint8_t {
+  Nothing,
+  DroppedNames,  ///< Those among the words that are not read.
+  Anything       ///< The name of a declaration, or of its namespace, is not known.
+};
+
 /// What is wrong with some words, and what to read in place of them.
 struct Fix {
-  Finding finding;         ///< About the word that shows the cause.
-  WordRange replaced;      ///< Empty if the texts are only put before its first word.
-  Texts texts = {};        ///< What is read there. Empty if the words are only left out.
-  LineRange causes = {};   ///< If something is reported about one of them, this follows from it.
-  bool mayDeclare = true;  ///< Whether names among the words that are not read may be declared.
+  Finding finding;        ///< About the word that shows the cause.
+  WordRange replaced;     ///< Empty if the texts are only put before its first word.
+  Texts texts = {};       ///< What is read there. Empty if the words are only left out.
+  LineRange causes = {};  ///< If something is reported about one of them, this follows from it.
+  MayDeclare mayDeclare = MayDeclare::DroppedNames;
 };
 
 /// Returns a finding about a word.
@@ -40,8 +48,8 @@ inline Finding FindingAt(const Rule& rule, const Words& words, std::size_t word,
 }
 
 /// Returns a fix that leaves out some words.
-inline Fix Drop(Finding finding, WordRange words) {
-  return {std::move(finding), words};
+inline Fix Drop(Finding finding, WordRange words, LineRange causes = {}) {
+  return {std::move(finding), words, {}, causes};
 }
 
 /// Returns a fix that reads other words in place of some.
@@ -54,7 +62,7 @@ inline Fix Insert(Finding finding, std::size_t before, Texts texts, LineRange ca
   return {std::move(finding), {before, before}, std::move(texts), causes};
 }
 
-/// Returns the lines that a missing brace may follow from: any, unless the text lacks one indeed.
+/// Returns the lines that a missing "}" may follow from: any, unless the text lacks one indeed.
 inline LineRange CausesOfMissingBrace(const LocatedWords& words) {
   return words.lackBraces ? LineRange() : LineRange{1, lastLine};
 }

@@ -82,7 +82,10 @@ std::size_t List::statementIn(WordRange line) const {
 }
 
 std::size_t List::qualifierIn(WordRange line) const {
-  for (std::size_t i = line.first; i < line.end && line.end - line.first > 2; ++i) {
+  const std::size_t size = line.end - line.first;
+  const bool isPair = size == 2 && (isEnum() || IsTypeForm(words.text(line.end - 1)));
+  if (size == 1 || isPair) return noWord;
+  for (std::size_t i = line.first; i < line.end; ++i) {
     const bool isType =
         IsAfterColon(words, i) && (i + 1 == line.end || IsBeforeColon(words, i + 1));
     if (IsQualifier(words.text(i)) && !IsBeforeColon(words, i) && !isType) return i;

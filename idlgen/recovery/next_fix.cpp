@@ -48,13 +48,10 @@ Fix FixSecondNamespace(SourceFile& file, std::size_t word) {
   const LocatedWords& words = file.words;
   const std::size_t first =
       FirstWord(words.size(), [&](std::size_t i) { return words.role(i) == Role::NamespacePath; });
-  const std::size_t line = words.places[first].lineNumber;
   Finding finding = FindingAt(rules::secondNamespace, words, word);
   finding.others = {{&file, first}};
-  Fix fix = Drop(std::move(finding), {word, std::min(word + 2, words.size())});
-  fix.causes = {line, line};
-  fix.mayDeclare = false;
-  return fix;
+  return Drop(std::move(finding),
+              {word, std::max(LineEnd(words, word), std::min(word + 2, words.size()))});
 }
 
 /// Returns the fix for a statement that the file ends in.

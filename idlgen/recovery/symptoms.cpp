@@ -27,6 +27,7 @@ constexpr Roles values = Only(Role::ItemValue);
 constexpr Roles members = Only(Role::MemberName);
 constexpr Roles types = Only(Role::MemberType);
 constexpr Roles dottedNames = Only(Role::NamespacePath);
+constexpr Roles records = Only(Role::EnumName) | Only(Role::MessageName) | Only(Role::ServiceName);
 constexpr Roles names = Only(Role::EnumName) | Only(Role::MessageName) | Only(Role::ServiceName) |
                         items | members | dottedNames;
 
@@ -115,6 +116,21 @@ bool HasFixedSize(std::string_view word, std::string_view beforeNumber) {
          IsNumber(word.substr(opening + 1, closing - opening - 1));
 }
 
+/// As in `[int8; 3]`.
+bool IsOpenVector(std::string_view word, std::string_view separators) {
+  return word.front() == '[' && separators.find(word.back()) != std::string_view::npos;
+}
+
+/// Returns whether one of the signs follows the keyword without a space.
+bool BeginsInclude(std::string_view word, std::string_view signs) {
+  const std::size_t end = NameSize(word);
+  return word.substr(0, end) == "include" && signs.find(word[end]) != std::string_view::npos;
+}
+
+bool HasNoExtension(std::string_view path, std::string_view /*text*/) {
+  return path.find('.', path.rfind('/') + 1) == std::string_view::npos;
+}
+
 /// Returns whether a comma stands in the word, which is no template.
 bool HasComma(std::string_view word, std::string_view comma) {
   return Has(word, comma) && !Has(word, "<");
@@ -126,6 +142,7 @@ constexpr std::string_view noFieldNumbers = "there are no field numbers";
 constexpr std::string_view valueColon = R"(write a colon, as in "A: 1")";
 constexpr std::string_view memberColon = R"(write a colon, as in "x: int8")";
 constexpr std::string_view nameFirst = R"(put the name first, as in "x: int8")";
+constexpr std::string_view dotsInNames = "write a dot between names";
 constexpr std::string_view oneWordValue = "write the value as one word, without spaces";
 
 constexpr SymptomKind sign = SymptomKind::Characters;
@@ -138,6 +155,7 @@ constexpr auto rows = Table<SymptomRow>({
     {sign, all, IsComment, "*/", hashComments},
     {sign, all & ~paths, Has, "/*", hashComments},
     {sign, all & ~(items | values), BeginsWithDashes, "--", hashComments},
+    {sign, items | values, Is, "--", hashComments},
     {sign, all, Has, "\r", "end lines with LF, not with CR LF"},
     {sign, all, Has, byteOrderMark, "save the file without a byte order mark"},
     {sign, all, IsGluedToOpening, "", R"(put a space before "{")"},
@@ -145,8 +163,11 @@ constexpr auto rows = Table<SymptomRow>({
     {sign, all, IsGluedBefore, ",", R"(put spaces around "}" and delete the ",")"},
     {sign, all, IsGluedToClosing, "", R"(put spaces around "}")"},
 
-    // Equals signs, and parentheses around them.
+    // Maps, whatever else the line has; equals signs, and parentheses around them.
+    {form, members | types, IsTemplateOf, " map unordered_map Map HashMap ", "there are no maps"},
+    {form, types, Begins, "map[", "there are no maps"},
     {form, members | types, Has, "<=", "there are no bounds"},
+    {form, types, Begins, "(", "there are no tuples"},
     {form, types, Has, "(", R"(it contains "(")"},
     {form, items, Has, "=", valueColon},
     {form, values, Begins, "=", valueColon},
@@ -157,36 +178,39 @@ constexpr auto rows = Table<SymptomRow>({
 
     // All others.
     {form, members, IsTypeFirst, "", nameFirst},
+    {form, members, IsNumberAfter, "", noFieldNumbers},
     {form, names | types, IsNumberAfter, "@", noFieldNumbers},
-    {form, members | types, IsTemplateOf, " map unordered_map Map HashMap ", "there are no maps"},
-    {form, types, Begins, "map[", "there are no maps"},
     {form, types, IsTemplateOf, vectorTemplates, R"(vectors have brackets, as in "[int8]")"},
     {form, types, IsTemplateOf, optionalTemplates, "there are no optional members"},
     {form, members | types, Ends, "?", "there are no optional members"},
     {form, names | types, HasFixedSize, "[,;", "there are no arrays of a fixed size"},
+    {form, types, IsOpenVector, ";,", "there are no arrays of a fixed size"},
+    {form, statements | names, Begins, "@", "there are no annotations"},
     {form, all, Ends, ";", R"(delete the ";")"},
     {form, all & ~paths, Has, ";", R"(write a space in place of the ";")"},
     {form, all, Is, "---", "a request and a response stand in braces"},
-    {form, statements, Begins, "include(", R"(write include "dir/file.idl")"},
+    {form, statements, BeginsInclude, "(\"", R"(write include "dir/file.idl")"},
     {form, items, Has, ",", R"(each item needs a value and no ",", as in "A: 0")"},
     {form, all, Ends, ",", R"(delete the ",")"},
+    {form, dottedNames, Has, ",", dotsInNames},
     {form, all & ~paths, HasComma, ",", R"(write a space in place of the ",")"},
     {form, paths, Has, "(", "delete the parentheses"},
-    {form, statements | names, Begins, "@", "there are no annotations"},
     {form, names | types, HasOneOf, "[]", R"(the brackets are around the type, as in "[int8]")"},
     {form, names | types, Has, R"(")", "write it without quotes"},
     {form, types, HasOneOf, "*&", "there are no pointers and references"},
-    {form, types | dottedNames, Has, "/", "write a dot between names"},
+    {form, types | dottedNames, Has, "/", dotsInNames},
     {form, items | values, HasOnly, "+-*/%&|^<>!~?()", oneWordValue},
     {form, items, IsNumberAfter, "", "the name comes first"},
     {form, members | types, Is, "-", R"(delete the "-")"},
     {form, members, Has, "/", nameFirst},
     {form, items, Has, "(", valueColon},
+    {form, records, HasOneOf, "(<", R"(only a name stands before "{")"},
     {form, names, Has, "-", R"(write "_" instead of "-")"},
     {form, names & ~dottedNames, Has, ".", "names contain no dots"},
-    {form, members, IsNumberAfter, "", noFieldNumbers},
     {form, names, BeginsWithOneOf, "0123456789", "names begin with a letter"},
     {form, paths, Has, "//", R"(write one "/")"},
+    {form, paths, Has, "\\", R"(write "/" between names)"},
+    {form, paths, HasNoExtension, "", R"(it has no extension, such as ".idl")"},
 });
 
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.

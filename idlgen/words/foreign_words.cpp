@@ -22,19 +22,20 @@ constexpr auto foreignKeywords =
                     {"message", " struct class record table exception "},
                     {"service", " interface "}});
 
-constexpr auto foreignTypes = Table<Meaning>({{"bool", " boolean "},
-                                              {"int8", " i8 "},
-                                              {"int16", " i16 "},
-                                              {"int32", " i32 Int32 "},
-                                              {"int64", " i64 Int64 isize duration "},
-                                              {"uint8", " u8 byte "},
-                                              {"uint16", " u16 "},
-                                              {"uint32", " u32 "},
-                                              {"uint64", " u64 usize time timestamp "},
-                                              {"float32", " f32 "},
-                                              {"float64", " f64 number "},
-                                              {"string", " str String std.string "},
-                                              {"[uint8]", " bytes binary "}});
+constexpr auto foreignTypes =
+    Table<Meaning>({{"bool", " boolean Boolean Bool "},
+                    {"int8", " i8 signed_char "},
+                    {"int16", " i16 "},
+                    {"int32", " i32 Int32 Int Integer "},
+                    {"int64", " i64 Int64 Long isize duration long_int long_long long_long_int "},
+                    {"uint8", " u8 byte unsigned_char "},
+                    {"uint16", " u16 unsigned_short "},
+                    {"uint32", " u32 unsigned_int "},
+                    {"uint64", " u64 usize time timestamp unsigned_long unsigned_long_long "},
+                    {"float32", " f32 Float "},
+                    {"float64", " f64 Double number "},
+                    {"string", " str String std.string "},
+                    {"[uint8]", " bytes binary "}});
 
 constexpr auto qualifiers = Table<std::string_view>(
     {"optional", "repeated", "required", "const",     "constant", "static",   "mutable",
@@ -82,6 +83,10 @@ bool IsTemplateOf(std::string_view type, std::string_view templates) {
 
 bool IsQualifier(std::string_view word) {
   return Contains(qualifiers, word);
+}
+
+bool BeginsForeignLine(std::string_view word) {
+  return word == "reserved" || word == "option";
 }
 
 }  // namespace zentho::idlgen

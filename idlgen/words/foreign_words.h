@@ -27,4 +27,7 @@ bool IsTemplateOf(std::string_view type, std::string_view templates);
 /// Returns whether the word qualifies a declaration in another language, as in `optional x: int8`.
 bool IsQualifier(std::string_view word);
 
+/// Returns whether the word is one of these that begins a line which declares nothing.
+bool BeginsForeignLine(std::string_view word);
+
 }  // namespace zentho::idlgen

@@ -8,10 +8,18 @@
 
 #include "words/cpp_words.h"
 #include "words/foreign_words.h"
+#include "words/tables.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
+
+/// Returns whether the word begins a type of C in several words, as in `unsigned int`.
+bool IsJoinedByC(const LocatedWords& words, std::size_t i) {
+  constexpr auto first = Table<std::string_view>({"unsigned", "signed", "long"});
+  return Contains(first, words.text(i)) && i + 1 < words.size() && AreOnOneLine(words, i, i + 1) &&
+         FindKeyword(words.text(i + 1)) == Keyword::Type;
+}
 
 /// What a word does in a line of another language.
 enum class Part : std::uint8_t {
@@ -24,11 +32,17 @@ enum class Part : std::uint8_t {
 Part PartOf(const LocatedWords& words, std::size_t i, std::size_t declaring) {
   const std::string_view text = words.text(i);
   if (text == "->" || text == "as" || (text == "=" && declaring == 1)) return Part::Colon;
-  const bool isNumber = text.find_first_not_of("[]0123456789-*") == std::string_view::npos;
+  const bool isNumber = text.find_first_not_of("[]0123456789-*;,") == std::string_view::npos;
   const bool isValue = declaring == 1 || IsAfterColon(words, i);
   if (isNumber) return isValue ? Part::Declares : Part::Extra;
-  const bool isExtra = text.front() == '@' || IsQualifier(text);
+  const bool isExtra = text.front() == '@' || (IsQualifier(text) && !IsJoinedByC(words, i));
   return isExtra && !IsBeforeColon(words, i) ? Part::Extra : Part::Declares;
+}
+
+/// Returns whether a number after "=" follows the word.
+bool HasFieldNumber(const LocatedWords& words, std::size_t equals) {
+  return equals + 1 < words.size() && AreOnOneLine(words, equals, equals + 1) &&
+         IsNumber(words.text(equals + 1).substr(0, words.text(equals + 1).find(';')));
 }
 
 /// A line that may declare a member or an item.
@@ -36,6 +50,7 @@ struct Line {
   std::vector<std::string> words;  ///< Those that declare.
   std::size_t count = 0;           ///< Of all words.
   bool isNameFirst = false;        ///< As a colon shows, or what stands for it.
+  bool hasFieldNumber = false;     ///< So that the type is first.
   bool isVector = false;
 };
 
@@ -43,14 +58,16 @@ struct Line {
 Line LineOf(const LocatedWords& words, std::size_t word) {
   Line line;
   bool isJoined = false;  // To the word before, as in `a::B`.
+  const char* separator = ".";
   std::size_t i = word;
   while (i > 0 && AreOnOneLine(words, i - 1, word) && BraceOf(words.text(i - 1)) == '\0') --i;
-  for (; i < words.size() && AreOnOneLine(words, i, word) && words.text(i) != "}"; ++i) {
+  for (; i < words.size() && AreOnOneLine(words, i, word); ++i) {
     const std::string_view text = words.text(i);
+    if (text.find_first_not_of("})]") == std::string_view::npos) break;
     const std::size_t end =
         std::min({text.find("<="), text.find('='), text.find_last_not_of(";,") + 1});
-    const Part part = PartOf(words, i, line.words.size());
     const bool belongsToLast = std::exchange(isJoined, false);
+    const Part part = belongsToLast ? Part::Declares : PartOf(words, i, line.words.size());
     ++line.count;
     if (part == Part::Colon) {
       line.isNameFirst = true;
@@ -58,16 +75,21 @@ Line LineOf(const LocatedWords& words, std::size_t word) {
     }
     if (part == Part::Extra) {
       line.isVector = line.isVector || text == "repeated" || text.front() == '[';
+      line.hasFieldNumber = line.hasFieldNumber || IsBeforeColon(words, i);
     } else {
       if (belongsToLast) {
-        line.words.back().append(".").append(text, 0, end);
+        line.words.back().append(separator).append(text, 0, end);
       } else if (end > 0) {
         line.words.emplace_back(text, 0, end);
       }
-      isJoined = end > 0 && IsJoinedByColons(words, i);
+      const bool isOfC = IsJoinedByC(words, i);
+      separator = isOfC ? "_" : ".";
+      isJoined = end > 0 && (isOfC || IsJoinedByColons(words, i));
       line.isNameFirst = line.isNameFirst || (!isJoined && IsBeforeColon(words, i));
     }
-    if (text.find('=') == end) break;  // A default value follows.
+    if (text.find('=') != end) continue;
+    line.hasFieldNumber = line.hasFieldNumber || HasFieldNumber(words, i);
+    break;  // A default value follows.
   }
   return line;
 }
@@ -107,7 +129,8 @@ std::string MeantLine(const LocatedWords& words, std::size_t word) {
   };
   std::string first = line.words[0];
   std::string second = line.words[1];
-  const bool isTypeFirst = !line.isNameFirst && !isItem && isType(first) && !isType(second);
+  const bool isOnlyFirst = isType(first) && !isType(second.substr(0, second.find('[', 1)));
+  const bool isTypeFirst = !line.isNameFirst && !isItem && (line.hasFieldNumber || isOnlyFirst);
   if (!line.isNameFirst && !isTypeFirst) return {};
   if (isTypeFirst) std::swap(first, second);
   const std::size_t bracket = first.find('[');  // As in `int8 x[4]`.
