@@ -51,7 +51,7 @@ inline constexpr Rule itemsOutside{
 inline constexpr Rule afterIncludePath{
     error, R"("%" is not a statement: an include has one path, in quotes and without spaces)"};
 inline constexpr Rule afterNamespace{error, R"("%" is not a statement: a namespace is one word)"};
-inline constexpr Rule missingPath{error, R"("%" has no path on its line)"};
+inline constexpr Rule bareKeyword{error, R"("%" is followed by nothing on its line)"};
 inline constexpr Rule namespaceWithBraces{error,
                                           R"("%" is not a statement: a namespace has no braces)"};
 inline constexpr Rule unopened{error, R"("%" is not a statement: there is no "{" for it)"};
@@ -100,6 +100,8 @@ inline constexpr Rule extraWordOfType{
     error, R"("%" is a word too many: a member is a name and one word for the type)"};
 inline constexpr Rule extraWordOfValue{
     error, R"("%" is a word too many: an item is a name and one word for the value)"};
+inline constexpr Rule severalNames{
+    error, R"("%" is not a member: each has a name and a type, as in "x: int8 y: int8")"};
 inline constexpr Rule foreignLine{error, R"("%" is of another language: delete the line)"};
 inline constexpr Rule colonsInType{
     error, R"("%::" is not a type: write a dot between names, as in "a.B")"};

@@ -35,9 +35,10 @@ std::string AdviceOfWords(const LocatedWords& words, const Finding& finding) {
   const std::string_view type = finding.text;
   const std::string_view name = words.text(finding.word - 1);
   const TypeNames declared = DeclaredTypes(words);
-  const bool isForeign = !TypeFor(name).empty() && !IsAfterColon(words, finding.word);
   const bool isCapital = IsUpper(name.front()) && !IsUpper(type.front());  // As in `Pose pose`.
-  const bool isType = LooksLikeType(name) || isForeign || isCapital || declared.count(name) > 0;
+  const bool isKnown = !TypeFor(name).empty() || declared.count(name) > 0;
+  const bool isType =
+      LooksLikeType(name) || isCapital || (isKnown && !IsAfterColon(words, finding.word));
   return isType ? R"(put the name first, as in "x: int8")" : MissingPart(type, words, declared);
 }
 
@@ -62,6 +63,11 @@ std::string AdviceFor(Examination& examination, const SourceFile& file, const Fi
     case Hint::None:
       return {};
     case Hint::Form:
+      // As in `long: float64`, where the name does come first.
+      if (LooksLikeType(word) && IsBeforeColon(file.words, finding.word) &&
+          LooksLikeType(file.words.text(finding.word + 1))) {
+        return "choose another name";
+      }
       return SymptomOf(file.words, finding).advice;
     case Hint::SimilarType:
       return UnknownTypeAdvice(examination, file, finding);

@@ -49,7 +49,8 @@ Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
   if (before > 0 && words.text(last).back() == '\'') {  // The reader has split `'{'`.
     return Drop({&rules::notAValue, last, "'{'", "write the number of the character"}, line);
   }
-  const WordRange block = {line.first, ClosingBrace(words, brace) + 1};
+  const bool isDoubled = list.isBegin(brace) && OpenBraces(words) > 0;
+  const WordRange block = {line.first, isDoubled ? brace + 1 : ClosingBrace(words, brace) + 1};
   if (before >= 1 && list.isRequest() && words.text(last) == "response") {
     return Insert(FindingAt(rules::missingClosing, words, last), last, {"}"});
   }
@@ -90,6 +91,9 @@ Fix FixList(const List& list, std::size_t word) {
     const Rule& extra = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
     const Rule& rule = BeginsForeignLine(words.text(qualifier)) ? rules::foreignLine : extra;
     return Drop(FindingAt(rule, words, qualifier), range);
+  }
+  if (const std::size_t name = list.oneOfSeveralNames(range); name != noWord) {
+    return Drop(FindingAt(rules::severalNames, words, name), range);
   }
   if (line.has_value() && EndsWithOtherBracket(words, *line)) {
     const std::size_t last = line->end - 1;

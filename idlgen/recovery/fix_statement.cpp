@@ -5,6 +5,7 @@
 
 #include "check/literals.h"
 #include "recovery/fixes.h"
+#include "recovery/separators.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
 #include "words/cpp_words.h"
@@ -132,6 +133,15 @@ bool FitsLine(std::string_view keyword, const Unexpected& at, std::size_t brace)
   return at.lineEnd == at.word + 2 || brace == at.word + 2;  // As in `module a {`.
 }
 
+/// Returns whether the word before is a keyword that begins the line below another one, whose path
+/// or name is missing.
+bool IsAfterBareKeyword(const Unexpected& at) {
+  const bool isAfterName = at.roleBefore == Role::IncludePath ||
+                           at.roleBefore == Role::NamespacePath || IsRecordName(at.roleBefore);
+  return isAfterName && FindStatement(at.words.text(at.word - 1)) != Statement::None &&
+         !AreOnOneLine(at.words, at.word - 2, at.word - 1);
+}
+
 /// Returns the rule that a word between a name and its brace breaks.
 const Rule& OpeningRule(const Unexpected& at) {
   const std::size_t name = at.word - 1;
@@ -152,7 +162,9 @@ Fix AfterPath(const Unexpected& at) {
     return Drop(FindingAt(FormRule(at.roleBefore), at.words, before, R"(delete the "=")"),
                 {before, at.word});
   }
-  if (at.roleBefore == Role::IncludePath) return at.dropRest(rules::afterIncludePath);
+  if (at.roleBefore == Role::IncludePath) {
+    return WithUnknownName(at.dropRest(rules::afterIncludePath));
+  }
   if (at.text == "{") return at.drop(rules::namespaceWithBraces);
   std::size_t end = at.word;
   for (; end < at.lineEnd && IsBeforeColon(at.words, end - 1); ++end) {
@@ -164,20 +176,13 @@ Fix AfterPath(const Unexpected& at) {
                  {path});
 }
 
-/// A statement in place of the path of the one above it, which is left out.
-Fix AfterMissingPath(const Unexpected& at) {
-  const std::size_t keyword = at.word - 2;
-  return Drop(FindingAt(rules::missingPath, at.words, keyword), {keyword, keyword + 1});
-}
-
 /// A word in place of the keyword of a statement.
 Fix AtStatement(const Unexpected& at) {
   const bool isAfterPath =
       at.roleBefore == Role::NamespacePath || at.roleBefore == Role::IncludePath;
-  const bool isPathMissing = isAfterPath && !AreOnOneLine(at.words, at.word - 2, at.word - 1) &&
-                             FindStatement(at.words.text(at.word - 1)) != Statement::None;
-  if (isPathMissing) return AfterMissingPath(at);
-  if (isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{")) return AfterPath(at);
+  const bool isSeparator = Parts(at.text, foreignSeparators).empty();
+  if (isAfterPath && !isSeparator && (at.isOnLineOfWordBefore() || at.text == "{"))
+    return AfterPath(at);
   if (at.isClosing()) return at.drop(rules::unopened);
   if (at.text == "{") return at.drop(rules::unknownStatement);
   if (auto form = FixForm(at.words, {at.word, at.word + 1}, at.rest())) return *std::move(form);
@@ -205,17 +210,24 @@ Fix AtStatement(const Unexpected& at) {
              : at.dropRest(rules::notAStatement, std::move(advice));
 }
 
+/// Returns the name in this word, or another one.
+std::string NameOnly(const Unexpected& at, std::size_t word) {
+  const std::string_view name = NameIn(at.words.text(word));
+  return name.empty() ? InventedName(word) : std::string(name);
+}
+
 /// A word between a name and its brace, which stands on the same line or below.
 Fix BetweenNameAndBrace(const Unexpected& at, std::size_t brace) {
   const std::size_t name = at.word - 1;
-  const bool isKeyword = FindKeyword(at.words.text(name)) != Keyword::None;
+  const std::string_view nameText = at.words.text(name);
+  const bool isKeyword = FindKeyword(nameText) != Keyword::None || !KeywordFor(nameText).empty();
   if (isKeyword && brace > at.word) {  // As in `enum class E {`.
     return Drop(FindingAt(rules::extraWordOfName, at.words, name), {name, at.word});
   }
-  const std::string nameOnly(NameIn(at.words.text(name)));
-  Fix fix = Replace(at.finding(OpeningRule(at)), {name, brace},
-                    {nameOnly.empty() ? InventedName(name) : nameOnly});
-  fix.mayDeclare = MayDeclare::Nothing;
+  const Rule& rule = OpeningRule(at);
+  Fix fix = Replace(at.finding(rule), {name, brace}, {NameOnly(at, name)});
+  const bool isNameKnown = &rule != &rules::afterName;
+  fix.mayDeclare = isNameKnown ? MayDeclare::Nothing : MayDeclare::Anything;
   return fix;
 }
 
@@ -228,12 +240,14 @@ Fix AtOpening(const Unexpected& at) {
     const bool isClosed = IsListClosed(at.words, at.word);
     const bool hasList = isAfterPart || isService || isClosed || BeginsMember(at) || BeginsItem(at);
     Finding finding = FindingAt(rules::missingOpening, at.words, name);
-    if (hasList && !isClosed && !isService) finding.advice = "members stand in braces";
-    return hasList ? Insert(std::move(finding), at.word, {"{"})
-                   : Drop(std::move(finding), {name - 1, at.word});
+    if (!hasList) return Drop(std::move(finding), {name - 1, at.word});
+    if (!isClosed && !isService) finding.advice = "members stand in braces";
+    // As in `message M (`, whose bracket may be glued to the name.
+    return Replace(std::move(finding), {name, at.word}, {NameOnly(at, name), "{"});
   }
   const std::size_t brace = OpeningBrace(at.words, at.word);
   if (brace != noWord) return BetweenNameAndBrace(at, brace);
+  if (IsPunctuation(at.text)) return at.replace(OpeningRule(at), {"{"});  // As in `enum E (`.
   if (!isAfterPart) return Drop(at.finding(OpeningRule(at)), {name - 1, at.lineEnd});
   Fix fix = at.replace(OpeningRule(at), {"{", "}"});
   fix.mayDeclare = MayDeclare::Nothing;
@@ -264,7 +278,9 @@ Fix AtPart(const Unexpected& at) {
   const bool isNext = next < at.words.size() && at.words.text(next) == part;
   Texts rest = MissingBraces(at.words, at.word);
 
-  if (at.text == "}" && isNext) return at.drop(missing);
+  if (Parts(at.text, foreignSeparators).empty() || (at.text == "}" && isNext)) {
+    return at.drop(missing);
+  }
   if (at.text == "}") {
     rest.pop_back();  // It is there.
     return at.insert(missing, std::move(rest), at.statement());
@@ -294,6 +310,9 @@ Fix FixStatement(const LocatedWords& words, std::size_t word) {
   if (auto fix = FixCharacters(words, {word, LineEnd(words, word)})) return *std::move(fix);
   const Unexpected at(words, word);
   const Role role = words.role(word);
+  if (IsAfterBareKeyword(at)) {
+    return Drop(FindingAt(rules::bareKeyword, words, word - 2), {word - 2, word - 1});
+  }
   if (role == Role::Statement) return AtStatement(at);
   if (role == Role::Part) return AtPart(at);
   if (role != Role::Brace) return AtName(at);

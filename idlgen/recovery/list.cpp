@@ -93,11 +93,21 @@ std::size_t List::qualifierIn(WordRange line) const {
   return noWord;
 }
 
+std::size_t List::oneOfSeveralNames(WordRange line) const {
+  for (std::size_t i = line.first; i + 1 < line.end && !isEnum(); ++i) {
+    const std::string_view text = words.text(i);
+    const std::string_view name = text.substr(0, text.size() - 1);
+    const bool isName = text.back() == ',' && IsIdentifier(name) && !LooksLikeType(name);
+    if (isName && !IsAfterColon(words, i) && !looksLikeTypeOrValue(i + 1)) return i;
+  }
+  return noWord;
+}
+
 bool List::isOneDeclaration(WordRange line) const {
   const auto isOperator = [](std::string_view text) {
     return text.find_first_not_of("+-*/%&|^<>!~()") == std::string_view::npos;
   };
-  if (qualifierIn(line) != noWord) return true;
+  if (qualifierIn(line) != noWord || oneOfSeveralNames(line) != noWord) return true;
   for (std::size_t i = line.first; i < line.end; ++i) {
     const std::string_view text = words.text(i);
     const bool isComment = text.substr(0, 2) == "/*";

@@ -15,6 +15,7 @@ class List {
 
   [[nodiscard]] bool isEnum() const { return words.role(begin) == Role::ItemName; }
   [[nodiscard]] bool isRequest() const;
+  [[nodiscard]] bool isBegin(std::size_t word) const { return word == begin; }
 
   /// Returns the index of the first word after the list.
   [[nodiscard]] std::size_t end() const;
@@ -39,6 +40,10 @@ class List {
   /// Returns the word that qualifies a declaration on the line, as in other languages, or `noWord`.
   /// If it has a place in a pair, it is a name.
   [[nodiscard]] std::size_t qualifierIn(WordRange line) const;
+
+  /// Returns the first of several names that a line declares with one type, as in `int8 x, y` and
+  /// `x, y: int8`, or `noWord`.
+  [[nodiscard]] std::size_t oneOfSeveralNames(WordRange line) const;
 
   /// Returns whether a line of pairs is wrong as a whole: another word qualifies a declaration, as
   /// in `1: required int32 x`, an operator stands alone, as in `A: (1 << 2)`, colons join two

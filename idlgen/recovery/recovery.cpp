@@ -41,6 +41,8 @@ const Examined& Recovery::run(Declarations& declarations) {
     applyFix(file, *fix);
     parse();
   }
+  file.dropped.mayDeclareAnything = true;
+  isChanged = true;
   declare(declarations);
   examined.findings.clear();
   examined.isComplete = false;

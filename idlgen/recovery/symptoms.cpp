@@ -147,6 +147,7 @@ constexpr std::string_view oneWordValue = "write the value as one word, without 
 
 constexpr SymptomKind sign = SymptomKind::Characters;
 constexpr SymptomKind form = SymptomKind::Forms;
+constexpr SymptomKind hint = SymptomKind::Hints;
 
 /// All symptoms, in the order of what they say about the cause.
 constexpr auto rows = Table<SymptomRow>({
@@ -166,6 +167,9 @@ constexpr auto rows = Table<SymptomRow>({
     // Maps, whatever else the line has; equals signs, and parentheses around them.
     {form, members | types, IsTemplateOf, " map unordered_map Map HashMap ", "there are no maps"},
     {form, types, Begins, "map[", "there are no maps"},
+    {form, types, Begins, "dict[", "there are no maps"},
+    {form, types, Begins, "Dict[", "there are no maps"},
+    {form, types, Begins, "Optional[", "there are no optional members"},
     {form, members | types, Has, "<=", "there are no bounds"},
     {form, types, Begins, "(", "there are no tuples"},
     {form, types, Has, "(", R"(it contains "(")"},
@@ -211,6 +215,9 @@ constexpr auto rows = Table<SymptomRow>({
     {form, paths, Has, "//", R"(write one "/")"},
     {form, paths, Has, "\\", R"(write "/" between names)"},
     {form, paths, HasNoExtension, "", R"(it has no extension, such as ".idl")"},
+
+    // What the lines around show better.
+    {hint, types, IsNumberAfter, "", "items stand in an enum"},
 });
 
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.

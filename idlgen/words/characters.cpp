@@ -44,7 +44,10 @@ constexpr auto signsAndSpaces = Table<CharacterRange>({{0xd7, 0xd7},
                                                        {0x3000, 0x3003},
                                                        {0x3008, 0x3020},
                                                        {0x3030, 0x3030},
-                                                       {0xfe45, 0xfe46}});
+                                                       {0xfe45, 0xfe46},
+                                                       {0xff01, 0xff0f},
+                                                       {0xff1a, 0xff20},
+                                                       {0xff5b, 0xff65}});
 
 /// Returns the length that the first byte of a character beyond ASCII announces, or 0.
 std::size_t AnnouncedSize(unsigned char byte) {

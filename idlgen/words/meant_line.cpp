@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "words/characters.h"
 #include "words/cpp_words.h"
 #include "words/foreign_words.h"
 #include "words/tables.h"
@@ -103,6 +104,7 @@ std::string MeantType(std::string_view word) {
     if (IsTemplateOf(word, vectorTemplates)) ++depth;
     word.remove_prefix(word.find('<') + 1);
   }
+  if (word.empty() || IsDigit(static_cast<unsigned char>(word.front()))) return {};
   constexpr std::string_view signs = "[]>&*?\"'0123456789;,";
   word.remove_prefix(std::min(word.find_first_not_of(signs), word.size()));
   const std::size_t end = std::min(word.find_first_of("[]<>&*?\"';,"), word.size());
