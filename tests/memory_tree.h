@@ -36,17 +36,17 @@ class MemoryTree final : public SourceTree {
     return entry;
   }
 
-  std::error_code list(const std::string& directory, std::vector<std::string>& names) override {
+  Listing list(const std::string& directory) override {
     const std::string name = Normal(directory);
     const std::string prefix = name.empty() || name == "/" ? name : name + "/";
-    names.clear();
+    std::vector<std::string> names;
     for (auto inside = texts.lower_bound(prefix); inside != texts.end(); ++inside) {
       if (inside->first.compare(0, prefix.size(), prefix) != 0) break;
       const std::string rest = inside->first.substr(prefix.size());
       names.push_back(rest.substr(0, rest.find('/')));
     }
     names.erase(std::unique(names.begin(), names.end()), names.end());
-    return {};
+    return {names, {}};
   }
 
  private:

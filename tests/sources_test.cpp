@@ -26,9 +26,9 @@ class CountingTree final : public SourceTree {
     if (path == "broken.idl") return {Entry::Kind::Unreadable, files.look(path).id, error};
     return files.read(path, text);
   }
-  std::error_code list(const std::string& directory, std::vector<std::string>& names) override {
+  Listing list(const std::string& directory) override {
     ++lists[directory];
-    return files.list(directory, names);
+    return files.list(directory);
   }
 
   std::map<std::string, int> reads;
@@ -220,11 +220,10 @@ TEST(DiskTree, TellsFilesFromWhatIsNoneAndKnowsThemByAnyPath) {
   EXPECT_EQ(tree.read(scratch.path("fifo"), text).kind, Entry::Kind::Other);
   EXPECT_EQ(tree.read(path, text).id, tree.look(path).id);
   EXPECT_EQ(text, "text");
-  std::vector<std::string> names;
-  EXPECT_FALSE(tree.list(scratch.path("."), names));
-  EXPECT_EQ(names, (std::vector<std::string>{"d", "fifo", "hard", "soft"}));
-  EXPECT_TRUE(tree.list(scratch.path("none"), names));
-  EXPECT_EQ(names, std::vector<std::string>());
+  const Listing listing = tree.list(scratch.path("."));
+  EXPECT_FALSE(listing.error);
+  EXPECT_EQ(listing.names, (std::vector<std::string>{"d", "fifo", "hard", "soft"}));
+  EXPECT_TRUE(tree.list(scratch.path("none")).error);
 }
 
 }  // namespace

@@ -23,6 +23,14 @@ SourceFile::SourceFile(std::string openedPath, std::string wholeText)
   }
 }
 
+std::vector<std::string_view> IncludeWords(const SourceFile& file) {
+  std::vector<std::string_view> words;
+  for (std::size_t i = 0; i < file.words.size(); ++i) {
+    if (file.words.role(i) == Role::IncludePath) words.push_back(file.words.text(i));
+  }
+  return words;
+}
+
 void SourceFile::locateWords() {
   if (words.places.size() != words.size()) locate(words, text);
 }

@@ -41,8 +41,8 @@ struct DroppedWords {
   bool mayDeclareAnything = false;  ///< Such as an include.
 };
 
-/// An IDL file: as it was read, and as recovery has it read instead. Stays where it is: the words
-/// refer to `idl`, and their places to `text`.
+/// An IDL file, from its reading to its messages. Stays where it is: the words refer to `idl`, and
+/// their places to `text`.
 struct SourceFile {
   /// Splits and parses the text. Prints nothing. Nothing is included yet.
   SourceFile(std::string openedPath, std::string wholeText);
@@ -52,6 +52,7 @@ struct SourceFile {
   /// Finds the places of the words, unless that has been done.
   void locateWords();
 
+  // As it was read.
   std::string path;  ///< By which it was opened.
   std::string text;
   IDL idl;
@@ -59,12 +60,16 @@ struct SourceFile {
   bool isNamed = false;      ///< Whether the run names it, or has only found its include.
   std::string sameHeaderAs;  ///< The path of a named file before it with the same header, or empty.
 
+  // As the parser reads it: at first the words of the text, later those that recovery puts there.
   LocatedWords words;
   Schema schema;                    ///< Of the statements before the first error.
   std::optional<ParseError> error;  ///< Why the parser refuses these words.
   std::list<std::string> ownTexts;  ///< What recovery has put in place of words of the text.
   DroppedWords dropped;
 };
+
+/// Returns the words of the paths that a file includes, in their order.
+std::vector<std::string_view> IncludeWords(const SourceFile& file);
 
 /// Returns the path between the quotes or brackets of an include statement, or nothing if it does
 /// not have both of them. A ";" may follow.

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -26,6 +28,12 @@ struct Entry {
   std::error_code error = {};  ///< Why it is missing or unreadable.
 };
 
+/// The names in a directory, in alphabetical order. After an error, some may be missing.
+struct Listing {
+  std::vector<std::string> names;
+  std::error_code error;
+};
+
 /// Where the files of a check come from. Links are followed.
 class SourceTree {
  public:
@@ -38,8 +46,7 @@ class SourceTree {
   /// nothing is read.
   virtual Entry read(const std::string& path, std::string& text) = 0;
 
-  /// Gives the names in a directory, in alphabetical order. After an error, some may be missing.
-  virtual std::error_code list(const std::string& directory, std::vector<std::string>& names) = 0;
+  virtual Listing list(const std::string& directory) = 0;
 };
 
 /// The files on disk.
@@ -47,7 +54,28 @@ class DiskTree final : public SourceTree {
  public:
   Entry look(const std::string& path) override;
   Entry read(const std::string& path, std::string& text) override;
-  std::error_code list(const std::string& directory, std::vector<std::string>& names) override;
+  Listing list(const std::string& directory) override;
+};
+
+/// Joins a directory and a path as text: ".." takes a name off.
+std::string Joined(std::string directory, std::string_view path);
+
+/// Returns a directory and each one above it that its path names.
+std::vector<std::string> Ancestors(std::string directory);
+
+/// Looks at each path and lists each directory once, since many includes may lead there. The path
+/// of a directory is empty, for the current one, or has a '/' at its end.
+class PathCache {
+ public:
+  explicit PathCache(SourceTree& sourceTree) : tree(sourceTree) {}
+
+  const Entry& look(const std::string& path);
+  const Listing& list(const std::string& directory);
+
+ private:
+  SourceTree& tree;
+  std::unordered_map<std::string, Entry> entries;
+  std::unordered_map<std::string, Listing> listings;
 };
 
 }  // namespace zentho::idlgen

@@ -5,8 +5,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -22,7 +20,7 @@ namespace zentho::idlgen {
 class Sources {
  public:
   /// `directories` are searched for included files, in this order.
-  Sources(SourceTree& sourceTree, std::vector<std::string> directories);
+  Sources(SourceTree& sourceTree, std::vector<std::string> baseDirectories);
 
   /// A file that the run reads, or why it cannot be read.
   struct Input {
@@ -45,36 +43,29 @@ class Sources {
   [[nodiscard]] bool contains(const FileId& id) const { return ids.count(id) > 0; }
 
   /// Returns whether an include has not been found.
-  [[nodiscard]] bool hasMissing() const { return !firstMissing.empty(); }
+  [[nodiscard]] bool hasMissing() const { return isMissing; }
 
   /// Returns the shortest path by which the file `from` can include the file `to`, or nothing.
   std::string includePath(const SourceFile& from, const SourceFile& to);
 
  private:
-  using Location = std::pair<FileId, std::string>;  ///< The directory, and the name there.
+  using FileKey = std::pair<FileId, std::string>;  ///< The directory, and the name there.
 
-  [[nodiscard]] Location locationOf(const std::string& path);
+  [[nodiscard]] FileKey keyOf(const std::string& path);
   void loadNamed(const std::string& path);
-  std::pair<const Input*, bool> read(const std::string& path);
+  const Input& read(const std::string& path);
   void findIncludes(SourceFile& file);
   Include find(const std::string& directory, std::string_view word);
-  void indexNames();
-  void noteMissing(SourceFile& file);
-  void noteIfMissing(const SourceFile& file, std::string_view word, Include& at);
-  std::string advice(const SourceFile& file, std::string_view path);
-  void noteSameHeaders();
 
   SourceTree& tree;
+  PathCache cache;
   IncludeSearch search;
   std::vector<Input> namedFiles;
   std::deque<SourceFile> sources;
-  std::map<Location, Input> inputs;
+  std::map<FileKey, Input> inputs;
   std::set<FileId> ids;
-  std::unordered_set<const SourceFile*> visited;  ///< Included files whose own were noted.
-  /// By the path, or after a zero byte the directory that is not searched.
-  std::unordered_map<std::string, MissingInclude*> firstMissing;
-  std::unordered_map<std::string, std::vector<const SourceFile*>> filesByName;
-  std::set<std::string> extensions;  ///< Of the files, each with its dot.
+  std::map<FileKey, const SourceFile*> filesByHeader;  ///< The first named file of each.
+  bool isMissing = false;
 };
 
 }  // namespace zentho::idlgen
