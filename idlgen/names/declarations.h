@@ -58,8 +58,8 @@ struct CheckedFile {
   std::vector<Inclusion> includes = {};
   std::vector<const Namespace*> namespaces = {};  ///< From the global one to that of the file.
   std::size_t namespaceWord = noWord;
-  DroppedWords odd = {};  ///< Declared words that cannot be read as a name, as in `P<T>`.
-  std::size_t begin = 0;  ///< Its declarations, as indexes in the list of all.
+  PossibleNames odd = {};  ///< Declared words that cannot be read as a name, as in `P<T>`.
+  std::size_t begin = 0;   ///< Its declarations, as indexes in the list of all.
   std::size_t end = 0;
 
   [[nodiscard]] const LocatedWords& words() const { return source->words; }

@@ -24,7 +24,7 @@ void View::see(const CheckedFile& other) {
   seenCount += other.end - other.begin;
   mayMissAll = mayMissAll || !other.isComplete;
   const SourceFile& source = *other.source;
-  for (const DroppedWords* const words : {&source.dropped, &other.odd}) {
+  for (const PossibleNames* const words : {&source.dropped, &other.odd}) {
     mayMissAll = mayMissAll || words->mayDeclareAnything;
     if (!words->names.empty()) dropped.push_back(words);
   }
@@ -57,7 +57,7 @@ std::vector<const Declaration*> View::seenOf(const Namespace& space, std::string
 }
 
 bool View::mayMiss(std::string_view name) const {
-  return mayMissAll || std::any_of(dropped.begin(), dropped.end(), [&](const DroppedWords* words) {
+  return mayMissAll || std::any_of(dropped.begin(), dropped.end(), [&](const PossibleNames* words) {
            return words->names.count(name) > 0;
          });
 }

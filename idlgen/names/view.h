@@ -64,7 +64,7 @@ class View {
   const CheckedFile* file;
   bool isIncluded = false;  ///< Whether one of the others includes the user.
   bool mayMissAll = false;
-  std::vector<const DroppedWords*> dropped;  ///< Of all files, unless there are none.
+  std::vector<const PossibleNames*> dropped;  ///< Of all files, unless there are none.
   std::vector<const CheckedFile*> included;
   std::size_t seenCount = 0;        ///< Of the declarations in all files.
   std::vector<char> sees;           ///< 1 for each file that is seen, by its number.

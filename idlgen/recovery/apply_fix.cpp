@@ -17,7 +17,7 @@ void replace(std::vector<T>& list, WordRange range, const std::vector<T>& values
 }
 
 /// Keeps the names in a word that is not read.
-void rememberNamesIn(std::string_view word, DroppedWords& dropped) {
+void rememberNamesIn(std::string_view word, PossibleNames& dropped) {
   for (std::string_view name = NameIn(word); !name.empty(); name = NameIn(word)) {
     dropped.names.insert(name);
     word.remove_prefix(static_cast<std::size_t>(name.end() - word.begin()));

@@ -35,10 +35,10 @@ struct Include {
   std::list<MissingInclude> missing = {};  ///< What is told here.
 };
 
-/// What recovery has taken out of a file, which may declare names.
-struct DroppedWords {
+/// Names that may be declared although no word that is read declares them.
+struct PossibleNames {
   std::unordered_set<std::string_view> names;
-  bool mayDeclareAnything = false;  ///< Such as an include.
+  bool mayDeclareAnything = false;  ///< As an include may.
 };
 
 /// An IDL file, from its reading to its messages. Stays where it is: the words refer to `idl`, and
@@ -65,7 +65,7 @@ struct SourceFile {
   Schema schema;                    ///< Of the statements before the first error.
   std::optional<ParseError> error;  ///< Why the parser refuses these words.
   std::list<std::string> ownTexts;  ///< What recovery has put in place of words of the text.
-  DroppedWords dropped;
+  PossibleNames dropped;            ///< In words that recovery has taken out.
 };
 
 /// Returns the words of the paths that a file includes, in their order.
