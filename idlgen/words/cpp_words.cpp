@@ -1,17 +1,33 @@
 #include "words/cpp_words.h"
 
-#include <algorithm>
+#include <array>
+#include <cstddef>
 
 #include "words/cpp_word_tables.h"
 
 namespace zentho::idlgen {
+namespace {
+
+/// Returns for each letter the index of the first keyword that begins with it or a later one.
+constexpr std::array<std::size_t, 27> KeywordsByLetter() {
+  std::array<std::size_t, 27> begins{};
+  for (const KeywordRow& row : keywords) {
+    const auto letter = static_cast<std::size_t>(row.word.front() - 'a');
+    for (std::size_t later = letter + 1; later < begins.size(); ++later) ++begins[later];
+  }
+  return begins;
+}
+
+}  // namespace
 
 Keyword FindKeyword(std::string_view word) {
   if (word.empty() || word.front() < 'a' || word.front() > 'z') return Keyword::None;
-  const auto* const found = std::lower_bound(
-      keywords.begin(), keywords.end(), word,
-      [](const KeywordRow& row, std::string_view wanted) { return row.word < wanted; });
-  return found != keywords.end() && found->word == word ? found->kind : Keyword::None;
+  constexpr std::array<std::size_t, 27> begins = KeywordsByLetter();
+  const auto letter = static_cast<std::size_t>(word.front() - 'a');
+  for (std::size_t i = begins[letter]; i < begins[letter + 1]; ++i) {
+    if (keywords[i].word == word) return keywords[i].kind;
+  }
+  return Keyword::None;
 }
 
 bool IsCppType(std::string_view type) {

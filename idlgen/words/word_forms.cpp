@@ -26,13 +26,13 @@ bool IsNumber(std::string_view word) {
 }
 
 std::size_t NameSize(std::string_view text) {
-  std::size_t size = 0;
-  while (size < text.size()) {
-    const Character next = FirstCharacter(text.substr(size));
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const Character next = FirstCharacter(rest);
     if (!next.valid || !IsNameCharacter(next.code)) break;
-    size += next.size;
+    rest.remove_prefix(next.size);
   }
-  return size;
+  return text.size() - rest.size();
 }
 
 bool IsIdentifier(std::string_view word) {
