@@ -124,6 +124,15 @@ void checkMisfits(Context& context) {
   }
 }
 
+/// Reports the includes through which the file includes itself.
+void checkCycles(Context& context) {
+  for (const Inclusion& inclusion : context.file.includes) {
+    if (!context.view.all().areInCycle(context.file, *inclusion.file)) continue;
+    const bool isItself = inclusion.file == &context.file;
+    context.report(isItself ? rules::includesItself : rules::cycle, inclusion.word);
+  }
+}
+
 }  // namespace
 
 void checkIncludePath(Context& context, std::size_t i) {
@@ -147,13 +156,7 @@ void checkIncludePath(Context& context, std::size_t i) {
 }
 
 void checkIncludes(Context& context) {
-  const std::vector<const CheckedFile*> cycle = context.view.filesThatIncludeUser();
-  for (const Inclusion& inclusion : context.file.includes) {
-    const bool isItself = inclusion.file == &context.file;
-    const bool isBack = std::find(cycle.begin(), cycle.end(), inclusion.file) != cycle.end();
-    if (isItself) context.report(rules::includesItself, inclusion.word);
-    if (isBack) context.report(rules::cycle, inclusion.word);
-  }
+  checkCycles(context);
   if (!context.file.includes.empty()) checkMisfits(context);
 }
 

@@ -79,7 +79,7 @@ MemberCheck::TypeWord MemberCheck::checkTypeWord(std::size_t i) {
 
 /// Checks once that no included file hides the namespace of the C++ library, which a type needs.
 void MemberCheck::checkLibrary(std::size_t i) {
-  if (isLibraryChecked || context.view.others().empty() || !NeedsStd(words.text(i))) return;
+  if (isLibraryChecked || context.view.files().size() == 1 || !NeedsStd(words.text(i))) return;
   isLibraryChecked = true;
   const std::vector<const Namespace*>& spaces = context.file.namespaces;
   for (std::size_t level = 1; level < spaces.size(); ++level) {

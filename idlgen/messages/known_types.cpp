@@ -68,17 +68,11 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
 
 /// Returns the types that the user sees, in the order of their declarations.
 std::vector<const Declaration*> KnownTypes::typesInView() const {
-  std::vector<const CheckedFile*> files = view.others();
-  files.push_back(&view.user());
-  std::sort(files.begin(), files.end(),
-            [](const CheckedFile* a, const CheckedFile* b) { return a->begin < b->begin; });
-  std::vector<const Declaration*> declared;
-  for (const CheckedFile* const file : files) {
-    for (std::size_t i = file->begin; i < file->end; ++i) {
-      if (IsTypeName(view.all().list()[i].role)) declared.push_back(&view.all().list()[i]);
-    }
+  std::vector<const Declaration*> types;
+  for (const Declaration* const declared : view.declared()) {
+    if (IsTypeName(declared->role)) types.push_back(declared);
   }
-  return declared;
+  return types;
 }
 
 /// Returns the shortest name by which the user finds the type.

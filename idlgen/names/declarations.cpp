@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "names/cycles.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -36,10 +37,12 @@ void Declarations::update(const SourceFile& source) {
   declareAll(file);
   findIncludes(file);
   knownClashes.reset();
+  knownCycles.clear();
 }
 
 void Declarations::declareAll(CheckedFile& file) {
   const Words& words = file.words();
+  file.unread = file.source->dropped;
   file.begin = declarations.size();
   Namespace& space = enterNamespace(file);
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -66,7 +69,7 @@ Namespace& Declarations::enterNamespace(CheckedFile& file) {
   for (const std::string_view part : Components(path)) {
     if (MeantName(part).empty()) continue;
     const std::string_view name = declaredName(part);
-    file.odd.mayDeclareAnything = file.odd.mayDeclareAnything || name.empty();
+    file.unread.mayDeclareAnything = file.unread.mayDeclareAnything || name.empty();
     Namespace*& inner = space->nested[name];
     if (inner == nullptr) inner = &spaces.emplace_back(Namespace{name, spaces.size()});
     space = inner;
@@ -89,8 +92,8 @@ void Declarations::declare(Namespace& space, CheckedFile& file, std::size_t word
   const bool isItem = role == Role::ItemName;
   if (name.empty()) {
     // Only a value can mean an item.
-    if (isItem) file.odd.names.insert(NameIn(file.words().text(word)));
-    file.odd.mayDeclareAnything = file.odd.mayDeclareAnything || !isItem;
+    if (isItem) file.unread.names.insert(NameIn(file.words().text(word)));
+    file.unread.mayDeclareAnything = file.unread.mayDeclareAnything || !isItem;
     return;
   }
   Chain& chain = space.chains[name];
@@ -101,7 +104,7 @@ void Declarations::declare(Namespace& space, CheckedFile& file, std::size_t word
   chain.push_back(&declarations.emplace_back(Declaration{name, role, &file, word, &space}));
 }
 
-/// Finds the includes among the words, and whether all of them lead to files that are checked.
+/// Finds the includes among the words. One that leads to no file that is checked may bring names.
 void Declarations::findIncludes(CheckedFile& file) {
   const Words& words = file.words();
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -112,7 +115,7 @@ void Declarations::findIncludes(CheckedFile& file) {
     if (found != fileOfSource.end()) {
       file.includes.push_back({i, found->second});
     } else {
-      file.isComplete = false;
+      file.unread.mayDeclareAnything = true;
     }
   }
 }
@@ -124,6 +127,11 @@ const Declaration* Declarations::declaredAt(const CheckedFile& file, std::size_t
       begin + static_cast<std::ptrdiff_t>(file.begin), end, word,
       [](const Declaration& declaration, std::size_t i) { return declaration.word < i; });
   return found == end || found->word != word ? nullptr : &*found;
+}
+
+bool Declarations::areInCycle(const CheckedFile& a, const CheckedFile& b) const {
+  if (knownCycles.empty()) knownCycles = CyclesOf(files);
+  return knownCycles[a.number] == knownCycles[b.number];
 }
 
 const std::vector<Clash>& Declarations::clashes() const {

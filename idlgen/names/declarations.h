@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,7 +29,7 @@ struct Declaration {
 };
 
 /// The declarations of one name in one namespace.
-using Chain = std::vector<Declaration*>;
+using Chain = std::vector<const Declaration*>;
 
 /// A namespace into which files declare names.
 struct Namespace {
@@ -54,12 +55,11 @@ struct Inclusion {
 struct CheckedFile {
   SourceFile* source;
   std::size_t number;
-  bool isComplete = true;  ///< Whether all includes lead to files that are checked.
+  PossibleNames unread = {};  ///< What may be declared in what has not been read.
   std::vector<Inclusion> includes = {};
   std::vector<const Namespace*> namespaces = {};  ///< From the global one to that of the file.
   std::size_t namespaceWord = noWord;
-  PossibleNames odd = {};  ///< Declared words that cannot be read as a name, as in `P<T>`.
-  std::size_t begin = 0;   ///< Its declarations, as indexes in the list of all.
+  std::size_t begin = 0;  ///< Its declarations, as indexes in the list of all.
   std::size_t end = 0;
 
   [[nodiscard]] const LocatedWords& words() const { return source->words; }
@@ -86,12 +86,15 @@ class Declarations {
   [[nodiscard]] const CheckedFile& fileOf(const SourceFile& source) const {
     return *fileOfSource.at(&source);
   }
-  [[nodiscard]] const std::deque<CheckedFile>& allFiles() const { return files; }
+  [[nodiscard]] const std::list<CheckedFile>& allFiles() const { return files; }
   [[nodiscard]] const std::deque<Declaration>& list() const { return declarations; }
   [[nodiscard]] std::size_t countNamespaces() const { return spaces.size(); }
 
   /// Returns what the word of a file declares, or nullptr.
   [[nodiscard]] const Declaration* declaredAt(const CheckedFile& file, std::size_t word) const;
+
+  /// Returns whether two files include each other, also through others.
+  [[nodiscard]] bool areInCycle(const CheckedFile& a, const CheckedFile& b) const;
 
   /// Returns the names that clash in some of the files, in the order of their declarations.
   [[nodiscard]] const std::vector<Clash>& clashes() const;
@@ -103,12 +106,13 @@ class Declarations {
   void declare(Namespace& space, CheckedFile& file, std::size_t word);
   void findIncludes(CheckedFile& file);
 
-  std::deque<CheckedFile> files;
-  std::deque<Namespace> spaces;
+  std::list<CheckedFile> files;
+  std::list<Namespace> spaces;
   std::deque<Declaration> declarations;
-  std::deque<std::string> meantNames;  ///< Of words that are none, which the declarations refer to.
+  std::list<std::string> meantNames;  ///< Of words that are none, which the declarations refer to.
   std::unordered_map<const SourceFile*, CheckedFile*> fileOfSource;
   mutable std::optional<std::vector<Clash>> knownClashes;
+  mutable std::vector<std::size_t> knownCycles;  ///< Empty if they are not known.
 };
 
 }  // namespace zentho::idlgen

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -14,13 +16,13 @@ class View {
   View(const Declarations& allDeclarations, const CheckedFile& fileThatLooks);
 
   [[nodiscard]] const Declarations& all() const { return declarations; }
-  [[nodiscard]] const CheckedFile& user() const { return *file; }
+  [[nodiscard]] const CheckedFile& user() const { return *seen.front(); }
 
-  /// The files that are seen, apart from the user.
-  [[nodiscard]] const std::vector<const CheckedFile*>& others() const { return included; }
+  /// The files that are seen, the user first.
+  [[nodiscard]] const std::vector<const CheckedFile*>& files() const { return seen; }
 
-  [[nodiscard]] bool has(const CheckedFile* other) const {
-    return other != nullptr && sees[other->number] != 0;
+  [[nodiscard]] bool has(const CheckedFile* file) const {
+    return file != nullptr && sees[file->number] != 0;
   }
   [[nodiscard]] bool has(const Namespace& space) const { return seesNamespace[space.number] != 0; }
 
@@ -28,45 +30,26 @@ class View {
   /// file that is not found, or in words that have been dropped or cannot be read as a name.
   [[nodiscard]] bool mayMiss(std::string_view name) const;
 
-  /// Returns the files that include the user, also through others, among those that are seen.
-  [[nodiscard]] std::vector<const CheckedFile*> filesThatIncludeUser() const;
-
-  /// Returns the first of the others that declares names in a namespace, or nullptr.
+  /// Returns the first of the other files that declares names in a namespace, or nullptr.
   [[nodiscard]] const CheckedFile* firstIn(const Namespace& space) const;
 
   /// Returns the namespace of this name in another one, if it is seen, or nullptr.
   [[nodiscard]] const Namespace* inner(const Namespace& space, std::string_view name) const;
 
+  /// Returns all declarations that are seen, in their order.
+  [[nodiscard]] Chain declared() const;
+
   /// Returns the first declaration of a name in a namespace that is seen and for which this holds,
   /// or nullptr.
-  template <typename Predicate>
   [[nodiscard]] const Declaration* find(const Namespace& space, std::string_view name,
-                                        const Predicate& holds) const {
-    const Chain& chain = space.chain(name);
-    if (chain.size() <= seenCount) {
-      for (const Declaration* const declaration : chain) {
-        if (has(declaration->file) && holds(*declaration)) return declaration;
-      }
-      return nullptr;
-    }
-    for (const Declaration* const declaration : seenOf(space, name)) {
-      if (holds(*declaration)) return declaration;
-    }
-    return nullptr;
-  }
+                                        const std::function<bool(const Declaration&)>& holds) const;
 
  private:
-  void see(const CheckedFile& other);
-  [[nodiscard]] std::vector<const Declaration*> seenOf(const Namespace& space,
-                                                       std::string_view name) const;
-
   const Declarations& declarations;
-  const CheckedFile* file;
-  bool isIncluded = false;  ///< Whether one of the others includes the user.
   bool mayMissAll = false;
-  std::vector<const PossibleNames*> dropped;  ///< Of all files, unless there are none.
-  std::vector<const CheckedFile*> included;
-  std::size_t seenCount = 0;        ///< Of the declarations in all files.
+  std::vector<const PossibleNames*> unread;  ///< Of all files, unless there are none.
+  std::vector<const CheckedFile*> seen;
+  std::size_t declaredCount = 0;    ///< In all these files.
   std::vector<char> sees;           ///< 1 for each file that is seen, by its number.
   std::vector<char> seesNamespace;  ///< The same for namespaces.
 };
