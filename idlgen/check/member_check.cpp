@@ -194,7 +194,7 @@ const Rule* MemberCheck::ruleFor(const Found& found, std::string_view type, bool
       return hasOuterType(Components(type).back()) ? &rules::hiddenByItem : &rules::itemAsType;
     case Meaning::Namespace:
       return &rules::namespaceAsType;
-    case Meaning::OuterOne:
+    case Meaning::OuterType:
       return &rules::perhapsDeclaredBelow;
     case Meaning::Below: {
       const bool isInMessage = words.role(scope.record) == Role::MessageName;

@@ -20,7 +20,7 @@ enum class Meaning : std::uint8_t {
   Namespace,
   Below,      ///< A declaration that comes later in the header.
   LaterPart,  ///< The response, in the request of its service.
-  OuterOne,   ///< A type further out, in spite of a declaration that comes later.
+  OuterType,  ///< A type further out, in spite of a declaration that comes later.
   Unknown,    ///< Nothing in the files.
   Elsewhere   ///< Nothing in the files that can be judged: perhaps in another, or in the library.
 };

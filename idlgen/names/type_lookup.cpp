@@ -63,7 +63,7 @@ Found TypeLookup::findName(std::string_view name) const {
       below = found;
     } else if (found.meaning != Meaning::Unknown) {
       const bool isOther = below.meaning == Meaning::Below && found.meaning != Meaning::Namespace;
-      if (isOther) return {Meaning::OuterOne, below.declaration};
+      if (isOther) return {Meaning::OuterType, below.declaration};
       return space == namespaces.rbegin() ? Innermost(found) : found;
     }
   }
@@ -93,26 +93,36 @@ Found TypeLookup::foundAs(const Declaration& record) const {
   return {isService ? Meaning::Service : Meaning::Type, &record};
 }
 
-/// The first name is looked up from the inside out. Once it is found, there is no way back.
+/// Looks up names with dots between them and perhaps before them.
 Found TypeLookup::findPath(const Path& path) const {
   const std::string_view first = path.front();
+  if (first.empty()) return findFromGlobal(path);
   if (first == "std" || first == "zentho") return {Meaning::Elsewhere};
-  if (first.empty()) {
-    // The C library has many more names in the global namespace, but no namespaces.
-    const bool isOther = path.size() < 3 || path[1] == "std" || path[1] == "zentho";
-    return isOther ? Found{Meaning::Elsewhere} : findFrom(*namespaces.front(), path, 1);
-  }
   if (IsNestedAbove(first, scope.part)) return Innermost(unknown);
   const Declaration* const own = ownRecord();
-  if (own != nullptr && first == own->name) {
-    // A type and a namespace of one name have been reported where they are declared.
-    if (view.inner(*own->space, first) != nullptr) return {Meaning::Elsewhere};
-    return Innermost(findNested(*own, path, 1));
-  }
+  return own != nullptr && first == own->name ? findFromOwn(*own, path) : findOutwards(path);
+}
+
+/// Looks up a path that begins with a dot.
+Found TypeLookup::findFromGlobal(const Path& path) const {
+  // The C library has many more names in the global namespace, but no namespaces.
+  const bool isOther = path.size() < 3 || path[1] == "std" || path[1] == "zentho";
+  return isOther ? Found{Meaning::Elsewhere} : findFrom(*namespaces.front(), path, 1);
+}
+
+/// Looks up a path that begins with the name of the record with the members.
+Found TypeLookup::findFromOwn(const Declaration& own, const Path& path) const {
+  // A type and a namespace of one name have been reported where they are declared.
+  if (view.inner(*own.space, own.name) != nullptr) return {Meaning::Elsewhere};
+  return Innermost(findNested(own, path, 1));
+}
+
+/// Looks up the first name from the inside out. Once it is found, there is no way back.
+Found TypeLookup::findOutwards(const Path& path) const {
   const Declaration* below = nullptr;
   for (auto space = namespaces.rbegin(); space != namespaces.rend(); ++space) {
-    const Declaration* const record = lookup.recordIn(**space, first);
-    const Namespace* const inner = view.inner(**space, first);
+    const Declaration* const record = lookup.recordIn(**space, path.front());
+    const Namespace* const inner = view.inner(**space, path.front());
     if (record != nullptr && isAbove(*record)) {
       if (inner != nullptr) return {Meaning::Elsewhere};
       const Found found = findNested(*record, path, 1);
@@ -122,12 +132,9 @@ Found TypeLookup::findPath(const Path& path) const {
     if (inner != nullptr) return findFrom(*inner, path, 1);
   }
   if (below == nullptr) return unknown;
+  if (!lookup.mayBeElsewhere(path.front())) return findInRecord(*below, path, 1);
   // An included file may have a namespace of that name, but not the global one of this file.
-  if (lookup.mayBeElsewhere(first)) {
-    return namespaces.size() > 1 ? unknown : Found{Meaning::Below, below};
-  }
-  const Found nested = findNested(*below, path, 1);
-  return nested.meaning == Meaning::Unknown ? unknown : Found{Meaning::Below, below};
+  return namespaces.size() > 1 ? unknown : Found{Meaning::Below, below};
 }
 
 /// Looks up the rest of a path in a namespace.
@@ -137,15 +144,19 @@ Found TypeLookup::findFrom(const Namespace& space, const Path& path, std::size_t
     const Declaration* const record = lookup.recordIn(*outer, path[next]);
     const Namespace* const inner = view.inner(*outer, path[next]);
     if (record != nullptr && inner != nullptr) return {Meaning::Elsewhere};
-    if (record != nullptr) {
-      const Found found = findNested(*record, path, next + 1);
-      const bool isBelow = !isOwn(*record) && !isAbove(*record);
-      return isBelow && found.meaning != Meaning::Unknown ? Found{Meaning::Below, record} : found;
-    }
+    if (record != nullptr) return findInRecord(*record, path, next + 1);
     if (inner == nullptr) return unknown;
     outer = inner;
   }
   return findIn(*outer, path[next]);
+}
+
+/// Looks up the rest of a path in a record that may come later in the header.
+Found TypeLookup::findInRecord(const Declaration& record, const Path& path,
+                               std::size_t next) const {
+  const Found found = findNested(record, path, next);
+  const bool isBelow = !isOwn(record) && !isAbove(record);
+  return isBelow && found.meaning != Meaning::Unknown ? Found{Meaning::Below, &record} : found;
 }
 
 /// Looks up the rest of a path in a record. Only services have types inside, among them themselves.

@@ -40,8 +40,13 @@ class TypeLookup {
 
   [[nodiscard]] Found findName(std::string_view name) const;
   [[nodiscard]] Found findPath(const Path& path) const;
+  [[nodiscard]] Found findFromGlobal(const Path& path) const;
+  [[nodiscard]] Found findFromOwn(const Declaration& own, const Path& path) const;
+  [[nodiscard]] Found findOutwards(const Path& path) const;
   [[nodiscard]] Found findIn(const Namespace& space, std::string_view name) const;
   [[nodiscard]] Found findFrom(const Namespace& space, const Path& path, std::size_t next) const;
+  [[nodiscard]] Found findInRecord(const Declaration& record, const Path& path,
+                                   std::size_t next) const;
   [[nodiscard]] Found findNested(const Declaration& record, const Path& path,
                                  std::size_t next) const;
   [[nodiscard]] Found foundAs(const Declaration& record) const;
