@@ -40,17 +40,21 @@ TypeLookup::TypeLookup(const Lookup& lookupOfFile, const Scope& scopeOfMembers)
 
 Found TypeLookup::find(std::string_view type) const {
   const bool isPath = type.find('.') != std::string_view::npos;
-  const Path path = isPath ? Components(type) : Path{type};
-  const Found found = isPath ? findPath(path) : findName(type);
+  const Found found = isPath ? findPath(Components(type)) : findName(type);
   const bool isNoType = found.meaning == Meaning::Unknown || found.meaning == Meaning::Namespace ||
                         found.meaning == Meaning::Item || found.meaning == Meaning::Service ||
                         (isPath && found.meaning == Meaning::Itself);
-  const bool isElsewhere = std::any_of(
-      path.begin(), path.end(), [&](std::string_view name) { return lookup.mayBeElsewhere(name); });
-  if (isNoType && isElsewhere && !found.isInnermost) return {Meaning::Elsewhere};
+  if (isNoType && !found.isInnermost && mayBeElsewhere(type)) return {Meaning::Elsewhere};
   const bool isLater =
       found.meaning == Meaning::Unknown && scope.part == Scope::Part::Request && type == "Response";
   return isLater ? Found{Meaning::LaterPart} : found;
+}
+
+/// Returns whether one of the names of a type may be declared in what has not been read.
+bool TypeLookup::mayBeElsewhere(std::string_view type) const {
+  const Path path = Components(type);
+  return std::any_of(path.begin(), path.end(),
+                     [&](std::string_view name) { return lookup.mayBeElsewhere(name); });
 }
 
 Found TypeLookup::findName(std::string_view name) const {

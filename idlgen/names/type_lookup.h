@@ -38,6 +38,7 @@ class TypeLookup {
  private:
   using Path = std::vector<std::string_view>;
 
+  [[nodiscard]] bool mayBeElsewhere(std::string_view type) const;
   [[nodiscard]] Found findName(std::string_view name) const;
   [[nodiscard]] Found findPath(const Path& path) const;
   [[nodiscard]] Found findFromGlobal(const Path& path) const;
