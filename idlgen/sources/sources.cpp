@@ -1,6 +1,8 @@
 #include "sources/sources.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "io/file.h"
 #include "sources/include_advice.h"
@@ -23,7 +25,7 @@ void Sources::load(const std::vector<std::string>& paths) {
   // The files that are included are appended, so that the loop comes to them.
   // NOLINTNEXTLINE(modernize-loop-convert)
   for (std::size_t i = 0; i < sources.size(); ++i) findIncludes(sources[i]);
-  isMissing = noteMissingIncludes(sources, cache, search);
+  if (isMissing) isMissing = noteMissingIncludes(sources, cache, search);
 }
 
 void Sources::loadNamed(const std::string& path) {
@@ -32,22 +34,26 @@ void Sources::loadNamed(const std::string& path) {
     namedFiles.push_back({path, nullptr, ReasonOf(entry)});
     return;
   }
-  const std::size_t count = inputs.size();
+  FileKey key = keyOf(path);
+  if (inputs.count(key) > 0) return;
   const Input& input = read(path);
-  if (inputs.size() == count) return;
   namedFiles.push_back(input);
   if (input.file == nullptr) return;
   input.file->isNamed = true;
-  const std::string header = path.substr(0, path.rfind('.'));
-  const auto [first, isNew] = filesByHeader.emplace(keyOf(header), input.file);
+  key.second.resize(std::min(key.second.rfind('.'), key.second.size()));
+  const auto [first, isNew] = filesByHeader.emplace(std::move(key), input.file);
   if (!isNew) input.file->sameHeaderAs = first->second->path;
 }
 
 /// Reads the file that `look` has found at a path, unless that has been tried by any path.
 const Sources::Input& Sources::read(const std::string& path) {
-  const auto [known, isNew] = inputs.try_emplace(keyOf(path), Input{path});
-  Input& input = known->second;
+  const auto [known, isNewPath] = inputsByPath.try_emplace(path);
+  if (!isNewPath) return *known->second;
+  const auto [place, isNew] = inputs.try_emplace(keyOf(path));
+  Input& input = place->second;
+  known->second = &input;
   if (!isNew) return input;
+  input.path = path;
   std::string text;
   const Entry entry = tree.read(path, text);
   ids.insert(entry.id);
@@ -67,7 +73,10 @@ void Sources::findIncludes(SourceFile& file) {
   const std::string directory = DirectoryOf(file.path);
   for (const std::string_view word : IncludeWords(file)) {
     const auto [include, isNew] = file.includes.try_emplace(word);
-    if (isNew) include->second = find(directory, word);
+    if (!isNew) continue;
+    include->second = find(directory, word);
+    const IncludeKind kind = include->second.kind;
+    isMissing = isMissing || kind == IncludeKind::Missing || kind == IncludeKind::Unreadable;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -63,6 +64,7 @@ class Sources {
   std::vector<Input> namedFiles;
   std::deque<SourceFile> sources;
   std::map<FileKey, Input> inputs;
+  std::unordered_map<std::string, const Input*> inputsByPath;
   std::set<FileId> ids;
   std::map<FileKey, const SourceFile*> filesByHeader;  ///< The first named file of each.
   bool isMissing = false;
