@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "compiler.h"
+#include "findings/diagnostic.h"
 
 // The values of which there are too many for tests/data/checks.
 
@@ -24,7 +25,7 @@ std::string Told(const std::string& word) {
   EXPECT_EQ(finding.word, 3U) << word;
   std::string sentence(finding.rule->sentence);
   sentence.replace(sentence.find('%'), 1, finding.text);
-  return finding.advice.empty() ? sentence : sentence + ": " + finding.advice;
+  return WithAdvice(std::move(sentence), finding.advice);
 }
 
 bool IsError(const std::string& word) {
@@ -111,7 +112,7 @@ TEST(Value, IsAWarningIfSomeCompilersRejectIt) {
              "'\\xfffffffffffffffff' 'abcde' '\\o' '\\é' '\xff' L'ab' L'aé' u8'\\x100' u8'\\400' "
              "u'\\x10000' U'\\x1ffffffff' U'\\U00110000'")) {
     EXPECT_EQ(Told("1+" + word + "*" + word),
-              word + ": some compilers reject this character: write its number");
+              word + ": some compilers reject this character");
   }
 }
 

@@ -80,8 +80,8 @@ class MisfitReport {
                       {misfit.second.file->source, misfit.second.word}});
     } else {
       ++first.others;
-      context.findings[first.finding].advice =
-          "and " + std::to_string(first.others) + (first.others == 1 ? " other" : " others");
+      context.findings[first.finding].advice = {"and " + std::to_string(first.others) +
+                                                (first.others == 1 ? " other" : " others")};
     }
   }
 
@@ -151,7 +151,7 @@ void checkIncludePath(Context& context, std::size_t i) {
                                    ? " (and at 1 other include)"
                                    : " (and at " + std::to_string(count) + " other includes)";
     context.findings.push_back(
-        {&rule, i, missing.path, missing.advice + (count > 0 ? others : "")});
+        {&rule, i, missing.path, {missing.advice + (count > 0 ? others : "")}});
   }
 }
 

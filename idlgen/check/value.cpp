@@ -83,7 +83,7 @@ class ValueCheck {
   }
   [[nodiscard]] Finding finding(const Rule& rule, std::string_view part,
                                 std::string advice = {}) const {
-    return {&rule, word, part, std::move(advice)};
+    return {&rule, word, part, {std::move(advice)}};
   }
   void warn(const Rule& rule, std::string_view part) {
     if (told.insert(part).second) warnings.push_back(finding(rule, part));

@@ -62,30 +62,19 @@ std::string Lines(const Message& message, const char* kind) {
          Excerpt(message);
 }
 
-/// Returns a sentence or note of a rule, with the text in place of `%` and the name in place of
-/// `@`, followed by the advice, if there is one.
-std::string Sentence(std::string_view pattern, std::string_view text, const std::string& advice,
-                     std::string_view name) {
+/// Returns a sentence or note of a rule, with the word in place of `%` and the record of `@`.
+std::string Filled(std::string_view pattern, std::string_view word, std::string_view record) {
   std::string sentence;
   for (const char letter : pattern) {
     if (letter == '%') {
-      sentence += Shortened(text);
+      sentence += Shortened(word);
     } else if (letter == '@') {
-      sentence += name;
+      sentence += record;
     } else {
       sentence += letter;
     }
   }
-  return advice.empty() ? sentence : sentence + ": " + advice;
-}
-
-/// Ends a sentence with what the whole line is meant as, in place of an example, unless nothing is
-/// known of that, or the sentence asks for another word.
-void showMeantLine(std::string& sentence, const std::string& meant) {
-  if (meant.empty() || sentence.back() == '?') return;
-  sentence.resize(std::min(sentence.find(", as in "), sentence.size()));
-  const bool hasAdvice = sentence.find(": ") != std::string::npos;
-  sentence += (hasAdvice ? ", as in " : ": write ") + Quoted(meant);
+  return sentence;
 }
 
 }  // namespace
@@ -96,14 +85,22 @@ Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
   std::vector<Message> notes;
   for (const auto& [other, word] : finding.others) {
     record = RecordName(other->words, word);
-    notes.push_back(MessageAt(*other, word, Sentence(rule.note, "", "", other->words.text(word))));
+    notes.push_back(MessageAt(*other, word, Filled(rule.note, other->words.text(word), {})));
   }
-  std::string sentence = Sentence(rule.sentence, finding.text, finding.advice, record);
   file.locateWords();
-  if (IsInList(file.words.role(finding.word))) {
-    showMeantLine(sentence, MeantLine(file.words, finding.word));
-  }
+  Advice advice = finding.advice;
+  if (advice.text.empty()) advice = {std::string(rule.advice), rule.example};
+  const bool isLineAtFault = IsInList(file.words.role(finding.word)) && !advice.isQuestion();
+  const std::string meant = isLineAtFault ? MeantLine(file.words, finding.word) : std::string();
+  if (!meant.empty()) advice.example = meant;
+  std::string sentence = WithAdvice(Filled(rule.sentence, finding.text, record), advice);
   return {rule.severity, MessageAt(file, finding.word, std::move(sentence)), std::move(notes)};
+}
+
+std::string WithAdvice(std::string sentence, const Advice& advice) {
+  if (!advice.text.empty()) sentence += ": " + advice.text;
+  if (advice.example.empty()) return sentence;
+  return sentence + (advice.text.empty() ? ": write " : ", as in ") + Quoted(advice.example);
 }
 
 std::string Lines(const Diagnostic& diagnostic) {

@@ -34,6 +34,9 @@ struct Diagnostic {
 /// Returns what is said about a finding in a file.
 Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding);
 
+/// Returns a sentence with the advice and its example.
+std::string WithAdvice(std::string sentence, const Advice& advice);
+
 /// Returns the lines of a diagnostic.
 std::string Lines(const Diagnostic& diagnostic);
 

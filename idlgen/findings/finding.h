@@ -16,12 +16,21 @@ struct WordOf {
   std::size_t word;
 };
 
+/// What follows a sentence. Empty if nothing is known.
+struct Advice {
+  std::string text = {};          ///< What to do, or why.
+  std::string_view example = {};  ///< Of what the text says.
+
+  /// Returns whether it asks for another word, so that the rest of the line is right.
+  [[nodiscard]] bool isQuestion() const { return !text.empty() && text.back() == '?'; }
+};
+
 /// What is wrong with a word.
 struct Finding {
   const Rule* rule;
   std::size_t word;                 ///< The index of the word at fault.
   std::string_view text;            ///< For the sentence: the word, or the part at fault.
-  std::string advice = {};          ///< What to do about it, if that is known already.
+  Advice advice = {};               ///< In place of that of the rule.
   std::vector<WordOf> others = {};  ///< Other words, which the note of the rule is about.
 };
 

@@ -1,11 +1,15 @@
 #include "messages/advice.h"
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
+#include "messages/known_types.h"
+#include "names/view.h"
 #include "recovery/symptoms.h"
 #include "words/foreign_words.h"
 #include "words/printable.h"
+#include "words/similar.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -27,7 +31,7 @@ bool IsUpper(char letter) {
 
 /// Returns what the words of a file show about a type that is not declared: the symptom of a
 /// template, where to put the type, or what the record lacks that it begins with. Or nothing.
-std::string AdviceOfWords(const LocatedWords& words, const Finding& finding) {
+Advice AdviceOfWords(const LocatedWords& words, const Finding& finding) {
   const std::string_view word = words.text(finding.word);
   if (word.find('<') != std::string_view::npos) {
     return SymptomOf(words, {finding.rule, finding.word, word}).advice;
@@ -39,25 +43,39 @@ std::string AdviceOfWords(const LocatedWords& words, const Finding& finding) {
   const bool isKnown = !TypeFor(name).empty() || declared.count(name) > 0;
   const bool isType =
       LooksLikeType(name) || isCapital || (isKnown && !IsAfterColon(words, finding.word));
-  return isType ? R"(put the name first, as in "x: int8")" : MissingPart(type, words, declared);
+  if (isType) return {"put the name first", "x: int8"};
+  return {MissingPart(type, words, declared)};
+}
+
+/// Returns what the types show that the files declare: which file is to be included, or which type
+/// is similar. Or nothing.
+Advice AdviceOfTypes(Examination& examination, const SourceFile& file, std::string_view type) {
+  const Declarations& declarations = examination.declared();
+  const CheckedFile& user = declarations.fileOf(file);
+  const KnownTypes known(declarations, user);
+  const std::vector<const CheckedFile*> others = known.filesThatDeclare(type);
+  for (const CheckedFile* const other : others) {         // Never if the file is alone.
+    if (View(declarations, *other).has(&user)) continue;  // It would be a cycle.
+    const std::string included = examination.includePath(file, *other->source);
+    if (!included.empty()) return {"is " + Quoted(included) + " to be included?"};
+  }
+  return {others.empty() ? DidYouMean(known.mostSimilar(type)) : std::string()};
 }
 
 /// Returns what to do about a type that is not declared, or nothing.
-std::string UnknownTypeAdvice(Examination& examination, const SourceFile& file,
-                              const Finding& finding) {
+Advice UnknownTypeAdvice(Examination& examination, const SourceFile& file, const Finding& finding) {
+  const auto ofTypes = [&] { return AdviceOfTypes(examination, file, finding.text); };
+  const auto ofWords = [&] { return AdviceOfWords(file.words, finding); };
   const bool isPath = finding.text.find('.') != std::string_view::npos;
-  if (isPath) {
-    std::string advice = examination.typeAdvice(file, finding.text);
-    return advice.empty() ? AdviceOfWords(file.words, finding) : advice;
-  }
-  std::string advice = AdviceOfWords(file.words, finding);
-  return advice.empty() ? examination.typeAdvice(file, finding.text) : advice;
+  Advice advice = isPath ? ofTypes() : ofWords();
+  if (!advice.text.empty()) return advice;
+  return isPath ? ofWords() : ofTypes();
 }
 
 }  // namespace
 
-std::string AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding) {
-  if (!finding.advice.empty()) return finding.advice;
+Advice AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding) {
+  if (!finding.advice.text.empty()) return finding.advice;
   const std::string_view word = file.words.text(finding.word);
   switch (finding.rule->hint) {
     case Hint::None:
@@ -66,7 +84,7 @@ std::string AdviceFor(Examination& examination, const SourceFile& file, const Fi
       // As in `long: float64`, where the name does come first.
       if (LooksLikeType(word) && IsBeforeColon(file.words, finding.word) &&
           LooksLikeType(file.words.text(finding.word + 1))) {
-        return "choose another name";
+        return {"choose another name"};
       }
       return SymptomOf(file.words, finding).advice;
     case Hint::SimilarType:
@@ -74,7 +92,7 @@ std::string AdviceFor(Examination& examination, const SourceFile& file, const Fi
     case Hint::ItemValue:
       // A colon before the word shows that it is meant as a value.
       if (finding.text != word || IsAfterColon(file.words, finding.word)) return {};
-      return R"(each item needs a value, as in "A: 0")";
+      return {"each item needs a value", "A: 0"};
   }
   return {};
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "findings/finding.h"
 #include "messages/examination.h"
 #include "sources/source_file.h"
@@ -9,6 +7,6 @@
 namespace zentho::idlgen {
 
 /// Returns what follows the sentence of a finding about one of the examined files, or nothing.
-std::string AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding);
+Advice AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding);
 
 }  // namespace zentho::idlgen

@@ -1,11 +1,7 @@
 #include "messages/examination.h"
 
 #include "check/check_file.h"
-#include "messages/known_types.h"
-#include "names/view.h"
 #include "recovery/fixes.h"
-#include "words/printable.h"
-#include "words/similar.h"
 
 namespace zentho::idlgen {
 
@@ -37,18 +33,6 @@ Examined Examination::examine(SourceFile& file) {
     known = recoveries.try_emplace(&file, file).first;
   }
   return known->second.run(*declarations);
-}
-
-std::string Examination::typeAdvice(const SourceFile& file, std::string_view type) {
-  const CheckedFile& user = declarations->fileOf(file);
-  const KnownTypes known(*declarations, user);
-  const std::vector<const CheckedFile*> others = known.filesThatDeclare(type);
-  for (const CheckedFile* const other : others) {          // Never if the file is alone.
-    if (View(*declarations, *other).has(&user)) continue;  // It would be a cycle.
-    const std::string included = sources->includePath(file, *other->source);
-    if (!included.empty()) return "is " + Quoted(included) + " to be included?";
-  }
-  return others.empty() ? DidYouMean(known.mostSimilar(type)) : std::string();
 }
 
 }  // namespace zentho::idlgen

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -25,8 +24,13 @@ class Examination {
   /// Checks one of the files together with the others. Returns what is wrong with it.
   [[nodiscard]] Examined examine(SourceFile& file);
 
-  /// Returns what to do about a type that the file uses and that is not declared, or nothing.
-  [[nodiscard]] std::string typeAdvice(const SourceFile& file, std::string_view type);
+  /// Returns what the words of the files declare.
+  [[nodiscard]] const Declarations& declared() const { return *declarations; }
+
+  /// Returns the path by which a file can include another one of them, or nothing.
+  [[nodiscard]] std::string includePath(const SourceFile& from, const SourceFile& to) {
+    return sources->includePath(from, to);
+  }
 
  private:
   void repairAll(const std::vector<SourceFile*>& files);

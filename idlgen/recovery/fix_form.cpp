@@ -101,7 +101,7 @@ std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
     std::string_view text = finding->text;
     const bool isBeforeEnd = next < words.size() && words.text(next).front() == '}';
     if (text.back() == '}' && isBeforeEnd && OpenBraces(words) < 0) {
-      finding->advice = R"(one "}" is too many)";
+      finding->advice = {R"(one "}" is too many)"};
       text.remove_suffix(1);
       return Replace(*std::move(finding), {next - 1, next}, {std::string(text)});
     }

@@ -47,7 +47,7 @@ Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
   const std::size_t before = brace - line.first;
   const std::size_t last = brace - 1;                   // Before the brace.
   if (before > 0 && words.text(last).back() == '\'') {  // The reader has split `'{'`.
-    return Drop({&rules::notAValue, last, "'{'", "write the number of the character"}, line);
+    return Drop({&rules::notAValue, last, "'{'", {"write the number of the character"}}, line);
   }
   const bool isDoubled = list.isBegin(brace) && OpenBraces(words) > 0;
   const WordRange block = {line.first, isDoubled ? brace + 1 : ClosingBrace(words, brace) + 1};

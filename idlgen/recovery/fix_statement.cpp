@@ -32,14 +32,14 @@ class Unexpected {
   [[nodiscard]] bool isClosing() const { return BraceOf(text) == '}'; }
   [[nodiscard]] bool beginsStatement() const { return FindStatement(text) != Statement::None; }
 
-  [[nodiscard]] Finding finding(const Rule& rule, std::string advice = {}) const {
+  [[nodiscard]] Finding finding(const Rule& rule, Advice advice = {}) const {
     return FindingAt(rule, words, word, std::move(advice));
   }
   [[nodiscard]] Fix drop(const Rule& rule) const { return Drop(finding(rule), {word, word + 1}); }
-  [[nodiscard]] Fix dropRest(const Rule& rule, std::string advice = {}) const {
+  [[nodiscard]] Fix dropRest(const Rule& rule, Advice advice = {}) const {
     return Drop(finding(rule, std::move(advice)), rest());
   }
-  [[nodiscard]] Fix replace(const Rule& rule, Texts texts, std::string advice = {}) const {
+  [[nodiscard]] Fix replace(const Rule& rule, Texts texts, Advice advice = {}) const {
     return Replace(finding(rule, std::move(advice)), {word, word + 1}, std::move(texts));
   }
   [[nodiscard]] Fix insert(const Rule& rule, Texts texts, LineRange causes = {}) const {
@@ -159,7 +159,7 @@ Fix AfterPath(const Unexpected& at) {
   const std::size_t before = at.word - 1;
   std::string path(at.words.text(before));
   if (path == "=") {
-    return Drop(FindingAt(FormRule(at.roleBefore), at.words, before, R"(delete the "=")"),
+    return Drop(FindingAt(FormRule(at.roleBefore), at.words, before, {R"(delete the "=")"}),
                 {before, at.word});
   }
   if (at.roleBefore == Role::IncludePath) {
@@ -172,7 +172,7 @@ Fix AfterPath(const Unexpected& at) {
   }
   if (end == at.word) return WithUnknownName(at.dropRest(rules::afterNamespace));
   path.resize(path.find_last_not_of(foreignSeparators) + 1);
-  return Replace(at.finding(rules::notAStatement, "write dots: " + Quoted(path)), {before, end},
+  return Replace(at.finding(rules::notAStatement, {"write dots: " + Quoted(path)}), {before, end},
                  {path});
 }
 
@@ -202,9 +202,8 @@ Fix AtStatement(const Unexpected& at) {
                           IsBeforeColon(at.words, brace + 1);
   if (hasMembers) keyword = "message";
   if (keyword.empty()) return at.dropRest(rules::unknownStatement);
-  std::string advice = DidYouMean(keyword);
   const bool hasSemicolon = at.words.text(at.lineEnd - 1).back() == ';';
-  if (hasSemicolon) advice.insert(advice.size() - 1, R"(, without the ";")");
+  Advice advice = {DidYouMean(keyword, hasSemicolon ? R"(, without the ";")" : "")};
   return FitsLine(keyword, at, brace)
              ? at.replace(rules::notAStatement, {std::string(keyword)}, std::move(advice))
              : at.dropRest(rules::notAStatement, std::move(advice));
@@ -241,7 +240,7 @@ Fix AtOpening(const Unexpected& at) {
     const bool hasList = isAfterPart || isService || isClosed || BeginsMember(at) || BeginsItem(at);
     Finding finding = FindingAt(rules::missingOpening, at.words, name);
     if (!hasList) return Drop(std::move(finding), {name - 1, at.word});
-    if (!isClosed && !isService) finding.advice = "members stand in braces";
+    if (!isClosed && !isService) finding.advice = {"members stand in braces"};
     // As in `message M (`, whose bracket may be glued to the name.
     return Replace(std::move(finding), {name, at.word}, {NameOnly(at, name), "{"});
   }
@@ -292,7 +291,7 @@ Fix AtPart(const Unexpected& at) {
   if (BeginsMember(at)) return at.insert(missing, {part, "{"});
   const bool opensList = next < at.words.size() && at.words.text(next) == "{";
   const bool isMisspelt = opensList || SimilarWord(at.text).compare(part);
-  return isMisspelt ? at.replace(misspelt, {part}, DidYouMean(part)) : at.dropRest(missing);
+  return isMisspelt ? at.replace(misspelt, {part}, {DidYouMean(part)}) : at.dropRest(missing);
 }
 
 /// A word that is glued to a brace, or a brace in place of a name.

@@ -43,7 +43,7 @@ struct Fix {
 
 /// Returns a finding about a word.
 inline Finding FindingAt(const Rule& rule, const Words& words, std::size_t word,
-                         std::string advice = {}) {
+                         Advice advice = {}) {
   return {&rule, word, words.text(word), std::move(advice)};
 }
 

@@ -25,7 +25,9 @@ void splitWords(LocatedWords& words, std::string_view separators) {
 
 /// Returns the error about the character at this place.
 Diagnostic ErrorAt(const SourceFile& file, const Place& place, const Rule& rule) {
-  return {Severity::Error, {file.path, place, 1, std::string(rule.sentence)}};
+  return {
+      Severity::Error,
+      {file.path, place, 1, WithAdvice(std::string(rule.sentence), {std::string(rule.advice)})}};
 }
 
 }  // namespace

@@ -38,6 +38,7 @@ struct SymptomRow {
   bool (*isShown)(std::string_view word, std::string_view text);
   std::string_view text;  ///< For the function.
   std::string_view advice;
+  std::string_view example = {};
 };
 
 bool Has(std::string_view word, std::string_view text) {
@@ -139,9 +140,8 @@ bool HasComma(std::string_view word, std::string_view comma) {
 constexpr std::string_view hashComments = R"(comments start with "#")";
 constexpr std::string_view noDefault = "there are no default values or field numbers";
 constexpr std::string_view noFieldNumbers = "there are no field numbers";
-constexpr std::string_view valueColon = R"(write a colon, as in "A: 1")";
-constexpr std::string_view memberColon = R"(write a colon, as in "x: int8")";
-constexpr std::string_view nameFirst = R"(put the name first, as in "x: int8")";
+constexpr std::string_view writeColon = "write a colon";
+constexpr std::string_view nameFirst = "put the name first";
 constexpr std::string_view dotsInNames = "write a dot between names";
 constexpr std::string_view oneWordValue = "write the value as one word, without spaces";
 
@@ -173,18 +173,18 @@ constexpr auto rows = Table<SymptomRow>({
     {form, members | types, Has, "<=", "there are no bounds"},
     {form, types, Begins, "(", "there are no tuples"},
     {form, types, Has, "(", R"(it contains "(")"},
-    {form, items, Has, "=", valueColon},
-    {form, values, Begins, "=", valueColon},
-    {form, values, IsAssignment, "=", valueColon},
-    {form, members, IsAssignment, "=", memberColon},
-    {form, types, Begins, "=", memberColon},
+    {form, items, Has, "=", writeColon, "A: 1"},
+    {form, values, Begins, "=", writeColon, "A: 1"},
+    {form, values, IsAssignment, "=", writeColon, "A: 1"},
+    {form, members, IsAssignment, "=", writeColon, "x: int8"},
+    {form, types, Begins, "=", writeColon, "x: int8"},
     {form, names | types, Has, "=", noDefault},
 
     // All others.
-    {form, members, IsTypeFirst, "", nameFirst},
+    {form, members, IsTypeFirst, "", nameFirst, "x: int8"},
     {form, members, IsNumberAfter, "", noFieldNumbers},
     {form, names | types, IsNumberAfter, "@", noFieldNumbers},
-    {form, types, IsTemplateOf, vectorTemplates, R"(vectors have brackets, as in "[int8]")"},
+    {form, types, IsTemplateOf, vectorTemplates, "vectors have brackets", "[int8]"},
     {form, types, IsTemplateOf, optionalTemplates, "there are no optional members"},
     {form, members | types, Ends, "?", "there are no optional members"},
     {form, names | types, HasFixedSize, "[,;", "there are no arrays of a fixed size"},
@@ -194,20 +194,20 @@ constexpr auto rows = Table<SymptomRow>({
     {form, all & ~paths, Has, ";", R"(write a space in place of the ";")"},
     {form, all, Is, "---", "a request and a response stand in braces"},
     {form, statements, BeginsInclude, "(\"", R"(write include "dir/file.idl")"},
-    {form, items, Has, ",", R"(each item needs a value and no ",", as in "A: 0")"},
+    {form, items, Has, ",", R"(each item needs a value and no ",")", "A: 0"},
     {form, all, Ends, ",", R"(delete the ",")"},
     {form, dottedNames, Has, ",", dotsInNames},
     {form, all & ~paths, HasComma, ",", R"(write a space in place of the ",")"},
     {form, paths, Has, "(", "delete the parentheses"},
-    {form, names | types, HasOneOf, "[]", R"(the brackets are around the type, as in "[int8]")"},
+    {form, names | types, HasOneOf, "[]", "the brackets are around the type", "[int8]"},
     {form, names | types, Has, R"(")", "write it without quotes"},
     {form, types, HasOneOf, "*&", "there are no pointers and references"},
     {form, types | dottedNames, Has, "/", dotsInNames},
     {form, items | values, HasOnly, "+-*/%&|^<>!~?()", oneWordValue},
     {form, items, IsNumberAfter, "", "the name comes first"},
     {form, members | types, Is, "-", R"(delete the "-")"},
-    {form, members, Has, "/", nameFirst},
-    {form, items, Has, "(", valueColon},
+    {form, members, Has, "/", nameFirst, "x: int8"},
+    {form, items, Has, "(", writeColon, "A: 1"},
     {form, records, HasOneOf, "(<", R"(only a name stands before "{")"},
     {form, names, Has, "-", R"(write "_" instead of "-")"},
     {form, names & ~dottedNames, Has, ".", "names contain no dots"},
@@ -253,14 +253,14 @@ Symptom FirstSymptom(std::string_view word, Role role) {
   for (std::size_t rank = 0; rank < rows.size(); ++rank) {
     const SymptomRow& row = rows[rank];
     const bool isShown = (row.roles & Only(role)) != 0 && row.isShown(word, row.text);
-    if (isShown) return {rank, std::string(row.advice)};
+    if (isShown) return {rank, {std::string(row.advice), row.example}};
   }
   Symptom none;
   const std::string_view odd = OddCharacter(word);
   if (!odd.empty() && !Has(word, "'")) {
-    none.advice = "it contains " + Quoted(odd);
+    none.advice.text = "it contains " + Quoted(odd);
   } else if (role == Role::ItemValue) {
-    none.advice = "values are integers, items above, and expressions of them without spaces";
+    none.advice.text = "values are integers, items above, and expressions of them without spaces";
   }
   return none;
 }
@@ -295,7 +295,7 @@ std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord
 Symptom SymptomOf(const Words& words, const Finding& finding) {
   const Role role = words.role(finding.word);
   const Symptom symptom = FirstSymptom(finding.text, role);
-  const bool isPart = role == Role::MemberType && symptom.advice.empty();
+  const bool isPart = role == Role::MemberType && symptom.advice.text.empty();
   return isPart ? FirstSymptom(words.text(finding.word), role) : symptom;
 }
 

@@ -37,7 +37,7 @@ std::optional<Finding> FindSymptom(SymptomKind kind, const std::vector<MeantWord
 /// What a word shows, and what to do about it. There may be advice without a symptom.
 struct Symptom {
   std::size_t rank = static_cast<std::size_t>(-1);  ///< The smaller, the more it says.
-  std::string advice = {};                          ///< Or nothing.
+  Advice advice = {};
 };
 
 /// Returns the first symptom of a word that cannot play its role: of the part at fault, else of the

@@ -47,8 +47,8 @@ bool SimilarWord::compare(std::string_view candidate) {
   return true;
 }
 
-std::string DidYouMean(std::string_view word) {
-  return word.empty() ? std::string() : "did you mean " + Quoted(word) + "?";
+std::string DidYouMean(std::string_view word, std::string_view more) {
+  return word.empty() ? std::string() : "did you mean " + Quoted(word) + std::string(more) + "?";
 }
 
 }  // namespace zentho::idlgen

@@ -27,7 +27,7 @@ class SimilarWord {
   std::string_view similar;
 };
 
-/// Returns the question whether this word is meant, or nothing if it is empty.
-std::string DidYouMean(std::string_view word);
+/// Returns the question whether this word is meant, with what else is, or nothing if it is empty.
+std::string DidYouMean(std::string_view word, std::string_view more = {});
 
 }  // namespace zentho::idlgen
