@@ -1,8 +1,9 @@
 #include <algorithm>
-#include <cstdint>
+#include <cstddef>
+#include <limits>
 #include <optional>
 
-#include "check/checks.h"
+#include "check/word_checks.h"
 #include "schema/builtin_types.h"
 #include "words/tables.h"
 #include "words/word_forms.h"
@@ -19,59 +20,39 @@ bool NeedsStd(std::string_view type) {
 
 namespace {
 
-/// Whether no compiler accepts a header with the name. Functions are those of messages and
-/// services.
-enum Harm : std::uint8_t {
-  none,
-  always,
-  withOthers,  ///< An error if the header has functions for another record.
-  functions,   ///< An error if the header has functions.
-  either       ///< The same, and a warning if it has none.
-};
+/// More records than any header has.
+constexpr auto never = std::numeric_limits<std::ptrdiff_t>::max();
 
 /// A name that the header needs, if it is declared in the global namespace or in the framework's.
+/// No compiler accepts it once the header has functions for so many messages and services: each
+/// kind of declaration has a number of its own.
 struct HeaderName {
   std::string_view name;
   bool inFramework;
-  Harm ofMessage;
-  Harm ofEnum;
-  Harm ofService;
-  Harm ofItem;
-  Harm ofNamespace;
+  std::ptrdiff_t ofMessage;
+  std::ptrdiff_t ofEnum;
+  std::ptrdiff_t ofService;
+  std::ptrdiff_t ofItem;
+  std::ptrdiff_t ofNamespace;
+  bool isFunction = false;  ///< Other headers need it, too.
 };
 
 constexpr auto headerNames = Table<HeaderName>({
-    {"std", false, always, always, always, always, none},
-    {"zentho", false, always, always, always, always, none},
-    {"BytesBuffer", false, none, none, none, none, functions},
-    {"zentho", true, always, functions, withOthers, none, functions},
-    {"BytesBuffer", true, always, always, always, functions, always},
-    {"serialize", true, always, none, none, either, either},
-    {"deserialize", true, always, none, none, either, either},
+    {"std", false, 0, 0, 0, 0, never},
+    {"zentho", false, 0, 0, 0, 0, never},
+    {"BytesBuffer", false, never, never, never, never, 1},
+    {"zentho", true, 0, 1, 2, never, 1},
+    {"BytesBuffer", true, 0, 0, 0, 1, 0},
+    {"serialize", true, 0, never, never, 1, 1, true},
+    {"deserialize", true, 0, never, never, 1, 1, true},
 });
 
-Harm HarmOf(const HeaderName& row, Role role) {
+/// Returns the number of records from which on the name is an error in a word of this role.
+std::ptrdiff_t LimitOf(const HeaderName& row, Role role) {
   if (role == Role::MessageName) return row.ofMessage;
   if (role == Role::EnumName) return row.ofEnum;
   if (role == Role::ServiceName) return row.ofService;
   return role == Role::ItemName ? row.ofItem : row.ofNamespace;
-}
-
-/// Returns whether no compiler accepts the header of a file with these words.
-bool IsError(Harm harm, const Words& words) {
-  const auto count = std::count_if(words.roles.begin(), words.roles.end(), HasMembers);
-  switch (harm) {
-    case none:
-      return false;
-    case always:
-      return true;
-    case withOthers:
-      return count > 1;
-    case functions:
-    case either:
-      return count > 0;
-  }
-  return false;
 }
 
 /// Reports a name that is declared in a namespace, if that is the global one or the framework's.
@@ -79,13 +60,14 @@ void checkName(Context& context, std::size_t i, std::string_view name, const Nam
   const Namespace& global = *context.file.namespaces.front();
   const bool inFramework = global.inner("zentho") == &space;
   if (!inFramework && &space != &global) return;
+  const std::vector<Role>& roles = context.words.roles;
   for (const HeaderName& row : headerNames) {
     if (row.name != name || row.inFramework != inFramework) continue;
-    const Harm harm = HarmOf(row, context.words.role(i));
+    const std::ptrdiff_t limit = LimitOf(row, context.words.role(i));
     const bool isNamespace = name == "std" || (name == "zentho" && !inFramework);
-    if (IsError(harm, context.words)) {
+    if (std::count_if(roles.begin(), roles.end(), HasMembers) >= limit) {
       context.report(isNamespace ? rules::globalNamespace : rules::frameworkName, i, name);
-    } else if (harm == either) {
+    } else if (row.isFunction && limit != never) {
       context.report(rules::frameworkNameToo, i, name);
     }
   }

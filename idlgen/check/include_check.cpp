@@ -7,7 +7,7 @@
 #include <tuple>
 #include <vector>
 
-#include "check/checks.h"
+#include "check/word_checks.h"
 #include "words/tables.h"
 #include "words/word_forms.h"
 
@@ -95,32 +95,38 @@ class MisfitReport {
   std::map<std::tuple<std::size_t, const CheckedFile*, const CheckedFile*>, Reported> reported;
 };
 
-/// Reports names that two of the included files declare, at the include that brings the second one.
-/// If an included file sees both, it is told there.
+/// Returns the first include that brings one of the two files after another include has brought the
+/// other, or nullptr. If a file that is included sees both, it is reported there.
+const Inclusion* SecondInclude(const Misfit& misfit, const CheckedFile& user,
+                               const std::vector<View>& brought) {
+  bool hasFirst = false;
+  bool hasSecond = false;
+  for (std::size_t i = 0; i < brought.size(); ++i) {
+    if (brought[i].has(&user)) continue;  // It sees both, and has been reported.
+    const bool bringsFirst = brought[i].has(misfit.first.file);
+    const bool bringsSecond = brought[i].has(misfit.second.file);
+    if (bringsFirst && bringsSecond) return nullptr;
+    if (bringsSecond && hasFirst) return &user.includes[i];
+    if (bringsFirst && hasSecond && misfit.inAnyOrder) return &user.includes[i];
+    hasFirst = hasFirst || bringsFirst;
+    hasSecond = hasSecond || bringsSecond;
+  }
+  return nullptr;
+}
+
+/// Reports names that two of the included files declare.
 void checkMisfits(Context& context) {
+  const CheckedFile& user = context.file;
   MisfitReport report(context);
-  std::vector<View> brought;  // By each include, made when needed.
+  std::vector<View> brought;  // By each include, if needed.
   for (const Clash& clash : context.view.all().clashes()) {
     const std::optional<Misfit> misfit = FindMisfit(clash, context.view);
     if (!misfit.has_value()) continue;
-    const std::vector<Inclusion>& includes = context.file.includes;
-    for (std::size_t i = brought.size(); i < includes.size(); ++i) {
-      brought.emplace_back(context.view.all(), *includes[i].file);
+    for (std::size_t i = brought.size(); i < user.includes.size(); ++i) {
+      brought.emplace_back(context.view.all(), *user.includes[i].file);
     }
-    bool hasFirst = false;
-    bool hasSecond = false;
-    for (std::size_t i = 0; i < brought.size(); ++i) {
-      if (brought[i].has(&context.view.user())) continue;  // It brings all, and has been told.
-      const bool bringsFirst = brought[i].has(misfit->first.file);
-      const bool bringsSecond = brought[i].has(misfit->second.file);
-      if (bringsFirst && bringsSecond) break;
-      if ((bringsSecond && hasFirst) || (bringsFirst && hasSecond && misfit->inAnyOrder)) {
-        report.add(includes[i].word, *misfit);
-        break;
-      }
-      hasFirst = hasFirst || bringsFirst;
-      hasSecond = hasSecond || bringsSecond;
-    }
+    const Inclusion* const include = SecondInclude(*misfit, user, brought);
+    if (include != nullptr) report.add(include->word, *misfit);
   }
 }
 

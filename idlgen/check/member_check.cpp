@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "check/checks.h"
+#include "check/word_checks.h"
 #include "schema/builtin_types.h"
 #include "words/cpp_words.h"
 #include "words/word_forms.h"
@@ -25,14 +25,14 @@ void MemberCheck::checkMember(std::size_t type) {
   const std::size_t name = type - 1;
   const std::string_view text = words.text(name);
   const bool isName = context.checkNewName(name, text);
-  // Two words in the wrong order, as in `int8 x` and `Pose pose`, are told once: at the first one
-  // if that cannot be a name, else at the second one.
+  // Two words in the wrong order are reported once: as in `int x`, the first one.
   if (!isName && (IsPunctuation(text) || LooksLikeType(text))) return;
   const TypeWord typeWord = checkTypeWord(type);
-  if (!isName && !IsIdentifier(text)) return;
-  const bool nameIsBuiltin = FindBuiltinType(text) != nullptr;
-  if (typeWord == TypeWord::Wrong && (nameIsBuiltin || context.lookup.hasRecord(text))) return;
-  if (typeWord == TypeWord::Elsewhere && nameIsBuiltin) {
+  if (!isName && !IsIdentifier(text)) return;  // Nothing is declared.
+  // As in `int8 x` and `Pose pose`, it is the second one, unless that may be a type.
+  const bool isBuiltin = FindBuiltinType(text) != nullptr;
+  if (typeWord == TypeWord::Wrong && (isBuiltin || context.lookup.hasRecord(text))) return;
+  if (typeWord == TypeWord::Elsewhere && isBuiltin) {
     context.report(rules::builtinTypeAsName, name);
   }
   // The type comes first in C++: the name is declared after it.

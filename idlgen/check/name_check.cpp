@@ -2,7 +2,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "check/checks.h"
+#include "check/word_checks.h"
 #include "names/type_lookup.h"
 #include "words/word_forms.h"
 

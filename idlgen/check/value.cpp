@@ -28,18 +28,12 @@ bool IsName(std::string_view word) {
   return keyword == Keyword::None || keyword == Keyword::Cpp20;
 }
 
-/// Checks one value, by this grammar:
+/// Checks one value. Functions read what must come next, and take what may. They return whether it
+/// does, and stand in the order of the grammar, whose rules are above them. There, a TYPE is one of
+/// C++ whose values are integers.
 ///
-///     value   = operand { BINARY operand }
-///     operand = { UNARY | "(" TYPE ")" | "(" NAME ")" } ( LITERAL | NAME | "sizeof" "(" TYPE ")"
-///             | TYPE "(" list ")" | "(" list ")" | call )
-///     list    = value { "," value }
-///     call    = NAME [ "<" ( NAME | LITERAL ) ">" ] "(" ... ")" { "(" ... ")" }
-///
-/// A TYPE is one of C++ whose values are integers. Other casts, calls and commas make the value C++
-/// that is not checked, because what their names mean is not known. What stands in the parentheses
-/// of a call is not read, but ends there. Each function that takes or reads returns whether it
-/// could.
+/// Other casts, calls and commas make the value C++ that is not checked, because what their names
+/// mean is not known.
 class ValueCheck {
  public:
   ValueCheck(std::string_view value, std::size_t index, const MeaningOf& lookup)
@@ -53,40 +47,44 @@ class ValueCheck {
 
   bool readValue();
   bool readOperand();
+  bool takeCast();
+  bool readParentheses();
   bool readLiteral();
   bool readName();
-  bool readItem(std::string_view name);
-  bool readParentheses();
-  bool takeCast();
-  bool takeSizeOfType();
-  [[nodiscard]] std::size_t callBegin() const;
-  bool skipCalls(std::size_t begin);
+  bool takeSizeOf();
+  [[nodiscard]] std::size_t sizeOfCallee() const;
+  bool readCalls(std::size_t calleeSize);
   bool skipParentheses();
+  bool readItem(std::string_view name);
 
   [[nodiscard]] bool isIntegerType(std::string_view name) const;
   [[nodiscard]] bool mayBeCpp(std::string_view name) const;
 
-  [[nodiscard]] std::string_view textAt(std::size_t i) const {
-    return i < tokens.size() ? tokens[i].text : std::string_view();
+  /// Returns the next token, or one of those that follow it. Empty after the last one.
+  [[nodiscard]] std::string_view next(std::size_t ahead = 0) const {
+    return at(position + ahead).text;
   }
-  [[nodiscard]] bool isAt(std::size_t i, Kind kind) const {
-    return i < tokens.size() && tokens[i].kind == kind;
+  [[nodiscard]] bool isNext(Kind kind, std::size_t ahead = 0) const {
+    return at(position + ahead).kind == kind;
+  }
+  [[nodiscard]] ValueToken at(std::size_t i) const {
+    return i < tokens.size() ? tokens[i] : ValueToken{Kind::Sign, {}};
   }
   bool take(std::string_view sign) {
-    const bool isNext = textAt(position) == sign;
-    if (isNext) ++position;
-    return isNext;
+    const bool isThere = next() == sign;
+    if (isThere) ++position;
+    return isThere;
   }
   template <std::size_t Size>
   bool takeAny(const std::array<std::string_view, Size>& operators) {
-    return Contains(operators, textAt(position)) && take(textAt(position));
+    return Contains(operators, next()) && take(next());
   }
   [[nodiscard]] Finding finding(const Rule& rule, std::string_view part,
                                 std::string advice = {}) const {
     return {&rule, word, part, {std::move(advice)}};
   }
   void warn(const Rule& rule, std::string_view part) {
-    if (told.insert(part).second) warnings.push_back(finding(rule, part));
+    if (reported.insert(part).second) warnings.push_back(finding(rule, part));
   }
 
   std::string_view text;
@@ -99,7 +97,7 @@ class ValueCheck {
   bool isUnchecked = false;
   std::string_view enumInPlaceOfItem;  ///< If there is one.
   std::vector<Finding> warnings;
-  std::unordered_set<std::string_view> told;  ///< The texts of the warnings.
+  std::unordered_set<std::string_view> reported;  ///< The texts of the warnings.
 };
 
 std::vector<Finding> ValueCheck::findings() {
@@ -129,7 +127,7 @@ std::optional<Finding> ValueCheck::wrongToken() const {
 /// Returns the error of a value whose tokens do not fit together.
 Finding ValueCheck::grammarError() const {
   const auto isItemPath = [&](std::size_t i) {
-    return isAt(i, Kind::Name) && textAt(i + 1) == "." && isAt(i + 2, Kind::Name);
+    return at(i).kind == Kind::Name && at(i + 1).text == "." && at(i + 2).kind == Kind::Name;
   };
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     std::size_t last = i;
@@ -145,6 +143,7 @@ Finding ValueCheck::grammarError() const {
   return finding(rules::notAValue, text);
 }
 
+/// value = operand { BINARY operand }
 bool ValueCheck::readValue() {
   do {
     if (!readOperand()) return false;
@@ -152,15 +151,47 @@ bool ValueCheck::readValue() {
   return true;
 }
 
+/// operand = { UNARY | cast } ( parentheses | name | LITERAL )
 bool ValueCheck::readOperand() {
   while (takeAny(unaryOperators) || takeCast()) continue;
-  if (textAt(position) == "(") return readParentheses();
-  return isAt(position, Kind::Name) ? readName() : readLiteral();
+  if (next() == "(") return readParentheses();
+  return isNext(Kind::Name) ? readName() : readLiteral();
+}
+
+/// cast = "(" ( TYPE | NAME ) ")"
+///
+/// Before a sign, as in `(X)-1`, a NAME makes a cast only if it is known to be an enum.
+bool ValueCheck::takeCast() {
+  if (next() != "(" || !isNext(Kind::Name, 1) || next(2) != ")") return false;
+  const std::string_view name = next(1);
+  const std::string_view after = next(3);
+  const bool isBeforeOperand =
+      !after.empty() && after != ")" && after != "," && !Contains(binaryOperators, after);
+  const bool isOther = mayBeCpp(name) && (isBeforeOperand || meaningOf(name) == Meaning::Type);
+  if (!isOther && !isIntegerType(name)) return false;
+  isUnchecked = isUnchecked || isOther;
+  position += 3;
+  return true;
+}
+
+/// parentheses = "(" value { "," value } ")"
+bool ValueCheck::readParentheses() {
+  constexpr std::size_t maxDepth = 256;  // That of clang++.
+  if (next() != "(") return false;
+  if (depth == maxDepth) return skipParentheses();
+  ++depth;
+  do {
+    isUnchecked = isUnchecked || next() == ",";
+    ++position;
+    if (!readValue()) return false;
+  } while (next() == ",");
+  --depth;
+  return take(")");
 }
 
 bool ValueCheck::readLiteral() {
-  const std::string_view literal = textAt(position);
-  if (!isAt(position, Kind::Literal)) return false;
+  if (!isNext(Kind::Literal)) return false;
+  const std::string_view literal = next();
   const LiteralForm form = FormOfLiteral(literal);
   if (form == LiteralForm::Unportable) {
     warn(BeginsNumber(literal) ? rules::tooLarge : rules::wideCharacter, literal);
@@ -169,97 +200,70 @@ bool ValueCheck::readLiteral() {
   return form != LiteralForm::Floating;
 }
 
+/// name = "sizeof" "(" TYPE ")" | calls | TYPE parentheses | NAME
 bool ValueCheck::readName() {
-  if (takeSizeOfType()) return true;
-  if (const std::size_t begin = callBegin(); begin > 0) return skipCalls(begin);
-  const std::string_view name = textAt(position);
+  if (takeSizeOf()) return true;
+  if (const std::size_t size = sizeOfCallee(); size > 0) return readCalls(size);
+  const std::string_view name = next();
   ++position;
   if (isIntegerType(name)) return readParentheses();
   return IsName(name) ? readItem(name) : name == "true" || name == "false";
+}
+
+bool ValueCheck::takeSizeOf() {
+  const bool isType = next() == "sizeof" && next(1) == "(" && IsCppType(next(2)) && next(3) == ")";
+  if (isType) position += 4;
+  return isType;
+}
+
+/// callee = NAME [ "<" ( NAME | LITERAL ) ">" ]
+///
+/// Returns how many tokens it has, or 0 if no call comes next.
+std::size_t ValueCheck::sizeOfCallee() const {
+  const bool isArgument = isNext(Kind::Name, 2) || isNext(Kind::Literal, 2);
+  const bool isTemplate = next(1) == "<" && isArgument && next(3) == ">";
+  const std::size_t size = isTemplate ? 4 : 1;
+  if (next(size) != "(") return 0;
+  const std::string_view name = next();
+  const Keyword keyword = FindKeyword(name);
+  const bool isCall = keyword == Keyword::Call || name == "float" || name == "double";
+  const bool isKeyword = isTemplate ? keyword == Keyword::Cast : isCall;
+  return isKeyword || mayBeCpp(name) ? size : 0;
+}
+
+/// calls = callee "(" ... ")" { "(" ... ")" }
+bool ValueCheck::readCalls(std::size_t calleeSize) {
+  position += calleeSize;
+  while (next() == "(") {
+    if (!skipParentheses()) return false;
+  }
+  return true;
+}
+
+/// Looks only for the end of the parentheses that open here.
+bool ValueCheck::skipParentheses() {
+  isUnchecked = true;
+  std::size_t open = 0;
+  for (; position < tokens.size(); ++position) {
+    if (next() == "(") ++open;
+    if (next() == ")") --open;
+    if (open == 0) return take(")");
+  }
+  return false;
 }
 
 /// Looks up the name that has been read.
 bool ValueCheck::readItem(std::string_view name) {
   const Meaning result = meaningOf(name);
   if (result == Meaning::Type) {
-    if (textAt(position) != ".") enumInPlaceOfItem = name;
+    if (next() != ".") enumInPlaceOfItem = name;
     return false;
   }
   const bool isElsewhere = result == Meaning::Elsewhere && FindKeyword(name) == Keyword::None;
-  if (result != Meaning::Item && !isElsewhere && !IsIntegerMacro(name))
+  if (result != Meaning::Item && !isElsewhere && !IsIntegerMacro(name)) {
     warn(rules::notAnItem, name);
-  return true;
-}
-
-bool ValueCheck::readParentheses() {
-  constexpr std::size_t maxDepth = 256;  // That of clang++.
-  if (textAt(position) != "(") return false;
-  if (depth == maxDepth) return skipParentheses();
-  ++depth;
-  do {
-    isUnchecked = isUnchecked || textAt(position) == ",";
-    ++position;
-    if (!readValue()) return false;
-  } while (textAt(position) == ",");
-  --depth;
-  return take(")");
-}
-
-/// Takes the type in `(int)1` or `(X)1`. `(X)-1` is a cast only if X is known to be an enum.
-bool ValueCheck::takeCast() {
-  const std::string_view name = textAt(position + 1);
-  const std::string_view next = textAt(position + 3);
-  const bool isName =
-      textAt(position) == "(" && isAt(position + 1, Kind::Name) && textAt(position + 2) == ")";
-  if (!isName) return false;
-  const bool isBefore =
-      !next.empty() && next != ")" && next != "," && !Contains(binaryOperators, next);
-  const bool isOther = mayBeCpp(name) && (isBefore || meaningOf(name) == Meaning::Type);
-  if (!isOther && !isIntegerType(name)) return false;
-  isUnchecked = isUnchecked || isOther;
-  position += 3;
-  return true;
-}
-
-bool ValueCheck::takeSizeOfType() {
-  const bool isType = textAt(position) == "sizeof" && textAt(position + 1) == "(" &&
-                      IsCppType(textAt(position + 2)) && textAt(position + 3) == ")";
-  if (isType) position += 4;
-  return isType;
-}
-
-/// Returns where the parentheses of a call begin, or 0 if there is no call.
-std::size_t ValueCheck::callBegin() const {
-  const std::string_view name = textAt(position);
-  const bool hasTemplate = textAt(position + 1) == "<" && textAt(position + 3) == ">" &&
-                           (isAt(position + 2, Kind::Name) || isAt(position + 2, Kind::Literal));
-  const std::size_t begin = position + (hasTemplate ? 4 : 1);
-  if (textAt(begin) != "(") return 0;
-  const Keyword keyword = FindKeyword(name);
-  const bool isKeyword = hasTemplate
-                             ? keyword == Keyword::Cast
-                             : keyword == Keyword::Call || name == "float" || name == "double";
-  return isKeyword || mayBeCpp(name) ? begin : 0;
-}
-
-bool ValueCheck::skipCalls(std::size_t begin) {
-  position = begin;
-  while (textAt(position) == "(") {
-    if (!skipParentheses()) return false;
   }
   return true;
-}
-
-/// Skips the parentheses that open here, without reading what is in them.
-bool ValueCheck::skipParentheses() {
-  isUnchecked = true;
-  std::size_t open = 0;
-  for (; position < tokens.size(); ++position) {
-    if (textAt(position) == "(") ++open;
-    if (textAt(position) == ")") --open;
-    if (open == 0) return take(")");
-  }
-  return false;
 }
 
 bool ValueCheck::isIntegerType(std::string_view name) const {

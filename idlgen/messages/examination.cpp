@@ -1,6 +1,6 @@
 #include "messages/examination.h"
 
-#include "check/check_file.h"
+#include "check/check.h"
 #include "recovery/fixes.h"
 
 namespace zentho::idlgen {
@@ -28,7 +28,7 @@ void Examination::repairAll(const std::vector<SourceFile*>& files) {
 Examined Examination::examine(SourceFile& file) {
   auto known = recoveries.find(&file);
   if (known == recoveries.end()) {
-    const bool isRight = CheckFile(*declarations, declarations->fileOf(file)).empty();
+    const bool isRight = FindingsIn(*declarations, declarations->fileOf(file)).empty();
     if (isRight) return {};
     known = recoveries.try_emplace(&file, file).first;
   }

@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "check/check_file.h"
+#include "check/check.h"
 #include "recovery/fixes.h"
 #include "recovery/separators.h"
 #include "schema/parser.h"
@@ -31,7 +31,7 @@ const Examined& Recovery::run(Declarations& declarations) {
     std::optional<Fix> fix = FixWords(file);
     if (!fix.has_value()) {
       declare(declarations);
-      examined.findings = CheckFile(declarations, declarations.fileOf(file));
+      examined.findings = FindingsIn(declarations, declarations.fileOf(file));
       fix = FixFindings(file.words, examined.findings);
     }
     if (!fix.has_value()) return examined;

@@ -1,13 +1,13 @@
-#include "check/check_file.h"
+#include "check/check.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <utility>
 
-#include "check/checks.h"
 #include "check/context.h"
 #include "check/member_check.h"
 #include "check/value.h"
+#include "check/word_checks.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -65,7 +65,7 @@ void checkWords(Context& context) {
 
 }  // namespace
 
-std::vector<Finding> CheckFile(const Declarations& declarations, const CheckedFile& file) {
+std::vector<Finding> FindingsIn(const Declarations& declarations, const CheckedFile& file) {
   const View view(declarations, file);
   Context context(view);
   const std::string& other = file.source->sameHeaderAs;
