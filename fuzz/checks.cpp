@@ -98,7 +98,7 @@ void checkTogether(const Files& files) {
   for (const Sources::Input& named : sources.named()) {
     const SourceFile& file = *named.file;
     const bool isValid = !file.error.has_value();
-    const Outcome outcome = reportOn(examination, *named.file, Warnings::Tell);
+    const Outcome outcome = reportOn(examination, *named.file, Warnings::Report);
     check(isValid || !outcome.succeeded, "no file with a grammar error is accepted");
     if (outcome.succeeded) checkWords(file.schema);
     const std::vector<std::string> told = CheckOutcome(files, file.path, outcome);

@@ -18,13 +18,13 @@ namespace zentho::idlgen {
 
 /// A message: the path of its file, the number of its line, and the text after
 /// "path:line:column: ".
-using Told = std::tuple<std::string, int, std::string>;
+using Reported = std::tuple<std::string, int, std::string>;
 
 struct CheckCase {
   std::string name;
   bool isCompiled;
   std::vector<std::pair<std::string, std::string>> files;  ///< Paths and texts; a.idl is the first.
-  std::vector<Told> expected;
+  std::vector<Reported> expected;
 };
 
 /// Called by GoogleTest if a test of the case has failed.

@@ -17,7 +17,7 @@ namespace {
 
 /// Returns whether a message that begins like this is expected in the file.
 bool Expects(const CheckCase& test, const std::string& file, const std::string& begin) {
-  return std::any_of(test.expected.begin(), test.expected.end(), [&](const Told& message) {
+  return std::any_of(test.expected.begin(), test.expected.end(), [&](const Reported& message) {
     const auto& [path, line, text] = message;
     return path == file && StartsWith(text, begin);
   });
@@ -48,8 +48,8 @@ void checkColumn(const std::string& message, const std::string& source, std::siz
 }
 
 /// Returns the messages in a text, without their columns and excerpts.
-std::vector<Told> Messages(const std::string& text, const CheckCase& test) {
-  std::vector<Told> told;
+std::vector<Reported> Messages(const std::string& text, const CheckCase& test) {
+  std::vector<Reported> reported;
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
     for (const auto& [path, source] : test.files) {
@@ -57,19 +57,19 @@ std::vector<Told> Messages(const std::string& text, const CheckCase& test) {
       const std::size_t number = path.size() + 1;
       const std::size_t column = line.find(':', number) + 1;
       const std::string message = line.substr(line.find(' ', column) + 1);
-      told.emplace_back(path, std::stoi(line.substr(number)), message);
+      reported.emplace_back(path, std::stoi(line.substr(number)), message);
       checkColumn(message, source, std::stoul(line.substr(number)),
                   std::stoul(line.substr(column)));
     }
   }
-  return told;
+  return reported;
 }
 
 /// Returns one line for each message, in the order of the lines that they are about.
-std::string Shown(std::vector<Told> told) {
-  std::sort(told.begin(), told.end());
+std::string Shown(std::vector<Reported> reported) {
+  std::sort(reported.begin(), reported.end());
   std::string shown;
-  for (const auto& [path, line, text] : told) {
+  for (const auto& [path, line, text] : reported) {
     shown += path + ":" + std::to_string(line) + ": " + text + "\n";
   }
   return shown;
@@ -88,10 +88,10 @@ Outcome Examine(const CheckCase& test) {
   Examination examination(sources);
   Outcome result{true, {}};
   for (const Sources::Input& named : sources.named()) {
-    const Outcome told = reportOn(examination, *named.file, Warnings::Tell);
-    EXPECT_EQ(told.succeeded, !SaysError(test, named.path)) << named.path;
-    result.succeeded = result.succeeded && told.succeeded;
-    result.messages += told.messages;
+    const Outcome reported = reportOn(examination, *named.file, Warnings::Report);
+    EXPECT_EQ(reported.succeeded, !SaysError(test, named.path)) << named.path;
+    result.succeeded = result.succeeded && reported.succeeded;
+    result.messages += reported.messages;
   }
   return result;
 }

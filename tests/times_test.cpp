@@ -23,7 +23,7 @@ std::string Messages(const Texts& texts) {
   Examination examination(sources);
   std::string messages;
   for (const Sources::Input& named : sources.named()) {
-    messages += reportOn(examination, *named.file, Warnings::Tell).messages;
+    messages += reportOn(examination, *named.file, Warnings::Report).messages;
   }
   return messages;
 }

@@ -17,7 +17,7 @@ Meaning MeaningOfName(std::string_view name) {
 }
 
 /// Returns the sentence about the word, or an empty text.
-std::string Told(const std::string& word) {
+std::string Reported(const std::string& word) {
   const std::vector<Finding> findings = CheckValue(word, 3, MeaningOfName);
   if (findings.empty()) return {};
   const Finding& finding = findings.front();
@@ -90,14 +90,14 @@ TEST(Value, IsCopiedUncheckedWithCallsAndCommas) {
              "typeid(A) sizeof(sizeof(int)) ((A,1),2) int((1,2)) (X)f(1) !(X)1 (X)~1 (X)(1) (X)'a' "
              "alignof(int)|X decltype(A)(1) INT64_C(1) Mode(0) (Mode)1 (E)1 "
              "char8_t(1) (char8_t)1 (Mode)+1 UNKNOWN|f(1,2)|'é' f<1>(2)(3)")) {
-    EXPECT_EQ(Told(word), '"' + word + "\" is C++ and is copied unchecked");
+    EXPECT_EQ(Reported(word), '"' + word + "\" is C++ and is copied unchecked");
   }
 }
 
 TEST(Value, IsNestedNoDeeperThanCompilersAllow) {
   const std::string deep = std::string(257, '(') + "1" + std::string(257, ')');
-  EXPECT_EQ(Told(deep), '"' + deep + "\" is C++ and is copied unchecked");
-  EXPECT_EQ(Told(deep.substr(1, deep.size() - 2)), "");
+  EXPECT_EQ(Reported(deep), '"' + deep + "\" is C++ and is copied unchecked");
+  EXPECT_EQ(Reported(deep.substr(1, deep.size() - 2)), "");
   EXPECT_TRUE(IsError(std::string(256, '(') + "int)" + std::string(256, ')')));
   EXPECT_TRUE(IsError(std::string(100000, '(')));
 }
@@ -105,20 +105,19 @@ TEST(Value, IsNestedNoDeeperThanCompilersAllow) {
 TEST(Value, IsAWarningIfSomeCompilersRejectIt) {
   for (const std::string& word :
        Words("18446744073709551616 0x1'0000'0000'0000'0000 18446744073709551615z")) {
-    EXPECT_EQ(Told("1|" + word), '"' + word + "\" has more than 64 bits");
+    EXPECT_EQ(Reported("1|" + word), '"' + word + "\" has more than 64 bits");
   }
   for (const std::string& word :
        Words("'é' 'aé' '\\u00e9' '\\u0080' '\\U00110000' '\\400' '\\x100' '\\xffff' "
              "'\\xfffffffffffffffff' 'abcde' '\\o' '\\é' '\xff' L'ab' L'aé' u8'\\x100' u8'\\400' "
              "u'\\x10000' U'\\x1ffffffff' U'\\U00110000'")) {
-    EXPECT_EQ(Told("1+" + word + "*" + word),
-              word + ": some compilers reject this character");
+    EXPECT_EQ(Reported("1+" + word + "*" + word), word + ": some compilers reject this character");
   }
 }
 
 TEST(Value, GetsNoLongAdvice) {
   const std::string number = "0_" + std::string(39, '0');
-  EXPECT_EQ(Told(number), '"' + number + "\" is not a value");
+  EXPECT_EQ(Reported(number), '"' + number + "\" is not a value");
 }
 
 }  // namespace

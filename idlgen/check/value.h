@@ -10,7 +10,7 @@
 
 namespace zentho::idlgen {
 
-/// Tells what a name is to the value, as `Lookup::findInValue` does. A `Type` is an enum.
+/// Returns what a name is to the value, as `Lookup::findInValue` does. A `Type` is an enum.
 using MeaningOf = std::function<Meaning(std::string_view name)>;
 
 /// Checks the value of an item: literals and names with operators, parentheses and casts. Evaluates

@@ -6,7 +6,7 @@
 
 namespace zentho::idlgen {
 
-/// Returns what follows the sentence of a finding about one of the examined files, or nothing.
+/// Returns what follows the sentence of a finding about one of the files, or nothing.
 Advice AdviceFor(Examination& examination, const SourceFile& file, const Finding& finding);
 
 }  // namespace zentho::idlgen

@@ -25,7 +25,7 @@ void Examination::repairAll(const std::vector<SourceFile*>& files) {
   declarations.emplace(files);
 }
 
-Examined Examination::examine(SourceFile& file) {
+RecoveryResult Examination::examine(SourceFile& file) {
   auto known = recoveries.find(&file);
   if (known == recoveries.end()) {
     const bool isRight = FindingsIn(*declarations, declarations->fileOf(file)).empty();

@@ -22,7 +22,7 @@ class Examination {
   explicit Examination(SourceFile& file);
 
   /// Checks one of the files together with the others. Returns what is wrong with it.
-  [[nodiscard]] Examined examine(SourceFile& file);
+  [[nodiscard]] RecoveryResult examine(SourceFile& file);
 
   /// Returns what the words of the files declare.
   [[nodiscard]] const Declarations& declared() const { return *declarations; }

@@ -13,8 +13,16 @@
 namespace zentho::idlgen {
 namespace {
 
-std::string_view LastPart(std::string_view type) {
-  return type.substr(type.rfind('.') + 1);
+/// Returns the name of a type that is most similar to the last part of this one, or nothing. It may
+/// be built in, unless this one is a path.
+std::string_view SimilarName(std::string_view type, const std::vector<const Declaration*>& seen) {
+  const std::size_t lastDot = type.rfind('.');
+  SimilarWord name(type.substr(lastDot + 1));
+  for (const BuiltinType& row : builtinTypes) {
+    if (lastDot == std::string_view::npos) name.compare(row.keyword);
+  }
+  for (const Declaration* const other : seen) name.compare(other->name);
+  return name.found();
 }
 
 }  // namespace
@@ -44,35 +52,37 @@ std::vector<const CheckedFile*> KnownTypes::filesThatDeclare(std::string_view ty
 std::string KnownTypes::mostSimilar(std::string_view type) const {
   const std::string_view foreign = TypeFor(type);
   if (!foreign.empty()) return std::string(foreign);
-  // Of a path, the last part counts, and of several types with that name, the whole path.
-  const bool isPath = type.find('.') != std::string_view::npos;
-  SimilarWord last(LastPart(type));
-  for (const BuiltinType& row : builtinTypes) {
-    if (!isPath) last.compare(row.keyword);
-  }
   const std::vector<const Declaration*> seenTypes = typesInView();
-  for (const Declaration* const seen : seenTypes) last.compare(seen->name);
-  if (FindBuiltinType(last.found()) != nullptr) return std::string(last.found());
-  constexpr std::size_t limit = 20;
-  std::vector<std::string> sameNames;
-  for (const Declaration* const seen : seenTypes) {
-    if (seen->name != last.found() || sameNames.size() == limit) continue;
-    std::string name = nameOf(*seen);
-    if (name != type) sameNames.push_back(std::move(name));
-  }
+  const std::string_view last = SimilarName(type, seenTypes);
+  if (FindBuiltinType(last) != nullptr) return std::string(last);
+  // Of several types with that name, the whole path counts.
+  const std::vector<std::string> sameNames = namesOf(seenTypes, last, type);
   SimilarWord whole(type);
   for (const std::string& name : sameNames) whole.compare(name);
   if (!whole.found().empty()) return std::string(whole.found());
   return sameNames.empty() ? std::string() : sameNames.front();
 }
 
+/// Returns the names by which the user finds the types with this last part, apart from `wrong`.
+std::vector<std::string> KnownTypes::namesOf(const std::vector<const Declaration*>& types,
+                                             std::string_view last, std::string_view wrong) const {
+  constexpr std::size_t limit = 20;
+  std::vector<std::string> names;
+  for (const Declaration* const type : types) {
+    if (type->name != last || names.size() == limit) continue;
+    std::string name = nameOf(*type);
+    if (name != wrong) names.push_back(std::move(name));
+  }
+  return names;
+}
+
 /// Returns the types that the user sees, in the order of their declarations.
 std::vector<const Declaration*> KnownTypes::typesInView() const {
-  std::vector<const Declaration*> types;
+  std::vector<const Declaration*> seen;
   for (const Declaration* const declared : view.declared()) {
-    if (IsTypeName(declared->role)) types.push_back(declared);
+    if (IsTypeName(declared->role)) seen.push_back(declared);
   }
-  return types;
+  return seen;
 }
 
 /// Returns the shortest name by which the user finds the type.

@@ -9,9 +9,9 @@ namespace zentho::idlgen {
 
 /// What a run does about warnings.
 enum class Warnings : std::uint8_t {
-  Tell,    ///< Shows them.
-  Ignore,  ///< Says nothing, and does not count them among the messages that are shown.
-  Fail     ///< Shows them, and fails as after an error.
+  Report,
+  Ignore,  ///< Does not report them, nor count them among the messages that are shown.
+  Fail     ///< Reports them, and fails as after an error.
 };
 
 /// Whether a run succeeds, and what it has to say.

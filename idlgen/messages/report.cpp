@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "messages/advice.h"
-#include "messages/selection.h"
+#include "messages/findings_to_report.h"
 #include "reader/idl.h"
 #include "sources/source_file.h"
 #include "words/printable.h"
@@ -40,7 +40,7 @@ bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
                                                : first.offset < second.offset;
 }
 
-/// Adds these findings to what recovery has told about the file, in the order of the places.
+/// Adds these findings to what recovery has reported about the file, in the order of the places.
 std::vector<Diagnostic> Diagnostics(Examination& examination, SourceFile& file,
                                     std::vector<Diagnostic> diagnostics,
                                     std::vector<Finding> findings) {
@@ -64,25 +64,24 @@ bool IsError(const Finding& finding) {
 }  // namespace
 
 Outcome reportOn(Examination& examination, SourceFile& file, Warnings warnings) {
-  Examined examined = examination.examine(file);
-  const std::vector<Finding>& found = examined.findings;
-  const bool hasError = !examined.diagnostics.empty() ||
+  RecoveryResult result = examination.examine(file);
+  const std::vector<Finding>& found = result.findings;
+  const bool hasError = !result.diagnostics.empty() ||
                         std::any_of(found.begin(), found.end(), IsError) ||
                         (warnings == Warnings::Fail && !found.empty());
 
-  std::vector<Finding> findings = Selection(file, examined, warnings);
+  std::vector<Finding> findings = FindingsToReport(file, result, warnings);
   std::stable_partition(findings.begin(), findings.end(), IsError);
-  const std::size_t told = std::min(examined.diagnostics.size(), maxMessages);
-  const bool isCut = told + findings.size() > maxMessages;
-  if (isCut) findings.resize(maxMessages - told);
+  const std::size_t reported = std::min(result.diagnostics.size(), maxMessages);
+  const bool isCut = reported + findings.size() > maxMessages;
+  if (isCut) findings.resize(maxMessages - reported);
 
   const std::vector<Diagnostic> diagnostics =
-      Diagnostics(examination, file, std::move(examined.diagnostics), std::move(findings));
+      Diagnostics(examination, file, std::move(result.diagnostics), std::move(findings));
   Outcome outcome{!hasError, {}};
   for (const Diagnostic& diagnostic : diagnostics) outcome.messages += Lines(diagnostic);
   if (isCut) outcome.messages += Printable(file.path) + ": more messages are not shown\n";
-  if (!examined.isComplete)
-    outcome.messages += Printable(file.path) + ": the rest is not checked\n";
+  if (!result.isComplete) outcome.messages += Printable(file.path) + ": the rest is not checked\n";
   return outcome;
 }
 

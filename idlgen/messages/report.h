@@ -17,6 +17,6 @@ namespace zentho::idlgen {
 /// Does the same for the text of the IDL file at `path`, without looking at any other. Fills the
 /// empty `schema`, as far as the file is right.
 [[nodiscard]] Outcome reportAlone(const std::string& path, std::string text, Schema& schema,
-                                  Warnings warnings = Warnings::Tell);
+                                  Warnings warnings = Warnings::Report);
 
 }  // namespace zentho::idlgen

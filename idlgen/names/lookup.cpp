@@ -15,7 +15,7 @@ Lookup::Lookup(const View& viewOfUser)
 
 bool Lookup::mayBeElsewhere(std::string_view name) const {
   if (view.mayMiss(name)) return true;
-  if (!isInFramework) return false;  // Else misspelt built-in types are still told.
+  if (!isInFramework) return false;  // Else misspelt built-in types are still reported.
   SimilarWord builtin(name, 1);
   for (const BuiltinType& type : builtinTypes) builtin.compare(type.keyword);
   return builtin.found().empty();

@@ -37,8 +37,8 @@ class Run {
     if (!errors.empty()) return {false, std::move(errors)};
     Outcome result{true, {}};
     // As compilers do, passes over directories that do not exist.
-    const bool isTold = sources.hasMissing() && request.warnings != Warnings::Ignore;
-    if (isTold) result.messages = directoryErrors(true);
+    const bool isReported = sources.hasMissing() && request.warnings != Warnings::Ignore;
+    if (isReported) result.messages = directoryErrors(true);
     Examination examination(sources);
     for (const Sources::Input& named : sources.named()) {
       append(examineNamed(examination, named), result);

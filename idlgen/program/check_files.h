@@ -17,7 +17,7 @@ struct CheckRequest {
   std::optional<std::string> stamp;        ///< The file to write after success.
   std::optional<std::string> depfile;      ///< The file for the dependencies of the stamp,
                                            ///< without which there is none.
-  Warnings warnings = Warnings::Tell;
+  Warnings warnings = Warnings::Report;
 };
 
 /// Checks IDL files without generating headers. Returns the messages in the order of the files.

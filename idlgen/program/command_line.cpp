@@ -203,7 +203,7 @@ class ArgumentReader {
 
   [[nodiscard]] Warnings warnings() const {
     if (isStrict) return Warnings::Fail;
-    return isSilent ? Warnings::Ignore : Warnings::Tell;
+    return isSilent ? Warnings::Ignore : Warnings::Report;
   }
 
   std::vector<std::string> arguments;

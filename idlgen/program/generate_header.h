@@ -11,7 +11,7 @@ struct HeaderRequest {
   std::string idl;         ///< The path of the IDL file.
   std::string header;      ///< The path of the header.
   bool ifChanged = false;  ///< Leave a header untouched that already has the text.
-  Warnings warnings = Warnings::Tell;
+  Warnings warnings = Warnings::Report;
 };
 
 /// Generates the header of one IDL file, whole or not at all, with the stages in this process.

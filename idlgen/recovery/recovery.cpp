@@ -21,20 +21,20 @@ Recovery::Recovery(SourceFile& sourceFile) : file(sourceFile) {
   file.locateWords();
   for (const auto drop : {dropCarriageReturns, dropTabs}) {
     std::optional<Diagnostic> error = drop(file);
-    if (error.has_value()) examined.diagnostics.push_back(*std::move(error));
+    if (error.has_value()) result.diagnostics.push_back(*std::move(error));
   }
-  if (!examined.diagnostics.empty()) parse();
+  if (!result.diagnostics.empty()) parse();
 }
 
-const Examined& Recovery::run(Declarations& declarations) {
+const RecoveryResult& Recovery::run(Declarations& declarations) {
   while (true) {
     std::optional<Fix> fix = FixWords(file);
     if (!fix.has_value()) {
       declare(declarations);
-      examined.findings = FindingsIn(declarations, declarations.fileOf(file));
-      fix = FixFindings(file.words, examined.findings);
+      result.findings = FindingsIn(declarations, declarations.fileOf(file));
+      fix = FixFindings(file.words, result.findings);
     }
-    if (!fix.has_value()) return examined;
+    if (!fix.has_value()) return result;
     if (fixes == maxFixes) break;
     ++fixes;
     report(*fix);
@@ -44,9 +44,9 @@ const Examined& Recovery::run(Declarations& declarations) {
   file.dropped.mayDeclareAnything = true;
   isChanged = true;
   declare(declarations);
-  examined.findings.clear();
-  examined.isComplete = false;
-  return examined;
+  result.findings.clear();
+  result.isComplete = false;
+  return result;
 }
 
 /// Finds the roles of the words once more.
@@ -70,13 +70,13 @@ void Recovery::declare(Declarations& declarations) {
 void Recovery::report(const Fix& fix) {
   const std::size_t line = file.words.places[fix.finding.word].lineNumber;
   const bool isKnown = isReported({line, line}) || isReported(fix.causes);
-  if (!isKnown) examined.diagnostics.push_back(DiagnosticOf(file, fix.finding));
-  if (fix.replaced.first < fix.replaced.end) examined.linesAtFault.push_back(line);
+  if (!isKnown) result.diagnostics.push_back(DiagnosticOf(file, fix.finding));
+  if (fix.replaced.first < fix.replaced.end) result.linesAtFault.push_back(line);
 }
 
 /// Returns whether something has been reported about one of these lines.
 bool Recovery::isReported(LineRange lines) const {
-  return std::any_of(examined.diagnostics.begin(), examined.diagnostics.end(),
+  return std::any_of(result.diagnostics.begin(), result.diagnostics.end(),
                      [&](const Diagnostic& diagnostic) {
                        const std::size_t line = diagnostic.message.place.lineNumber;
                        return lines.first <= line && line <= lines.last;

@@ -12,7 +12,7 @@
 namespace zentho::idlgen {
 
 /// What is wrong with a file. Nothing if all lists are empty.
-struct Examined {
+struct RecoveryResult {
   std::vector<Finding> findings;          ///< About the words that are read in the end.
   std::vector<Diagnostic> diagnostics;    ///< About the others, or missing ones: one a line.
   std::vector<std::size_t> linesAtFault;  ///< Of which words are not read.
@@ -30,7 +30,7 @@ class Recovery {
 
   /// Repairs the file, which is one of those that have the declarations. Returns what is wrong with
   /// it. May be called again with those of more files, which show more that is wrong.
-  const Examined& run(Declarations& declarations);
+  const RecoveryResult& run(Declarations& declarations);
 
  private:
   void parse();
@@ -39,7 +39,7 @@ class Recovery {
   [[nodiscard]] bool isReported(LineRange lines) const;
 
   SourceFile& file;
-  Examined examined;
+  RecoveryResult result;
   std::size_t fixes = 0;
   bool isChanged = false;  ///< Whether the declarations may be those of other words.
 };

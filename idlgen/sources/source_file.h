@@ -19,7 +19,7 @@ namespace zentho::idlgen {
 
 struct SourceFile;
 
-/// What is told at an include statement: of its path, or of one in a file that it brings.
+/// What is reported at an include statement: of its path, or of one in a file that it brings.
 struct MissingInclude {
   std::string path;    ///< Its word, and where it stands if that is elsewhere.
   std::string advice;  ///< What to do about it, or why it cannot be read.
@@ -32,7 +32,7 @@ struct Include {
   IncludeKind kind = IncludeKind::Other;
   SourceFile* file = nullptr;              ///< The file that was found.
   std::string reason = {};                 ///< Why it cannot be read.
-  std::list<MissingInclude> missing = {};  ///< What is told here.
+  std::list<MissingInclude> missing = {};  ///< What is reported here.
 };
 
 /// Names that may be declared although no word that is read declares them.

@@ -1,4 +1,4 @@
-#include "messages/selection.h"
+#include "messages/findings_to_report.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -18,7 +18,7 @@ std::size_t PairOf(const LocatedWords& words, std::size_t word) {
   return IsBeforeColon(words, name) ? name : noWord;
 }
 
-/// Returns what decides between findings of one pair: the smallest is told.
+/// Returns what decides between findings of one pair: the smallest is reported.
 std::tuple<std::size_t, Severity, std::size_t> RankOf(const Words& words, const Finding& finding) {
   const bool isForm = finding.rule->hint == Hint::Form;
   const std::size_t symptom = isForm ? SymptomOf(words, finding).rank : Symptom().rank;
@@ -27,27 +27,27 @@ std::tuple<std::size_t, Severity, std::size_t> RankOf(const Words& words, const 
 
 }  // namespace
 
-std::vector<Finding> Selection(const SourceFile& file, const Examined& examined,
-                               Warnings warnings) {
+std::vector<Finding> FindingsToReport(const SourceFile& file, const RecoveryResult& result,
+                                      Warnings warnings) {
   const LocatedWords& words = file.words;
-  const std::vector<std::size_t>& linesAtFault = examined.linesAtFault;
-  std::vector<Finding> selection;
+  const std::vector<std::size_t>& linesAtFault = result.linesAtFault;
+  std::vector<Finding> chosen;
   std::map<std::pair<std::size_t, std::size_t>, std::size_t> known;  // By line and pair.
-  for (const Finding& finding : examined.findings) {
+  for (const Finding& finding : result.findings) {
     const bool isWarning = finding.rule->severity == Severity::Warning;
     if (isWarning && warnings == Warnings::Ignore) continue;
     const std::size_t line = words.places[finding.word].lineNumber;
     if (std::find(linesAtFault.begin(), linesAtFault.end(), line) != linesAtFault.end()) continue;
     const bool isOfInclude = words.role(finding.word) == Role::IncludePath;
     const auto [place, isNew] =
-        known.try_emplace({line, PairOf(words, finding.word)}, selection.size());
+        known.try_emplace({line, PairOf(words, finding.word)}, chosen.size());
     if (isNew || isOfInclude) {
-      selection.push_back(finding);
-    } else if (RankOf(words, finding) < RankOf(words, selection[place->second])) {
-      selection[place->second] = finding;
+      chosen.push_back(finding);
+    } else if (RankOf(words, finding) < RankOf(words, chosen[place->second])) {
+      chosen[place->second] = finding;
     }
   }
-  return selection;
+  return chosen;
 }
 
 }  // namespace zentho::idlgen
