@@ -120,10 +120,7 @@ const Rule* MemberCheck::ruleForTemplateName(std::string_view name) const {
 /// Checks that no part of a path is a keyword.
 bool MemberCheck::checkParts(std::size_t i, std::string_view type) {
   const std::vector<std::string_view> parts = Components(type);
-  const auto wrong = std::find_if(parts.begin(), parts.end(), [](std::string_view part) {
-    const Keyword keyword = FindKeyword(part);
-    return keyword != Keyword::None && keyword != Keyword::Cpp20;
-  });
+  const auto wrong = std::find_if(parts.begin(), parts.end(), IsKeyword);
   if (wrong == parts.end()) return true;
   context.report(rules::keywordAsType, i, *wrong);
   return false;
@@ -168,10 +165,12 @@ MemberCheck::TypeWord MemberCheck::checkFound(std::size_t i, std::string_view ty
   if (rule == nullptr) {
     return found.meaning == Meaning::Elsewhere ? TypeWord::Elsewhere : TypeWord::Type;
   }
-  if (rule->note.empty()) {
-    context.report(*rule, i, type);
-  } else {
+  const bool isNoted = found.meaning == Meaning::Item || found.meaning == Meaning::Below ||
+                       found.meaning == Meaning::OuterType;
+  if (isNoted) {
     context.report(*rule, i, type, *found.declaration);
+  } else {
+    context.report(*rule, i, type);
   }
   return TypeWord::Wrong;
 }

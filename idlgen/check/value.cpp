@@ -22,12 +22,6 @@ constexpr auto binaryOperators = Table<std::string_view>(
     {"+",   "-", "*", "/",  "%",  "&",  "|",  "^",  "<<", ">>",  "bitand", "bitor",
      "xor", "<", ">", "<=", ">=", "==", "!=", "&&", "||", "and", "or",     "not_eq"});
 
-/// Returns whether the word is no keyword, or one that C++17 does not have.
-bool IsName(std::string_view word) {
-  const Keyword keyword = FindKeyword(word);
-  return keyword == Keyword::None || keyword == Keyword::Cpp20;
-}
-
 /// Checks one value. Functions read what must come next, and take what may. They return whether it
 /// does, and stand in the order of the grammar, whose rules are above them. There, a TYPE is one of
 /// C++ whose values are integers.
@@ -103,8 +97,6 @@ class ValueCheck {
 std::vector<Finding> ValueCheck::findings() {
   if (std::optional<Finding> error = wrongToken()) return {*std::move(error)};
   const bool isValue = readValue() && position == tokens.size();
-  if (!isValue && !enumInPlaceOfItem.empty())
-    return {finding(rules::typeAsItem, enumInPlaceOfItem)};
   if (!isValue) return {grammarError()};
   if (isUnchecked) return {finding(rules::uncheckedValue, text)};
   return std::move(warnings);
@@ -126,6 +118,7 @@ std::optional<Finding> ValueCheck::wrongToken() const {
 
 /// Returns the error of a value whose tokens do not fit together.
 Finding ValueCheck::grammarError() const {
+  if (!enumInPlaceOfItem.empty()) return finding(rules::typeAsItem, enumInPlaceOfItem);
   const auto isItemPath = [&](std::size_t i) {
     return at(i).kind == Kind::Name && at(i + 1).text == "." && at(i + 2).kind == Kind::Name;
   };
@@ -207,7 +200,7 @@ bool ValueCheck::readName() {
   const std::string_view name = next();
   ++position;
   if (isIntegerType(name)) return readParentheses();
-  return IsName(name) ? readItem(name) : name == "true" || name == "false";
+  return IsKeyword(name) ? name == "true" || name == "false" : readItem(name);
 }
 
 bool ValueCheck::takeSizeOf() {
@@ -273,7 +266,7 @@ bool ValueCheck::isIntegerType(std::string_view name) const {
 
 /// Returns whether the name may be a function or a type that C++ does not have by itself.
 bool ValueCheck::mayBeCpp(std::string_view name) const {
-  return IsName(name) && !IsCppType(name) && !IsIntegerMacro(name) &&
+  return !IsKeyword(name) && !IsCppType(name) && !IsIntegerMacro(name) &&
          meaningOf(name) != Meaning::Item;
 }
 

@@ -21,9 +21,9 @@ enum class Hint : std::uint8_t {
 struct Rule {
   Severity severity;
   std::string_view sentence;
-  std::string_view advice = {};   ///< What to do, or why: unless a finding has its own.
-  std::string_view example = {};  ///< Of what the advice says.
-  std::string_view note = {};     ///< About the other place, if there is one.
+  std::string_view advice = {};             ///< What to do, or why: unless a finding has its own.
+  std::string_view example = {};            ///< Of what the advice says.
+  std::string_view note = "declared here";  ///< About the other place, if there is one.
   Hint hint = Hint::None;
   bool doubtsRole = false;  ///< Though a warning: the word may be meant as something else.
 
@@ -146,25 +146,20 @@ inline constexpr Rule globalNamespace =
     Error(R"("%" is a namespace already)", "choose another name");
 inline constexpr Rule nestedTypeAsService =
     Error(R"(a service cannot be named "%")", "it contains a type of that name");
-inline constexpr Rule declaredTwice = Error(R"("%" is already declared)").withNote("declared here");
-inline constexpr Rule isNamespace =
-    Error(R"("%" is already a namespace)").withNote("declared here");
+inline constexpr Rule declaredTwice = Error(R"("%" is already declared)");
+inline constexpr Rule isNamespace = Error(R"("%" is already a namespace)");
 inline constexpr Rule hiddenNamespace =
-    Error(R"("%" is also declared in zentho, where the functions of the header stand)")
-        .withNote("declared here");
-inline constexpr Rule itemTwice = Error(R"("%" is already an item of @)").withNote("declared here");
-inline constexpr Rule memberTwice =
-    Error(R"("%" is already a member of @)").withNote("declared here");
+    Error(R"("%" is also declared in zentho, where the functions of the header stand)");
+inline constexpr Rule itemTwice = Error(R"("%" is already an item of @)");
+inline constexpr Rule memberTwice = Error(R"("%" is already a member of @)");
 inline constexpr Rule frameworkName =
     Error(R"("%" is a name of the framework, which the header needs)", "choose another one");
 inline constexpr Rule frameworkNameToo =
     Warning(R"("%" is a name of the framework, which other headers need)", "choose another one");
 inline constexpr Rule changesMeaning =
-    Warning(R"("%" is a type above)", "some compilers reject a member of that name")
-        .withNote("declared here");
+    Warning(R"("%" is a type above)", "some compilers reject a member of that name");
 inline constexpr Rule changesMeaningBelow =
-    Warning(R"("%" is a type below)", "some compilers reject a member of that name")
-        .withNote("declared here");
+    Warning(R"("%" is a type below)", "some compilers reject a member of that name");
 inline constexpr Rule changesMeaningOfUse =
     Warning(R"("%" is a type above)", "some compilers reject a member of that name")
         .withNote("used here");
@@ -178,29 +173,22 @@ inline constexpr Rule uncheckedTemplate =
 inline constexpr Rule laterType = Warning(R"("%" is a type since C++20)");
 inline constexpr Rule notDeclared = Error(R"("%" is not declared)").with(Hint::SimilarType);
 inline constexpr Rule declaredBelow =
-    Error(R"("%" is declared below)", "move it above the types that use it")
-        .withNote("declared here");
+    Error(R"("%" is declared below)", "move it above the types that use it");
 inline constexpr Rule perhapsDeclaredBelow =
-    Warning(R"("%" is declared below)", "it is not the type that is meant here")
-        .withNote("declared here");
+    Warning(R"("%" is declared below)", "it is not the type that is meant here");
 inline constexpr Rule responseInRequest =
     Error(R"("%" is declared below)", "a request cannot contain the response");
 inline constexpr Rule serviceInMessage =
-    Error(R"("%" belongs to a service, which messages cannot use)").withNote("declared here");
+    Error(R"("%" belongs to a service, which messages cannot use)");
 inline constexpr Rule containsItself =
     Error(R"("%" cannot contain itself)", "only a vector of it can be a member");
-inline constexpr Rule hiddenByMember =
-    Error(R"("%" is a member here, which hides the type)").withNote("declared here");
-inline constexpr Rule hiddenByItem =
-    Error(R"("%" is an item of @, which hides the type)").withNote("declared here");
-inline constexpr Rule memberAsType =
-    Error(R"("%" is a member, not a type)").withNote("declared here");
-inline constexpr Rule itemAsType =
-    Error(R"("%" is an item of @, not a type)").withNote("declared here");
+inline constexpr Rule hiddenByMember = Error(R"("%" is a member here, which hides the type)");
+inline constexpr Rule hiddenByItem = Error(R"("%" is an item of @, which hides the type)");
+inline constexpr Rule memberAsType = Error(R"("%" is a member, not a type)");
+inline constexpr Rule itemAsType = Error(R"("%" is an item of @, not a type)");
 inline constexpr Rule namespaceAsType = Error(R"("%" is a namespace, not a type)");
 inline constexpr Rule hiddenLibrary =
-    Error(R"("%" needs the namespace of the C++ library, which is hidden here)")
-        .withNote("declared here");
+    Error(R"("%" needs the namespace of the C++ library, which is hidden here)");
 inline constexpr Rule serviceAsType = Warning(
     R"("%" is a service, for which there is no serialization)", "use its Request or Response");
 
@@ -222,8 +210,7 @@ inline constexpr Rule notFound = Warning("% is not found");
 inline constexpr Rule unreadable = Warning("% cannot be read");
 inline constexpr Rule cycle = Warning("% includes this file, too", "one of them may not compile");
 inline constexpr Rule includesItself = Warning("% is this file itself");
-inline constexpr Rule misfit =
-    Error(R"("%" is declared in an included file already)").withNote("declared here");
+inline constexpr Rule misfit = Error(R"("%" is declared in an included file already)");
 inline constexpr Rule sameHeader = Warning("the header of this file is that of %, too");
 inline constexpr Rule noExtension = Warning(R"(% has no extension, such as ".idl")");
 

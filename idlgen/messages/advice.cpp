@@ -21,7 +21,10 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
   const std::string_view first = type.substr(0, dot);
   if (dot == std::string_view::npos || declared.count(first) == 0) return {};
   const std::string_view part = type.substr(dot + 1);
-  if (DeclaresItem(words, part)) return Quoted(part) + " is an item, not a type";
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const bool isItem = words.role(i) == Role::ItemName && words.text(i) == part;
+    if (isItem) return Quoted(part) + " is an item, not a type";
+  }
   return Quoted(first) + " has no type " + Quoted(part);
 }
 

@@ -56,24 +56,17 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
   const std::string_view last = SimilarName(type, seenTypes);
   if (FindBuiltinType(last) != nullptr) return std::string(last);
   // Of several types with that name, the whole path counts.
-  const std::vector<std::string> sameNames = namesOf(seenTypes, last, type);
+  constexpr std::size_t limit = 20;
+  std::vector<std::string> sameNames;
+  for (const Declaration* const seen : seenTypes) {
+    if (seen->name != last || sameNames.size() == limit) continue;
+    std::string name = nameOf(*seen);
+    if (name != type) sameNames.push_back(std::move(name));
+  }
   SimilarWord whole(type);
   for (const std::string& name : sameNames) whole.compare(name);
   if (!whole.found().empty()) return std::string(whole.found());
   return sameNames.empty() ? std::string() : sameNames.front();
-}
-
-/// Returns the names by which the user finds the types with this last part, apart from `wrong`.
-std::vector<std::string> KnownTypes::namesOf(const std::vector<const Declaration*>& types,
-                                             std::string_view last, std::string_view wrong) const {
-  constexpr std::size_t limit = 20;
-  std::vector<std::string> names;
-  for (const Declaration* const type : types) {
-    if (type->name != last || names.size() == limit) continue;
-    std::string name = nameOf(*type);
-    if (name != wrong) names.push_back(std::move(name));
-  }
-  return names;
 }
 
 /// Returns the types that the user sees, in the order of their declarations.

@@ -24,9 +24,6 @@ class KnownTypes {
 
  private:
   [[nodiscard]] std::vector<const Declaration*> typesInView() const;
-  [[nodiscard]] std::vector<std::string> namesOf(const std::vector<const Declaration*>& types,
-                                                 std::string_view last,
-                                                 std::string_view wrong) const;
   [[nodiscard]] std::string nameOf(const Declaration& declaration) const;
 
   View view;

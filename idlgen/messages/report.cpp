@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -36,8 +37,7 @@ void appendCommentedInclude(const SourceFile& file, std::vector<Message>& notes)
 bool IsBefore(const Diagnostic& a, const Diagnostic& b) {
   const Place& first = a.message.place;
   const Place& second = b.message.place;
-  return first.lineNumber != second.lineNumber ? first.lineNumber < second.lineNumber
-                                               : first.offset < second.offset;
+  return std::tie(first.lineNumber, first.offset) < std::tie(second.lineNumber, second.offset);
 }
 
 /// Adds these findings to what recovery has reported about the file, in the order of the places.

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace zentho {
@@ -73,6 +74,17 @@ namespace idlgen {
 inline std::size_t KeywordOf(const Words& words, std::size_t i) {
   while (i > 0 && words.role(i) != Role::Statement) --i;
   return i;
+}
+
+/// The names of the enums and messages of a file.
+using TypeNames = std::unordered_set<std::string_view>;
+
+inline TypeNames DeclaredTypes(const Words& words) {
+  TypeNames types;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (IsTypeName(words.role(i))) types.insert(words.text(i));
+  }
+  return types;
 }
 
 }  // namespace idlgen

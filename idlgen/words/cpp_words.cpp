@@ -30,6 +30,11 @@ Keyword FindKeyword(std::string_view word) {
   return Keyword::None;
 }
 
+bool IsKeyword(std::string_view word) {
+  const Keyword keyword = FindKeyword(word);
+  return keyword != Keyword::None && keyword != Keyword::Cpp20;
+}
+
 bool IsCppType(std::string_view type) {
   return FindKeyword(type) == Keyword::Type || Contains(libraryTypes, type);
 }

@@ -18,6 +18,9 @@ enum class Keyword : std::uint8_t {
 /// Returns what the word is, or `None`.
 Keyword FindKeyword(std::string_view word);
 
+/// Returns whether the word is a keyword of C++17.
+bool IsKeyword(std::string_view word);
+
 /// Returns whether a type is found in C++ without a declaration in the file: a fundamental type or
 /// one of <cstdint> and <cstddef>.
 bool IsCppType(std::string_view type);

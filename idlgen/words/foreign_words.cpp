@@ -37,11 +37,10 @@ constexpr auto foreignTypes =
                     {"string", " str String std.string "},
                     {"[uint8]", " bytes binary "}});
 
-constexpr auto qualifiers = Table<std::string_view>(
-    {"optional", "repeated", "required", "const",     "constant", "static",   "mutable",
-     "readonly", "public",   "private",  "in",        "out",      "inout",    "oneway",
-     "var",      "let",      "pub",      "attribute", "option",   "reserved", "case",
-     "unsigned", "signed",   "long",     "struct",    "enum",     "class"});
+constexpr std::string_view qualifiers =
+    " optional repeated required const constant static mutable readonly public private in out "
+    "inout "
+    "oneway var let pub attribute option reserved case unsigned signed long struct enum class ";
 
 /// Returns whether the word is one of those that have spaces around them.
 bool IsOneOf(std::string_view words, std::string_view word) {
@@ -82,7 +81,7 @@ bool IsTemplateOf(std::string_view type, std::string_view templates) {
 }
 
 bool IsQualifier(std::string_view word) {
-  return Contains(qualifiers, word);
+  return IsOneOf(qualifiers, word);
 }
 
 bool BeginsForeignLine(std::string_view word) {

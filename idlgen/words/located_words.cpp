@@ -92,19 +92,4 @@ std::ptrdiff_t OpenBraces(const Words& words) {
   return open;
 }
 
-TypeNames DeclaredTypes(const Words& words) {
-  TypeNames types;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (IsTypeName(words.role(i))) types.insert(words.text(i));
-  }
-  return types;
-}
-
-bool DeclaresItem(const Words& words, std::string_view name) {
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words.role(i) == Role::ItemName && words.text(i) == name) return true;
-  }
-  return false;
-}
-
 }  // namespace zentho::idlgen

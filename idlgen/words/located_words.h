@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "schema/words.h"
@@ -21,7 +20,7 @@ struct Place {
 /// Then there is one for each word.
 struct LocatedWords : Words {
   std::vector<Place> places;
-  bool lackBraces = false;  ///< Whether the text opens more braces than it closes.
+  bool lackBraces = false;  ///< Whether they opened more than they closed when they were located.
 };
 
 /// Finds the places of the words of a text, which it has in this order, and counts its braces.
@@ -58,13 +57,5 @@ std::size_t OpeningBrace(const LocatedWords& words, std::size_t i);
 
 /// Returns how many more braces are opened than closed.
 std::ptrdiff_t OpenBraces(const Words& words);
-
-/// The names of the enums and messages of a file.
-using TypeNames = std::unordered_set<std::string_view>;
-
-TypeNames DeclaredTypes(const Words& words);
-
-/// Returns whether one of the words declares an item of this name.
-bool DeclaresItem(const Words& words, std::string_view name);
 
 }  // namespace zentho::idlgen
