@@ -34,8 +34,8 @@ struct Misfit {
   bool inAnyOrder = true;  ///< Otherwise they only clash if the first one comes first.
 };
 
-Misfit MisfitOf(const Declaration& first, const Declaration& second) {
-  return {second.name, {first.file, first.word}, {second.file, second.word}};
+Misfit MisfitOf(const Declaration& first, const Declaration& second, bool inAnyOrder = true) {
+  return {second.name, {first.file, first.word}, {second.file, second.word}, inAnyOrder};
 }
 
 /// Returns the first two files among those that are included which clash, if there are any.
@@ -55,9 +55,7 @@ std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
   if (second != nullptr) return MisfitOf(*first, *second);
   if (record != nullptr && item != nullptr && record->role == Role::MessageName &&
       record->file != item->file) {
-    Misfit misfit = MisfitOf(*item, *record);
-    misfit.inAnyOrder = false;
-    return misfit;
+    return MisfitOf(*item, *record, /*inAnyOrder=*/false);
   }
   const Declaration* const name = record != nullptr ? record : item;
   const CheckedFile* const inside = clash.space == nullptr ? nullptr : view.firstIn(*clash.space);

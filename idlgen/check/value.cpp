@@ -22,9 +22,9 @@ constexpr auto binaryOperators = Table<std::string_view>(
     {"+",   "-", "*", "/",  "%",  "&",  "|",  "^",  "<<", ">>",  "bitand", "bitor",
      "xor", "<", ">", "<=", ">=", "==", "!=", "&&", "||", "and", "or",     "not_eq"});
 
-/// Checks one value. Functions read what must come next, and take what may. They return whether it
-/// does, and stand in the order of the grammar, whose rules are above them. There, a TYPE is one of
-/// C++ whose values are integers.
+/// Checks one value by recursive descent. The rules of the grammar stand above the functions that
+/// read them. To take is to read what may be missing. All return whether it is there. A TYPE is one
+/// of C++ whose values are integers.
 ///
 /// Other casts, calls and commas make the value C++ that is not checked, because what their names
 /// mean is not known.
