@@ -39,8 +39,8 @@ bool MayDeclareAnything(const Words& words, std::string_view keyword) {
 void rememberNames(SourceFile& file, const Fix& fix, const std::vector<std::string_view>& read) {
   const LocatedWords& words = file.words;
   const auto [first, end] = fix.replaced;
-  if (fix.mayDeclare == MayDeclare::Anything) file.dropped.mayDeclareAnything = true;
-  if (fix.mayDeclare != MayDeclare::DroppedNames || first == end) return;
+  if (fix.mayDeclareAnything) file.dropped.mayDeclareAnything = true;
+  if (first == end) return;
   const Role role = words.role(first);
   const bool isOfMembers = role == Role::MemberName || role == Role::MemberType;
   const bool isOfItems = role == Role::ItemName || role == Role::ItemValue;

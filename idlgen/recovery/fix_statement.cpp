@@ -80,7 +80,7 @@ std::string InventedName(std::size_t word) {
 
 /// Returns a fix after which any name may be declared, since the right one is not known.
 Fix WithUnknownName(Fix fix) {
-  fix.mayDeclare = MayDeclare::Anything;
+  fix.mayDeclareAnything = true;
   return fix;
 }
 
@@ -223,11 +223,7 @@ Fix BetweenNameAndBrace(const Unexpected& at, std::size_t brace) {
   if (isKeyword && brace > at.word) {  // As in `enum class E {`.
     return Drop(FindingAt(rules::extraWordOfName, at.words, name), {name, at.word});
   }
-  const Rule& rule = OpeningRule(at);
-  Fix fix = Replace(at.finding(rule), {name, brace}, {NameOnly(at, name)});
-  const bool isNameKnown = &rule != &rules::afterName;
-  fix.mayDeclare = isNameKnown ? MayDeclare::Nothing : MayDeclare::Anything;
-  return fix;
+  return Replace(at.finding(OpeningRule(at)), {name, brace}, {NameOnly(at, name)});
 }
 
 /// A word in place of the "{" after a name, which is missing if the word is on a line below.
@@ -248,9 +244,7 @@ Fix AtOpening(const Unexpected& at) {
   if (brace != noWord) return BetweenNameAndBrace(at, brace);
   if (IsPunctuation(at.text)) return at.replace(OpeningRule(at), {"{"});  // As in `enum E (`.
   if (!isAfterPart) return Drop(at.finding(OpeningRule(at)), {name - 1, at.lineEnd});
-  Fix fix = at.replace(OpeningRule(at), {"{", "}"});
-  fix.mayDeclare = MayDeclare::Nothing;
-  return fix;
+  return at.replace(OpeningRule(at), {"{", "}"});
 }
 
 /// A word in place of the "}" after a service.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -25,20 +24,13 @@ constexpr std::size_t lastLine = static_cast<std::size_t>(-1);
 
 using Texts = std::vector<std::string>;
 
-/// Which names may be declared, though no word that is read declares them.
-enum class MayDeclare : std::uint8_t {
-  Nothing,
-  DroppedNames,  ///< Those among the words that are not read.
-  Anything       ///< The name of a declaration, or of its namespace, is not known.
-};
-
 /// What is wrong with some words, and what to read in place of them.
 struct Fix {
   Finding finding;        ///< About the word that shows the cause.
   WordRange replaced;     ///< Empty if the texts are only put before its first word.
   Texts texts = {};       ///< What is read there. Empty if the words are only left out.
   LineRange causes = {};  ///< If something is reported about one of them, this follows from it.
-  MayDeclare mayDeclare = MayDeclare::DroppedNames;
+  bool mayDeclareAnything = false;  ///< Since a name is not known: of a declaration or namespace.
 };
 
 /// Returns a finding about a word.
