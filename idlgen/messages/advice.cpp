@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "messages/known_types.h"
 #include "names/view.h"
@@ -62,7 +63,18 @@ Advice AdviceOfTypes(Examination& examination, const SourceFile& file, std::stri
     const std::string included = examination.includePath(file, *other->source);
     if (!included.empty()) return {"is " + Quoted(included) + " to be included?"};
   }
-  return {others.empty() ? DidYouMean(known.mostSimilar(type)) : std::string()};
+  const std::vector<const Declaration*> seen = known.typesInView();
+  if (!others.empty() || !examination.mayCompare(seen.size())) return {};
+  return {DidYouMean(known.mostSimilar(type, seen))};
+}
+
+/// Returns the item of a file whose name is most similar, or nothing.
+std::string_view SimilarItem(const Words& words, std::string_view name) {
+  SimilarWord similar(name);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words.role(i) == Role::ItemName && words.text(i) != name) similar.compare(words.text(i));
+  }
+  return similar.found();
 }
 
 /// Returns what to do about a type that is not declared, or nothing.
@@ -94,7 +106,9 @@ Advice AdviceFor(Examination& examination, const SourceFile& file, const Finding
       return UnknownTypeAdvice(examination, file, finding);
     case Hint::ItemValue:
       // A colon before the word shows that it is meant as a value.
-      if (finding.text != word || IsAfterColon(file.words, finding.word)) return {};
+      if (finding.text != word || IsAfterColon(file.words, finding.word)) {
+        return {DidYouMean(SimilarItem(file.words, finding.text))};
+      }
       return {"each item needs a value", "A: 0"};
   }
   return {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -32,12 +33,20 @@ class Examination {
     return sources->includePath(from, to);
   }
 
+  /// Returns whether a misspelt name is compared with so many others. A run does so with two
+  /// million at most, which takes some seconds.
+  [[nodiscard]] bool mayCompare(std::size_t names) {
+    compared += names;
+    return compared <= 2'000'000;
+  }
+
  private:
   void repairAll(const std::vector<SourceFile*>& files);
 
   Sources* sources = nullptr;                                  ///< Unless the file is alone.
   std::unordered_map<const SourceFile*, Recovery> recoveries;  ///< Of files with mistakes.
   std::optional<Declarations> declarations;                    ///< Of all files, once repaired.
+  std::size_t compared = 0;                                    ///< The number of names.
 };
 
 }  // namespace zentho::idlgen

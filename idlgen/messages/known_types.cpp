@@ -49,10 +49,10 @@ std::vector<const CheckedFile*> KnownTypes::filesThatDeclare(std::string_view ty
   return files;
 }
 
-std::string KnownTypes::mostSimilar(std::string_view type) const {
+std::string KnownTypes::mostSimilar(std::string_view type,
+                                    const std::vector<const Declaration*>& seenTypes) const {
   const std::string_view foreign = TypeFor(type);
   if (!foreign.empty()) return std::string(foreign);
-  const std::vector<const Declaration*> seenTypes = typesInView();
   const std::string_view last = SimilarName(type, seenTypes);
   if (FindBuiltinType(last) != nullptr) return std::string(last);
   // Of several types with that name, the whole path counts.
@@ -69,7 +69,6 @@ std::string KnownTypes::mostSimilar(std::string_view type) const {
   return sameNames.empty() ? std::string() : sameNames.front();
 }
 
-/// Returns the types that the user sees, in the order of their declarations.
 std::vector<const Declaration*> KnownTypes::typesInView() const {
   std::vector<const Declaration*> seen;
   for (const Declaration* const declared : view.declared()) {

@@ -18,12 +18,15 @@ class KnownTypes {
   /// Returns the files that the user does not see and in which it would find the type.
   [[nodiscard]] std::vector<const CheckedFile*> filesThatDeclare(std::string_view type) const;
 
-  /// Returns the built-in type or the declared one whose name is most similar, as the user must
+  /// Returns the declared types that the user sees, in the order of their declarations.
+  [[nodiscard]] std::vector<const Declaration*> typesInView() const;
+
+  /// Returns the built-in type or the one of these whose name is most similar, as the user must
   /// write it, or nothing.
-  [[nodiscard]] std::string mostSimilar(std::string_view type) const;
+  [[nodiscard]] std::string mostSimilar(std::string_view type,
+                                        const std::vector<const Declaration*>& seenTypes) const;
 
  private:
-  [[nodiscard]] std::vector<const Declaration*> typesInView() const;
   [[nodiscard]] std::string nameOf(const Declaration& declaration) const;
 
   View view;

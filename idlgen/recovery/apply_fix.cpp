@@ -24,13 +24,14 @@ void rememberNamesIn(std::string_view word, PossibleNames& dropped) {
   }
 }
 
-/// Returns whether any name may be declared if the statement of this keyword is not read: because
-/// of an include, or in a namespace that is not known.
-bool MayDeclareAnything(const Words& words, std::string_view keyword) {
-  const Statement statement = FindStatement(SimilarKeyword(NameIn(keyword)));
+/// Returns whether any name may be declared if a statement with this word is not read: because of
+/// an include, or in a namespace that is not known.
+bool MayDeclareAnything(const Words& words, std::string_view word) {
+  const Statement statement = FindStatement(SimilarKeyword(NameIn(word)));
   const bool hasNamespace =
       std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath) != words.roles.end();
-  return statement == Statement::Include || (statement == Statement::Namespace && !hasNamespace);
+  return statement == Statement::Include || !IncludedPath(word).empty() ||
+         (statement == Statement::Namespace && !hasNamespace);
 }
 
 /// Keeps the names that may be declared by the words that are not read: by members none, by items
@@ -46,7 +47,7 @@ void rememberNames(SourceFile& file, const Fix& fix, const std::vector<std::stri
   const bool isOfItems = role == Role::ItemName || role == Role::ItemValue;
   for (std::size_t i = first; i < end; ++i) {
     const bool isNamed = i > first && IsDeclaration(FindStatement(words.text(i - 1)));
-    const bool isItem = i == first || IsBeforeColon(words, i);
+    const bool isItem = i == first || IsBeforeColon(words, i) || words.text(i - 1).back() == ',';
     const bool mayDeclare = isOfMembers ? isNamed : !isOfItems || isItem;
     const bool isRead = std::find(read.begin(), read.end(), words.text(i)) != read.end();
     if (!mayDeclare || isRead) continue;
