@@ -24,11 +24,12 @@ class Unexpected {
   Unexpected(const LocatedWords& fileWords, std::size_t i)
       : words(fileWords),
         word(i),
+        before(i > 0 ? i - 1 : noWord),
         lineEnd(LineEnd(fileWords, i)),
         text(fileWords.text(i)),
         roleBefore(i > 0 ? fileWords.role(i - 1) : Role::Statement) {}
 
-  [[nodiscard]] bool isOnLineOfWordBefore() const { return AreOnOneLine(words, word - 1, word); }
+  [[nodiscard]] bool isOnLineOfWordBefore() const { return AreOnOneLine(words, before, word); }
   [[nodiscard]] bool isClosing() const { return BraceOf(text) == '}'; }
   [[nodiscard]] bool beginsStatement() const { return FindStatement(text) != Statement::None; }
 
@@ -46,9 +47,12 @@ class Unexpected {
     return Insert(finding(rule), word, std::move(texts), causes);
   }
 
-  /// Returns the lines from the keyword of the statement on.
+  /// Returns the keyword of the statement that the word before stands in.
+  [[nodiscard]] std::size_t keyword() const { return KeywordOf(words, before); }
+
+  /// Returns the lines from that keyword on.
   [[nodiscard]] LineRange statement() const {
-    return {words.places[KeywordOf(words, word)].lineNumber, lastLine};
+    return {words.places[keyword()].lineNumber, lastLine};
   }
 
   /// Returns the rest of the line, with the block that it opens, up to a brace that closes what is
@@ -57,6 +61,7 @@ class Unexpected {
 
   const LocatedWords& words;
   const std::size_t word;
+  const std::size_t before;  ///< The word before, such as the name before a "{".
   const std::size_t lineEnd;
   const std::string_view text;
   const Role roleBefore;
@@ -125,6 +130,15 @@ Texts LaterDeclaration(const Unexpected& at, std::size_t brace) {
   return {};
 }
 
+/// Returns the keyword that is meant by the word, or nothing.
+std::string_view MeantKeyword(const Unexpected& at, std::size_t brace) {
+  const std::string_view keyword = SimilarKeyword(at.text);
+  // interface Button { label: string }
+  const bool hasMembers =
+      brace != noWord && brace + 1 < at.words.size() && IsBeforeColon(at.words, brace + 1);
+  return keyword == "service" && hasMembers ? "message" : keyword;
+}
+
 /// Returns whether the rest of the line fits the keyword, which is read in place of the word.
 bool FitsLine(std::string_view keyword, const Unexpected& at, std::size_t brace) {
   if (IsDeclaration(FindStatement(keyword))) {
@@ -138,75 +152,19 @@ bool FitsLine(std::string_view keyword, const Unexpected& at, std::size_t brace)
 bool IsAfterBareKeyword(const Unexpected& at) {
   const bool isAfterName = at.roleBefore == Role::IncludePath ||
                            at.roleBefore == Role::NamespacePath || IsRecordName(at.roleBefore);
-  return isAfterName && FindStatement(at.words.text(at.word - 1)) != Statement::None &&
-         !AreOnOneLine(at.words, at.word - 2, at.word - 1);
+  return isAfterName && FindStatement(at.words.text(at.before)) != Statement::None &&
+         !AreOnOneLine(at.words, at.keyword(), at.before);
 }
 
 /// Returns the rule that a word between a name and its brace breaks.
 const Rule& OpeningRule(const Unexpected& at) {
-  const std::size_t name = at.word - 1;
-  if (IsJoinedByColons(at.words, name)) return rules::colonsInName;
+  if (IsJoinedByColons(at.words, at.before)) return rules::colonsInName;
   if (at.roleBefore == Role::Part) return rules::partWithoutBraces;
-  const bool isBase =
-      IsIdentifier(at.words.text(name)) && (IsBeforeColon(at.words, name) || at.text == "extends");
+  const bool isBase = IsIdentifier(at.words.text(at.before)) &&
+                      (IsBeforeColon(at.words, at.before) || at.text == "extends");
   if (!isBase) return rules::afterName;
   if (at.roleBefore == Role::EnumName) return rules::underlyingType;
   return at.roleBefore == Role::ServiceName ? rules::baseOfService : rules::baseOfMessage;
-}
-
-/// More words on the line of a path: of an include, or of a namespace.
-Fix AfterPath(const Unexpected& at) {
-  const std::size_t before = at.word - 1;
-  std::string path(at.words.text(before));
-  if (path == "=") {
-    return Drop(FindingAt(FormRule(at.roleBefore), at.words, before, {R"(delete the "=")"}),
-                {before, at.word});
-  }
-  if (at.roleBefore == Role::IncludePath) {
-    return WithUnknownName(at.dropRest(rules::afterIncludePath));
-  }
-  if (at.text == "{") return at.drop(rules::namespaceWithBraces);
-  std::size_t end = at.word;
-  for (; end < at.lineEnd && IsBeforeColon(at.words, end - 1); ++end) {
-    path.append(".").append(at.words.text(end));
-  }
-  if (end == at.word) return WithUnknownName(at.dropRest(rules::afterNamespace));
-  path.resize(path.find_last_not_of(foreignSeparators) + 1);
-  return Replace(at.finding(rules::notAStatement, {"write dots: " + Quoted(path)}), {before, end},
-                 {path});
-}
-
-/// A word in place of the keyword of a statement.
-Fix AtStatement(const Unexpected& at) {
-  const bool isAfterPath =
-      at.roleBefore == Role::NamespacePath || at.roleBefore == Role::IncludePath;
-  const bool isSeparator = Parts(at.text, foreignSeparators).empty();
-  if (isAfterPath && !isSeparator && (at.isOnLineOfWordBefore() || at.text == "{"))
-    return AfterPath(at);
-  if (at.isClosing()) return at.drop(rules::unopened);
-  if (at.text == "{") return at.drop(rules::unknownStatement);
-  if (auto form = FixForm(at.words, {at.word, at.word + 1}, at.rest())) return *std::move(form);
-  const bool isMember = BeginsMember(at);
-  if (isMember || BeginsItem(at)) {
-    const Rule& rule = isMember ? rules::membersOutside : rules::itemsOutside;
-    const std::string keyword = isMember ? "message" : "enum";
-    return WithUnknownName(at.insert(rule, {keyword, InventedName(at.word), "{"}));
-  }
-  const std::size_t brace = OpeningBrace(at.words, at.word);
-  if (Texts declaration = LaterDeclaration(at, brace); !declaration.empty()) {
-    return Replace(at.finding(rules::unknownStatement), {at.word, brace}, std::move(declaration));
-  }
-  std::string_view keyword = SimilarKeyword(at.text);
-  // As in `interface Button { label: string }`.
-  const bool hasMembers = keyword == "service" && brace != noWord && brace + 1 < at.words.size() &&
-                          IsBeforeColon(at.words, brace + 1);
-  if (hasMembers) keyword = "message";
-  if (keyword.empty()) return at.dropRest(rules::unknownStatement);
-  const bool hasSemicolon = at.words.text(at.lineEnd - 1).back() == ';';
-  Advice advice = {DidYouMean(keyword, hasSemicolon ? R"(, without the ";")" : "")};
-  return FitsLine(keyword, at, brace)
-             ? at.replace(rules::notAStatement, {std::string(keyword)}, std::move(advice))
-             : at.dropRest(rules::notAStatement, std::move(advice));
 }
 
 /// Returns the name in this word, or another one.
@@ -215,36 +173,103 @@ std::string NameOnly(const Unexpected& at, std::size_t word) {
   return name.empty() ? InventedName(word) : std::string(name);
 }
 
-/// A word between a name and its brace, which stands on the same line or below.
-Fix BetweenNameAndBrace(const Unexpected& at, std::size_t brace) {
-  const std::size_t name = at.word - 1;
-  const std::string_view nameText = at.words.text(name);
-  const bool isKeyword = FindKeyword(nameText) != Keyword::None || !KeywordFor(nameText).empty();
-  if (isKeyword && brace > at.word) {  // As in `enum class E {`.
-    return Drop(FindingAt(rules::extraWordOfName, at.words, name), {name, at.word});
+/// More words on the line of a path: of an include, or of a namespace.
+Fix AfterPath(const Unexpected& at) {
+  std::string path(at.words.text(at.before));
+  // namespace = a.b
+  if (path == "=") {
+    return Drop(FindingAt(FormRule(at.roleBefore), at.words, at.before, {R"(delete the "=")"}),
+                {at.before, at.word});
   }
-  return Replace(at.finding(OpeningRule(at)), {name, brace}, {NameOnly(at, name)});
+  // include "a.idl" "b.idl"
+  if (at.roleBefore == Role::IncludePath) {
+    return WithUnknownName(at.dropRest(rules::afterIncludePath));
+  }
+  // namespace a {
+  if (at.text == "{") return at.drop(rules::namespaceWithBraces);
+  // namespace a::b
+  std::size_t end = at.word;
+  for (; end < at.lineEnd && IsBeforeColon(at.words, end - 1); ++end) {
+    path.append(".").append(at.words.text(end));
+  }
+  if (end > at.word) {
+    path.resize(path.find_last_not_of(foreignSeparators) + 1);
+    return Replace(at.finding(rules::notAStatement, {"write dots: " + Quoted(path)}),
+                   {at.before, end}, {path});
+  }
+  // namespace a b
+  return WithUnknownName(at.dropRest(rules::afterNamespace));
 }
 
-/// A word in place of the "{" after a name, which is missing if the word is on a line below.
-Fix AtOpening(const Unexpected& at) {
-  const std::size_t name = at.word - 1;
-  const bool isAfterPart = at.roleBefore == Role::Part;
-  if (!at.isOnLineOfWordBefore()) {
-    const bool isService = at.roleBefore == Role::ServiceName && at.text == "request";
-    const bool isClosed = IsListClosed(at.words, at.word);
-    const bool hasList = isAfterPart || isService || isClosed || BeginsMember(at) || BeginsItem(at);
-    Finding finding = FindingAt(rules::missingOpening, at.words, name);
-    if (!hasList) return Drop(std::move(finding), {name - 1, at.word});
-    if (!isClosed && !isService) finding.advice = {"members stand in braces"};
-    // As in `message M (`, whose bracket may be glued to the name.
-    return Replace(std::move(finding), {name, at.word}, {NameOnly(at, name), "{"});
+/// A word in place of the keyword of a statement.
+Fix AtStatement(const Unexpected& at) {
+  const bool isAfterPath =
+      at.roleBefore == Role::NamespacePath || at.roleBefore == Role::IncludePath;
+  const bool isSeparator = Parts(at.text, foreignSeparators).empty();
+  const bool isOfPath = isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{");
+  if (isOfPath && !isSeparator) return AfterPath(at);
+  if (at.isClosing()) return at.drop(rules::unopened);
+  if (at.text == "{") return at.drop(rules::unknownStatement);
+  if (auto form = FixForm(at.words, {at.word, at.word + 1}, at.rest())) return *std::move(form);
+  // x: int8
+  if (BeginsMember(at)) {
+    return WithUnknownName(
+        at.insert(rules::membersOutside, {"message", InventedName(at.word), "{"}));
   }
+  // A: 0
+  if (BeginsItem(at)) {
+    return WithUnknownName(at.insert(rules::itemsOutside, {"enum", InventedName(at.word), "{"}));
+  }
+  // public message P {
+  const std::size_t brace = OpeningBrace(at.words, at.word);
+  if (Texts declaration = LaterDeclaration(at, brace); !declaration.empty()) {
+    return Replace(at.finding(rules::unknownStatement), {at.word, brace}, std::move(declaration));
+  }
+  // mesage P {
+  const std::string_view keyword = MeantKeyword(at, brace);
+  if (keyword.empty()) return at.dropRest(rules::unknownStatement);
+  const bool hasSemicolon = at.words.text(at.lineEnd - 1).back() == ';';
+  Advice advice = {DidYouMean(keyword, hasSemicolon ? R"(, without the ";")" : "")};
+  return FitsLine(keyword, at, brace)
+             ? at.replace(rules::notAStatement, {std::string(keyword)}, std::move(advice))
+             : at.dropRest(rules::notAStatement, std::move(advice));
+}
+
+/// A word between a name and its brace, which stands on the same line or below.
+Fix BetweenNameAndBrace(const Unexpected& at, std::size_t brace) {
+  // enum class E {
+  const std::string_view name = at.words.text(at.before);
+  const bool isKeyword = FindKeyword(name) != Keyword::None || !KeywordFor(name).empty();
+  if (isKeyword && brace > at.word) {
+    return Drop(FindingAt(rules::extraWordOfName, at.words, at.before), {at.before, at.word});
+  }
+  // message D : B {
+  return Replace(at.finding(OpeningRule(at)), {at.before, brace}, {NameOnly(at, at.before)});
+}
+
+/// A word on a line below the name after which a "{" is missing.
+Fix BelowName(const Unexpected& at) {
+  Finding finding = FindingAt(rules::missingOpening, at.words, at.before);
+  const bool isClosed = IsListClosed(at.words, at.word);
+  const bool isService = at.roleBefore == Role::ServiceName && at.text == "request";
+  const bool isList = at.roleBefore == Role::Part || BeginsMember(at) || BeginsItem(at);
+  if (!isClosed && !isService && !isList) return Drop(std::move(finding), {at.keyword(), at.word});
+  if (!isClosed && !isService) finding.advice = {"members stand in braces"};
+  // The name may have a bracket, as in `message M(`.
+  return Replace(std::move(finding), {at.before, at.word}, {NameOnly(at, at.before), "{"});
+}
+
+/// A word in place of the "{" after a name.
+Fix AtOpening(const Unexpected& at) {
+  if (!at.isOnLineOfWordBefore()) return BelowName(at);
   const std::size_t brace = OpeningBrace(at.words, at.word);
   if (brace != noWord) return BetweenNameAndBrace(at, brace);
-  if (IsPunctuation(at.text)) return at.replace(OpeningRule(at), {"{"});  // As in `enum E (`.
-  if (!isAfterPart) return Drop(at.finding(OpeningRule(at)), {name - 1, at.lineEnd});
-  return at.replace(OpeningRule(at), {"{", "}"});
+  // enum E (
+  if (IsPunctuation(at.text)) return at.replace(OpeningRule(at), {"{"});
+  // request Query
+  if (at.roleBefore == Role::Part) return at.replace(OpeningRule(at), {"{", "}"});
+  // message M : B
+  return Drop(at.finding(OpeningRule(at)), {at.keyword(), at.lineEnd});
 }
 
 /// A word in place of the "}" after a service.
@@ -252,10 +277,12 @@ Fix AtClosing(const Unexpected& at) {
   if (at.beginsStatement()) {
     return at.insert(rules::missingClosing, {"}"}, CausesOfMissingBrace(at.words));
   }
+  // };
   if (at.isClosing()) {
     return at.replace(rules::notAnEnd, {"}"},
                       SymptomOf(at.words, at.finding(rules::notAnEnd)).advice);
   }
+  // A second request, if the first one was read as the response.
   Fix fix = at.dropRest(rules::afterResponse);
   if (at.text == "request") fix.causes = at.statement();
   return fix;
@@ -263,28 +290,32 @@ Fix AtClosing(const Unexpected& at) {
 
 /// A word in place of `request` or `response`.
 Fix AtPart(const Unexpected& at) {
-  const bool isRequest = at.words.role(at.word - 2) == Role::ServiceName;
+  const bool isRequest = at.word == at.keyword() + 3;  // After the name and a "{".
   const std::string part = isRequest ? "request" : "response";
   const Rule& missing = isRequest ? rules::missingRequest : rules::missingResponse;
   const Rule& misspelt = isRequest ? rules::notARequest : rules::notAResponse;
   const std::size_t next = at.word + 1;
-  const bool isNext = next < at.words.size() && at.words.text(next) == part;
+  const auto isNext = [&](std::string_view text) {
+    return next < at.words.size() && at.words.text(next) == text;
+  };
   Texts rest = MissingBraces(at.words, at.word);
 
-  if (Parts(at.text, foreignSeparators).empty() || (at.text == "}" && isNext)) {
-    return at.drop(missing);
-  }
+  const bool isSeparator = Parts(at.text, foreignSeparators).empty();
+  if (isSeparator || (at.text == "}" && isNext(part))) return at.drop(missing);
+  // service S { }
   if (at.text == "}") {
     rest.pop_back();  // It is there.
     return at.insert(missing, std::move(rest), at.statement());
   }
   if (at.text == "response") return at.insert(rules::responseFirst, {part, "{", "}"});
+  // The next statement.
   if (at.beginsStatement()) {
     return at.insert(rules::missingClosing, std::move(rest), CausesOfMissingBrace(at.words));
   }
+  // service S { x: int8
   if (BeginsMember(at)) return at.insert(missing, {part, "{"});
-  const bool opensList = next < at.words.size() && at.words.text(next) == "{";
-  const bool isMisspelt = opensList || SimilarWord(at.text).compare(part);
+  // req {
+  const bool isMisspelt = isNext("{") || SimilarWord(at.text).compare(part);
   return isMisspelt ? at.replace(misspelt, {part}, {DidYouMean(part)}) : at.dropRest(missing);
 }
 
@@ -294,7 +325,7 @@ Fix AtName(const Unexpected& at) {
     return WithUnknownName(at.insert(rules::missingName, {InventedName(at.word)}));
   }
   const Rule& rule = FormRule(at.words.role(at.word));
-  return Drop(at.finding(rule), {at.word - 1, at.isClosing() ? at.word : at.rest().end});
+  return Drop(at.finding(rule), {at.before, at.isClosing() ? at.word : at.rest().end});
 }
 
 }  // namespace
@@ -304,7 +335,7 @@ Fix FixStatement(const LocatedWords& words, std::size_t word) {
   const Unexpected at(words, word);
   const Role role = words.role(word);
   if (IsAfterBareKeyword(at)) {
-    return Drop(FindingAt(rules::bareKeyword, words, word - 2), {word - 2, word - 1});
+    return Drop(FindingAt(rules::bareKeyword, words, at.keyword()), {at.keyword(), at.before});
   }
   if (role == Role::Statement) return AtStatement(at);
   if (role == Role::Part) return AtPart(at);
