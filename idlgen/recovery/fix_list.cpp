@@ -9,6 +9,11 @@
 namespace zentho::idlgen {
 namespace {
 
+/// Returns the rule that a word too many breaks.
+const Rule& ExtraWord(const List& list) {
+  return list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
+}
+
 /// Returns the fix for a line in which words are missing or too many.
 Fix FixOddLine(const List& list, WordRange line) {
   const LocatedWords& words = list.words;
@@ -17,15 +22,19 @@ Fix FixOddLine(const List& list, WordRange line) {
   };
   const std::size_t last = line.end - 1;
   const Rule& missing = list.isEnum() ? rules::missingValue : rules::missingType;
-  const Rule& extra = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
+  const Rule& extra = ExtraWord(list);
   for (std::size_t i = line.first; i < last; i += 2) {
-    if (!IsBeforeColon(words, i + 1) || list.looksLikeTypeOrValue(i + 1)) continue;
+    const bool isPair = !IsBeforeColon(words, i + 1) || list.looksLikeTypeOrValue(i + 1);
+    if (isPair) continue;
+    // `x: y: int8`, else `my x: int8`
     return at(IsBeforeColon(words, i) ? missing : extra, i);
   }
-  const bool isName = IsBeforeColon(words, last) ||
-                      (!IsBeforeColon(words, line.first) && !list.looksLikeTypeOrValue(last));
-  if (isName) return at(missing, last);
-  return at(line.first == last ? rules::nameless : extra, last);
+  // `int8`
+  const bool isType = !IsBeforeColon(words, last) && list.looksLikeTypeOrValue(last);
+  if (isType && line.first == last) return at(rules::nameless, last);
+  // `x: int8 more`, else `x int8 y`
+  const bool isExtra = isType || (IsBeforeColon(words, line.first) && !IsBeforeColon(words, last));
+  return at(isExtra ? extra : missing, last);
 }
 
 /// Explains a line in which a statement begins: a brace is missing above, or it is nested.
@@ -41,26 +50,30 @@ Fix FixStatementIn(const List& list, WordRange line, std::size_t keyword) {
               {line.first, brace == noWord ? line.end : ClosingBrace(words, brace) + 1});
 }
 
-/// Explains a line that opens a block, whose brace is missing above or which cannot stand here.
+/// Explains a line that opens a block which cannot stand here.
 Fix FixBlock(const List& list, WordRange line, std::size_t brace) {
   const LocatedWords& words = list.words;
-  const std::size_t before = brace - line.first;
-  const std::size_t last = brace - 1;                   // Before the brace.
-  if (before > 0 && words.text(last).back() == '\'') {  // The reader has split `'{'`.
-    return Drop({&rules::notAValue, last, "'{'", {"write the number of the character"}}, line);
+  const std::size_t before = brace - 1;
+  const bool isFirst = brace == line.first;
+  // `A: '{'`, which the reader has split.
+  if (!isFirst && words.text(before).back() == '\'') {
+    return Drop({&rules::notAValue, before, "'{'", {"write the number of the character"}}, line);
   }
-  const bool isDoubled = list.isBegin(brace) && OpenBraces(words) > 0;
-  const WordRange block = {line.first, isDoubled ? brace + 1 : ClosingBrace(words, brace) + 1};
-  if (before >= 1 && list.isRequest() && words.text(last) == "response") {
-    return Insert(FindingAt(rules::missingClosing, words, last), last, {"}"});
+  // `response {`, where the request is still open.
+  if (!isFirst && list.isRequest() && words.text(before) == "response") {
+    return Insert(FindingAt(rules::missingClosing, words, before), before, {"}"});
   }
-  if (before % 2 == 1 && IsBeforeColon(words, last)) {
-    return Drop(list.isEnum() ? FindingAt(rules::notAValue, words, brace)
-                              : FindingAt(rules::blockAsType, words, brace),
-                block);
+  // A second "{" after the name of the message.
+  const Rule& noPair = list.isEnum() ? rules::blockInEnum : rules::blockInMembers;
+  if (list.isBegin(brace) && OpenBraces(words) > 0) {
+    return Drop(FindingAt(noPair, words, brace), {brace, brace + 1});
   }
-  const Rule& rule = list.isEnum() ? rules::blockInEnum : rules::blockInMembers;
-  return Drop(FindingAt(rule, words, line.first), block);
+  // `x: { y: int8 }`, else `oneof x { y: int8 }`
+  const WordRange block = {line.first, ClosingBrace(words, brace) + 1};
+  const bool isType = (brace - line.first) % 2 == 1 && IsBeforeColon(words, before);
+  const Rule& rule = list.isEnum() ? rules::notAValue : rules::blockAsType;
+  return isType ? Drop(FindingAt(rule, words, brace), block)
+                : Drop(FindingAt(noPair, words, line.first), block);
 }
 
 /// Returns whether another bracket stands in place of the "}" that the text lacks, as the last word
@@ -88,8 +101,8 @@ Fix FixList(const List& list, std::size_t word) {
     if (brace != noWord) return FixBlock(list, *line, brace);
   }
   if (const std::size_t qualifier = list.qualifierIn(range); qualifier != noWord) {
-    const Rule& extra = list.isEnum() ? rules::extraWordOfValue : rules::extraWordOfType;
-    const Rule& rule = BeginsForeignLine(words.text(qualifier)) ? rules::foreignLine : extra;
+    const bool isForeign = BeginsForeignLine(words.text(qualifier));
+    const Rule& rule = isForeign ? rules::foreignLine : ExtraWord(list);
     return Drop(FindingAt(rule, words, qualifier), range);
   }
   if (const std::size_t name = list.oneOfSeveralNames(range); name != noWord) {

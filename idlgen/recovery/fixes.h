@@ -63,18 +63,20 @@ inline LineRange CausesOfMissingBrace(const LocatedWords& words) {
 /// because of a "::" or a tab. The words need no places; all other functions need them.
 bool NeedsFix(const SourceFile& file);
 
-// The next fix is made by these functions, which change nothing. Places and causes are tried in
-// this order:
+// The next fix is made by these functions, which change nothing; those that are not in next_fix.cpp
+// are in a file of their name, or in fix_form.cpp. Places and causes are tried in this order:
 //
 //   FixWords           the first word that the parser refuses, or that cannot have its role
 //     FixList            in a list: in the first line up to there that does not consist of pairs
 //       FixCharacters      characters that no word contains, and "::"
-//                          a block that the line opens
+//                          a statement or a block that begins in the line
 //                          a word that qualifies a declaration, such as `optional`
+//                          several names with one type, or another bracket as the end
 //       FixForm            the form of a word
 //                          words that are missing or too many
 //     FixStatement       elsewhere
 //       FixCharacters      as above
+//                          a keyword without its path or name on the line above
 //                          a brace, or a word after a path, in place of a keyword
 //       FixForm            the form of another word in place of a keyword
 //                          what the grammar expects there

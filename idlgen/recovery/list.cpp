@@ -35,7 +35,8 @@ List::List(const LocatedWords& located, const TypeNames& typeNames, std::size_t 
 }
 
 bool List::isRequest() const {
-  return words.role(begin - 2) == Role::Part && words.text(begin - 2) == "request";
+  const std::size_t owner = begin - 2;  // A list begins after a name, or a part, and a "{".
+  return words.role(owner) == Role::Part && words.text(owner) == "request";
 }
 
 std::size_t List::end() const {
@@ -140,23 +141,23 @@ std::size_t List::endInList(std::size_t i) const {
 }
 
 /// Returns whether the pair that the last word of an odd line begins ends with the next line's
-/// first word: because of a colon between them, as in `x` and `: int8`; because that one looks
-/// like a type or a value, as in `x` and `int8`; or because each stands alone, as in `x` and
-/// `Pose`. Then the rest of the next line must be pairs again, unless both reasons hold, or a colon
-/// shows that the next line is not complete either.
+/// first word.
 bool List::pairContinues(WordRange line) const {
   const std::size_t last = line.end - 1;
   const std::size_t next = line.end;
   if (!MayBeginPair(words, line) || !MayEndPair(words, next)) return false;
   const std::size_t nextEnd = std::min(blockBegin({next, endInList(next)}), endInList(next));
   const bool restIsPairs = (nextEnd - next) % 2 == 1;
-  const bool isColonBetween = IsBeforeColon(words, last) || IsAfterColon(words, next);
   const bool isTypeOrValue = looksLikeTypeOrValue(next);
-  const bool areAlone = last == line.first && nextEnd == next + 1;
+  // `x` and `: int8 y: int8`, or `: int8` with any rest
+  const bool isColonBetween = IsBeforeColon(words, last) || IsAfterColon(words, next);
   if (isColonBetween) return restIsPairs || isTypeOrValue;
+  // `x` and `int8 y: int8`, or `int8 y:` whose type is on the line after it
   if (isTypeOrValue) {
     return !looksLikeTypeOrValue(last) && (restIsPairs || IsBeforeColon(words, nextEnd - 1));
   }
+  // `x` and `Pose`
+  const bool areAlone = last == line.first && nextEnd == next + 1;
   return areAlone && !isEnum() && IsIdentifier(words.text(last)) && IsIdentifier(words.text(next));
 }
 
