@@ -31,8 +31,8 @@ Files InOrderOfLeaving(const std::list<CheckedFile>& files) {
 
 }  // namespace
 
-// Whoever includes the file that is left last is in a cycle with it: any other one would have been
-// left later. So it is with the rest, once that cycle has its number.
+// Kosaraju's algorithm: whoever includes the file that is left last is in a cycle with it, since
+// any other one would have been left later. So it is with the rest, once that cycle has its number.
 std::vector<std::size_t> CyclesOf(const std::list<CheckedFile>& files) {
   std::vector<Files> includers(files.size());
   for (const CheckedFile& file : files) {

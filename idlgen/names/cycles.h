@@ -8,7 +8,8 @@
 
 namespace zentho::idlgen {
 
-/// Returns a number for each file, which files share that include each other, also through others.
+/// Finds the strongly connected components of the includes. Returns a number for each file, which
+/// files share that include each other, also through others.
 std::vector<std::size_t> CyclesOf(const std::list<CheckedFile>& files);
 
 }  // namespace zentho::idlgen
