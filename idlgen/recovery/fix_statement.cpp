@@ -223,7 +223,9 @@ Fix AtStatement(const Unexpected& at) {
   // public message P {
   const std::size_t brace = OpeningBrace(at.words, at.word);
   if (Texts declaration = LaterDeclaration(at, brace); !declaration.empty()) {
-    return Replace(at.finding(rules::unknownStatement), {at.word, brace}, std::move(declaration));
+    const std::string meant = declaration[0] + " " + declaration[1];
+    return Replace(at.finding(rules::notAStatement, {DidYouMean(meant)}), {at.word, brace},
+                   std::move(declaration));
   }
   // mesage P {
   const std::string_view keyword = MeantKeyword(at, brace);

@@ -112,7 +112,9 @@ bool List::isOneDeclaration(WordRange line) const {
   for (std::size_t i = line.first; i < line.end; ++i) {
     const std::string_view text = words.text(i);
     const bool isComment = text.substr(0, 2) == "/*";
-    if (isComment || IsJoinedByColons(words, i) || (isEnum() && isOperator(text))) return true;
+    const bool isTemplate = text.back() == ',' && text.find('<') != std::string_view::npos;
+    const bool isJoined = isTemplate || IsJoinedByColons(words, i);
+    if (isComment || isJoined || (isEnum() && isOperator(text))) return true;
   }
   return false;
 }

@@ -47,7 +47,7 @@ class List {
 
   /// Returns whether a line of pairs is wrong as a whole: another word qualifies a declaration, as
   /// in `1: required int32 x`, an operator stands alone, as in `A: (1 << 2)`, colons join two
-  /// words, as in `A = E::B`, or a comment begins.
+  /// words, as in `A = E::B`, a template has a space, or a comment begins.
   [[nodiscard]] bool isOneDeclaration(WordRange line) const;
 
   /// Returns whether the word is rather a type or a value than a name.
