@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -91,7 +92,8 @@ Fix FixList(const List& list, std::size_t word) {
   const WordRange pair = {IsTypeOrValue(words.role(word)) ? word - 1 : word, word + 1};
   // Also a line of pairs may be wrong as a whole.
   const WordRange ownLine = list.lineOf(word);
-  const WordRange range = line.value_or(list.isOneDeclaration(ownLine) ? ownLine : pair);
+  const WordRange whole = {std::min(pair.first, ownLine.first), ownLine.end};
+  const WordRange range = line.value_or(list.isOneDeclaration(ownLine) ? whole : pair);
 
   if (std::optional<Fix> fix = FixCharacters(words, range)) return *std::move(fix);
   if (line.has_value()) {
