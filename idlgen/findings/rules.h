@@ -72,6 +72,8 @@ inline constexpr Rule itemsOutside =
     Error(R"("%" is not a statement)", "items stand in an enum", "enum E { A: 0 }");
 inline constexpr Rule afterIncludePath =
     Error(R"("%" is not a statement)", "an include has one path, in quotes and without spaces");
+inline constexpr Rule unknownPath =
+    Error(R"("%" is not a statement)", R"(write include "dir/file.idl")");
 inline constexpr Rule afterNamespace =
     Error(R"("%" is not a statement)", "a namespace is one word");
 inline constexpr Rule bareKeyword = Error(R"("%" is followed by nothing on its line)");
@@ -100,9 +102,11 @@ inline constexpr Rule notAPart = Error(R"("%" is neither "request" nor "response
 inline constexpr Rule notARequest = Error(R"("%" is not "request")");
 inline constexpr Rule notAResponse = Error(R"("%" is not "response")");
 inline constexpr Rule missingRequest =
-    Error(R"("%" is not "request")", "a service has both", "request { a: A } response { b: B }");
+    Error(R"("%" is not "request")", "a service has one request and one response",
+          "request { a: A } response { b: B }");
 inline constexpr Rule missingResponse =
-    Error(R"("%" is not "response")", "a service has both", "request { a: A } response { b: B }");
+    Error(R"("%" is not "response")", "a service has one request and one response",
+          "request { a: A } response { b: B }");
 inline constexpr Rule responseFirst =
     Error(R"("%" is not "request")", "a service begins with its request");
 inline constexpr Rule missingClosing = Error(R"(a "}" is missing before this "%")");

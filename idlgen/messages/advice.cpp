@@ -1,5 +1,6 @@
 #include "messages/advice.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -29,6 +30,12 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
   return Quoted(first) + " has no type " + Quoted(part);
 }
 
+/// Returns the name of the record that contains a word.
+std::size_t RecordOf(const Words& words, std::size_t i) {
+  while (i > 0 && !IsRecordName(words.role(i))) --i;
+  return i;
+}
+
 bool IsUpper(char letter) {
   return letter >= 'A' && letter <= 'Z';
 }
@@ -45,15 +52,16 @@ Advice AdviceOfWords(const LocatedWords& words, const Finding& finding) {
   const TypeNames declared = DeclaredTypes(words);
   const bool isCapital = IsUpper(name.front()) && !IsUpper(type.front());  // As in `Pose pose`.
   const bool isKnown = !TypeFor(name).empty() || declared.count(name) > 0;
-  const bool isType =
-      LooksLikeType(name) || isCapital || (isKnown && !IsAfterColon(words, finding.word));
+  const bool isType = LooksLikeType(name) || (isKnown && !IsAfterColon(words, finding.word));
+  if (isCapital) return {"put the name first", std::string(type).append(": ").append(name)};
   if (isType) return {"put the name first", "x: int8"};
   return {MissingPart(type, words, declared)};
 }
 
 /// Returns what the types show that the files declare: which file is to be included, or which type
 /// is similar. Or nothing.
-Advice AdviceOfTypes(Examination& examination, const SourceFile& file, std::string_view type) {
+Advice AdviceOfTypes(Examination& examination, const SourceFile& file, const Finding& finding) {
+  const std::string_view type = finding.text;
   const Declarations& declarations = examination.declared();
   const CheckedFile& user = declarations.fileOf(file);
   const KnownTypes known(declarations, user);
@@ -63,7 +71,13 @@ Advice AdviceOfTypes(Examination& examination, const SourceFile& file, std::stri
     const std::string included = examination.includePath(file, *other->source);
     if (!included.empty()) return {"is " + Quoted(included) + " to be included?"};
   }
-  const std::vector<const Declaration*> seen = known.typesInView();
+  std::vector<const Declaration*> seen = known.typesInView();
+  const std::size_t record = RecordOf(file.words, finding.word);  // Which it cannot contain.
+  seen.erase(std::remove_if(seen.begin(), seen.end(),
+                            [&](const Declaration* declared) {
+                              return declared->file == &user && declared->word == record;
+                            }),
+             seen.end());
   if (!others.empty() || !examination.mayCompare(seen.size())) return {};
   return {DidYouMean(known.mostSimilar(type, seen))};
 }
@@ -79,12 +93,26 @@ std::string_view SimilarItem(const Words& words, std::string_view name) {
 
 /// Returns what to do about a type that is not declared, or nothing.
 Advice UnknownTypeAdvice(Examination& examination, const SourceFile& file, const Finding& finding) {
-  const auto ofTypes = [&] { return AdviceOfTypes(examination, file, finding.text); };
+  const auto ofTypes = [&] { return AdviceOfTypes(examination, file, finding); };
   const auto ofWords = [&] { return AdviceOfWords(file.words, finding); };
   const bool isPath = finding.text.find('.') != std::string_view::npos;
   Advice advice = isPath ? ofTypes() : ofWords();
   if (!advice.text.empty()) return advice;
   return isPath ? ofWords() : ofTypes();
+}
+
+/// Returns what to do about a word because of its form, or nothing.
+Advice FormAdvice(const LocatedWords& words, const Finding& finding) {
+  const std::size_t i = finding.word;
+  // `long: float64`
+  const bool isNameFirst =
+      LooksLikeType(words.text(i)) && IsBeforeColon(words, i) && LooksLikeType(words.text(i + 1));
+  if (isNameFirst) return {"choose another name"};
+  // `IDLE: 0` in a message
+  const bool isItem =
+      words.role(i) == Role::MemberType && IsAfterColon(words, i) && IsNumber(words.text(i));
+  if (isItem) return {"items stand in an enum"};
+  return SymptomOf(words, finding).advice;
 }
 
 }  // namespace
@@ -96,12 +124,7 @@ Advice AdviceFor(Examination& examination, const SourceFile& file, const Finding
     case Hint::None:
       return {};
     case Hint::Form:
-      // As in `long: float64`, where the name does come first.
-      if (LooksLikeType(word) && IsBeforeColon(file.words, finding.word) &&
-          LooksLikeType(file.words.text(finding.word + 1))) {
-        return {"choose another name"};
-      }
-      return SymptomOf(file.words, finding).advice;
+      return FormAdvice(file.words, finding);
     case Hint::SimilarType:
       return UnknownTypeAdvice(examination, file, finding);
     case Hint::ItemValue:

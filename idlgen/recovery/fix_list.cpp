@@ -6,6 +6,7 @@
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
 #include "words/foreign_words.h"
+#include "words/word_forms.h"
 
 namespace zentho::idlgen {
 namespace {
@@ -33,8 +34,9 @@ Fix FixOddLine(const List& list, WordRange line) {
   // `int8`
   const bool isType = !IsBeforeColon(words, last) && list.looksLikeTypeOrValue(last);
   if (isType && line.first == last) return at(rules::nameless, last);
-  // `x: int8 more`, else `x int8 y`
-  const bool isExtra = isType || (IsBeforeColon(words, line.first) && !IsBeforeColon(words, last));
+  // `x: int8 more` or `int8 x more`, else `x int8 y`
+  const bool isFirst = IsBeforeColon(words, line.first) || LooksLikeType(words.text(line.first));
+  const bool isExtra = isType || (isFirst && line.first != last && !IsBeforeColon(words, last));
   return at(isExtra ? extra : missing, last);
 }
 

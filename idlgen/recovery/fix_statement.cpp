@@ -183,7 +183,9 @@ Fix AfterPath(const Unexpected& at) {
   }
   // include "a.idl" "b.idl"
   if (at.roleBefore == Role::IncludePath) {
-    return WithUnknownName(at.dropRest(rules::afterIncludePath));
+    const Rule& rule =
+        IsBeforeColon(at.words, at.before) ? rules::unknownPath : rules::afterIncludePath;
+    return WithUnknownName(at.dropRest(rule));
   }
   // namespace a {
   if (at.text == "{") return at.drop(rules::namespaceWithBraces);
@@ -230,6 +232,11 @@ Fix AtStatement(const Unexpected& at) {
   // mesage P {
   const std::string_view keyword = MeantKeyword(at, brace);
   if (keyword.empty()) return at.dropRest(rules::unknownStatement);
+  // use a::b
+  const bool isPathUnknown =
+      keyword == "include" &&
+      (at.lineEnd == at.word + 1 || IncludedPath(at.words.text(at.word + 1)).empty());
+  if (isPathUnknown) return at.dropRest(rules::unknownPath);
   const bool hasSemicolon = at.words.text(at.lineEnd - 1).back() == ';';
   Advice advice = {DidYouMean(keyword, hasSemicolon ? R"(, without the ";")" : "")};
   return FitsLine(keyword, at, brace)
@@ -317,7 +324,8 @@ Fix AtPart(const Unexpected& at) {
   // service S { x: int8
   if (BeginsMember(at)) return at.insert(missing, {part, "{"});
   // req {
-  const bool isMisspelt = isNext("{") || SimilarWord(at.text).compare(part);
+  const bool isMisspelt =
+      IsIdentifier(at.text) && (isNext("{") || SimilarWord(at.text).compare(part));
   return isMisspelt ? at.replace(misspelt, {part}, {DidYouMean(part)}) : at.dropRest(missing);
 }
 

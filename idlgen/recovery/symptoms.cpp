@@ -119,7 +119,8 @@ bool HasFixedSize(std::string_view word, std::string_view beforeNumber) {
 
 /// As in `[int8; 3]`.
 bool IsOpenVector(std::string_view word, std::string_view separators) {
-  return word.front() == '[' && separators.find(word.back()) != std::string_view::npos;
+  return word.front() == '[' && !Has(word, "]") &&
+         HasOneOf(word.substr(word.size() - 1), separators);
 }
 
 /// Returns whether one of the signs follows the keyword without a space.
@@ -147,7 +148,6 @@ constexpr std::string_view oneWordValue = "write the value as one word, without 
 
 constexpr SymptomKind sign = SymptomKind::Characters;
 constexpr SymptomKind form = SymptomKind::Forms;
-constexpr SymptomKind hint = SymptomKind::Hints;
 
 /// All symptoms, in the order of what they say about the cause.
 constexpr auto rows = Table<SymptomRow>({
@@ -165,7 +165,8 @@ constexpr auto rows = Table<SymptomRow>({
     {sign, all, IsGluedToClosing, "", R"(put spaces around "}")"},
 
     // Maps, whatever else the line has; equals signs, and parentheses around them.
-    {form, members | types, IsTemplateOf, " map unordered_map Map HashMap ", "there are no maps"},
+    {form, members | types, IsTemplateOf, " map unordered_map Map HashMap Record ",
+     "there are no maps"},
     {form, types, Begins, "map[", "there are no maps"},
     {form, types, Begins, "dict[", "there are no maps"},
     {form, types, Begins, "Dict[", "there are no maps"},
@@ -215,9 +216,6 @@ constexpr auto rows = Table<SymptomRow>({
     {form, paths, Has, "//", R"(write one "/")"},
     {form, paths, Has, "\\", R"(write "/" between names)"},
     {form, paths, HasNoExtension, "", R"(it has no extension, such as ".idl")"},
-
-    // What the lines around show better.
-    {hint, types, IsNumberAfter, "", "items stand in an enum"},
 });
 
 /// Returns the first character that cannot be part of a name, if it is not one of ASCII.

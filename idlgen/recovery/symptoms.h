@@ -22,12 +22,8 @@ struct MeantWord {
 /// Returns the rule that a word of this role breaks because of its form.
 const Rule& FormRule(Role role);
 
-/// What suggests the cause of a mistake.
-enum class SymptomKind : std::uint8_t {
-  Characters,  ///< Some that no word contains.
-  Forms,       ///< The form of a word.
-  Hints        ///< The same, but it is no reason to read a line otherwise.
-};
+/// What suggests the cause of a mistake: characters that no word contains, or the form of a word.
+enum class SymptomKind : std::uint8_t { Characters, Forms };
 
 /// Returns the first symptom that one of the words shows in its role, in the order of what it says
 /// about the cause, or nothing if that is not of this kind. A word that is right in its place shows

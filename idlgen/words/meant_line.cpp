@@ -53,15 +53,24 @@ struct Line {
   bool isNameFirst = false;        ///< As a colon shows, or what stands for it.
   bool hasFieldNumber = false;     ///< So that the type is first.
   bool isVector = false;
+  bool isCut = false;  ///< By a comma or semicolon, after which more follows.
 };
 
-/// Returns the line of a word, up to a default value.
+/// Returns whether the word ends with a sign that separates declarations in other languages.
+bool EndsDeclaration(std::string_view text) {
+  return text.back() == ',' || text.back() == ';';
+}
+
+/// Returns the declaration of a word on its line, up to a default value.
 Line LineOf(const LocatedWords& words, std::size_t word) {
   Line line;
   bool isJoined = false;  // To the word before, as in `a::B`.
   const char* separator = ".";
   std::size_t i = word;
-  while (i > 0 && AreOnOneLine(words, i - 1, word) && BraceOf(words.text(i - 1)) == '\0') --i;
+  while (i > 0 && AreOnOneLine(words, i - 1, word) && BraceOf(words.text(i - 1)) == '\0' &&
+         !EndsDeclaration(words.text(i - 1))) {
+    --i;
+  }
   for (; i < words.size() && AreOnOneLine(words, i, word); ++i) {
     const std::string_view text = words.text(i);
     if (text.find_first_not_of("})]") == std::string_view::npos) break;
@@ -87,6 +96,10 @@ Line LineOf(const LocatedWords& words, std::size_t word) {
       separator = isOfC ? "_" : ".";
       isJoined = end > 0 && (isOfC || IsJoinedByColons(words, i));
       line.isNameFirst = line.isNameFirst || (!isJoined && IsBeforeColon(words, i));
+    }
+    if (EndsDeclaration(text)) {
+      line.isCut = i + 1 < words.size() && AreOnOneLine(words, i + 1, word);
+      break;
     }
     if (text.find('=') != end) continue;
     line.hasFieldNumber = line.hasFieldNumber || HasFieldNumber(words, i);
@@ -134,6 +147,7 @@ std::string MeantLine(const LocatedWords& words, std::size_t word) {
   const bool isOnlyFirst = isType(first) && !isType(second.substr(0, second.find('[', 1)));
   const bool isTypeFirst = !line.isNameFirst && !isItem && (line.hasFieldNumber || isOnlyFirst);
   if (!line.isNameFirst && !isTypeFirst) return {};
+  if (line.isCut && isTypeFirst && !line.hasFieldNumber) return {};  // As in `int8 x, y`.
   if (isTypeFirst) std::swap(first, second);
   const std::size_t bracket = first.find('[');  // As in `int8 x[4]`.
   const bool isVector = line.isVector || bracket != std::string::npos;

@@ -12,7 +12,7 @@ namespace zentho::idlgen {
 /// takes long.
 class SimilarWord {
  public:
-  explicit SimilarWord(std::string_view wanted, std::size_t most = 40)
+  explicit SimilarWord(std::string_view wanted, std::size_t most = 3)
       : word(wanted), best(wanted.size() <= 40 ? std::min(wanted.size() / 3, most) + 1 : 0) {}
 
   /// Returns whether the candidate is more similar than all before it.
