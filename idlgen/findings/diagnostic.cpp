@@ -89,7 +89,7 @@ Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
   }
   file.locateWords();
   Advice advice = finding.advice;
-  if (advice.text.empty()) advice = {std::string(rule.advice), rule.example};
+  if (advice.text.empty()) advice = {std::string(rule.advice), std::string(rule.example)};
   const bool isLineAtFault = IsInList(file.words.role(finding.word)) && !advice.isQuestion();
   const std::string meant = isLineAtFault ? MeantLine(file.words, finding.word) : std::string();
   if (!meant.empty()) advice.example = meant;

@@ -18,8 +18,8 @@ struct WordOf {
 
 /// What follows a sentence. Empty if nothing is known.
 struct Advice {
-  std::string text = {};          ///< What to do, or why.
-  std::string_view example = {};  ///< Of what the text says.
+  std::string text = {};     ///< What to do, or why.
+  std::string example = {};  ///< Of what the text says.
 
   /// Returns whether it asks for another word, so that the rest of the line is right.
   [[nodiscard]] bool isQuestion() const { return !text.empty() && text.back() == '?'; }
@@ -32,6 +32,8 @@ struct Finding {
   std::string_view text;            ///< For the sentence: the word, or the part at fault.
   Advice advice = {};               ///< In place of that of the rule.
   std::vector<WordOf> others = {};  ///< Other words, which the note of the rule is about.
+
+  [[nodiscard]] bool isError() const { return rule->severity == Severity::Error; }
 };
 
 }  // namespace zentho::idlgen

@@ -57,28 +57,25 @@ std::vector<Diagnostic> Diagnostics(Examination& examination, SourceFile& file,
   return diagnostics;
 }
 
-bool IsError(const Finding& finding) {
-  return finding.rule->severity == Severity::Error;
-}
-
 }  // namespace
 
 Outcome reportOn(Examination& examination, SourceFile& file, Warnings warnings) {
   RecoveryResult result = examination.examine(file);
   const std::vector<Finding>& found = result.findings;
-  const bool hasError = !result.diagnostics.empty() ||
-                        std::any_of(found.begin(), found.end(), IsError) ||
-                        (warnings == Warnings::Fail && !found.empty());
+  const auto isError = [](const Finding& finding) { return finding.isError(); };
+  const bool hasFailed = !result.diagnostics.empty() ||
+                         std::any_of(found.begin(), found.end(), isError) ||
+                         (warnings == Warnings::Fail && !found.empty());
 
   std::vector<Finding> findings = FindingsToReport(file, result, warnings);
-  std::stable_partition(findings.begin(), findings.end(), IsError);
+  std::stable_partition(findings.begin(), findings.end(), isError);
   const std::size_t reported = std::min(result.diagnostics.size(), maxMessages);
   const bool isCut = reported + findings.size() > maxMessages;
   if (isCut) findings.resize(maxMessages - reported);
 
   const std::vector<Diagnostic> diagnostics =
       Diagnostics(examination, file, std::move(result.diagnostics), std::move(findings));
-  Outcome outcome{!hasError, {}};
+  Outcome outcome{!hasFailed, {}};
   for (const Diagnostic& diagnostic : diagnostics) outcome.messages += Lines(diagnostic);
   if (isCut) outcome.messages += Printable(file.path) + ": more messages are not shown\n";
   if (!result.isComplete) outcome.messages += Printable(file.path) + ": the rest is not checked\n";

@@ -44,11 +44,10 @@ void rememberNames(SourceFile& file, const Fix& fix, const std::vector<std::stri
   if (first == end) return;
   const Role role = words.role(first);
   const bool isOfMembers = role == Role::MemberName || role == Role::MemberType;
-  const bool isOfItems = role == Role::ItemName || role == Role::ItemValue;
   for (std::size_t i = first; i < end; ++i) {
     const bool isNamed = i > first && IsDeclaration(FindStatement(words.text(i - 1)));
     const bool isItem = i == first || IsBeforeColon(words, i) || words.text(i - 1).back() == ',';
-    const bool mayDeclare = isOfMembers ? isNamed : !isOfItems || isItem;
+    const bool mayDeclare = isOfMembers ? isNamed : !IsOfEnum(role) || isItem;
     const bool isRead = std::find(read.begin(), read.end(), words.text(i)) != read.end();
     if (!mayDeclare || isRead) continue;
     rememberNamesIn(words.text(i), file.dropped);

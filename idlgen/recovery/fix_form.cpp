@@ -16,7 +16,7 @@ namespace {
 std::vector<MeantWord> WithRoles(const LocatedWords& words, WordRange range) {
   const Role first = words.role(range.first);
   std::vector<MeantWord> meant = {{range.first, words.text(range.first), first}};
-  const bool isEnum = first == Role::ItemName || first == Role::ItemValue;
+  const bool isEnum = IsOfEnum(first);
   bool isName = IsTypeOrValue(first);  // Of the next word.
   for (std::size_t i = range.first + 1; i < range.end; ++i, isName = !isName) {
     // After a pair, "=" begins a default value.
@@ -110,8 +110,7 @@ std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range) {
   if (!IsInList(meant.front().role)) return std::nullopt;
   for (const auto& [i, text, role] : meant) {
     if (!IsJoinedByColons(words, i)) continue;
-    const bool isItem = role == Role::ItemName || role == Role::ItemValue;
-    const Rule& rule = isItem ? rules::colonsInValue : rules::colonsInType;
+    const Rule& rule = IsOfEnum(role) ? rules::colonsInValue : rules::colonsInType;
     return Drop(FindingAt(rule, words, i), range);
   }
   return std::nullopt;

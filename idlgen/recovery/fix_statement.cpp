@@ -77,8 +77,8 @@ WordRange Unexpected::rest() const {
   return {word, std::max(i, word + 1)};
 }
 
-/// Returns a name in place of a missing one, so that the parser can go on. It is none of the
-/// file's.
+/// Returns a name in place of a missing one, so that the parser can go on: one that hardly any file
+/// has.
 std::string InventedName(std::size_t word) {
   return "_" + std::to_string(word);
 }
@@ -207,9 +207,8 @@ Fix AfterPath(const Unexpected& at) {
 Fix AtStatement(const Unexpected& at) {
   const bool isAfterPath =
       at.roleBefore == Role::NamespacePath || at.roleBefore == Role::IncludePath;
-  const bool isSeparator = Parts(at.text, foreignSeparators).empty();
   const bool isOfPath = isAfterPath && (at.isOnLineOfWordBefore() || at.text == "{");
-  if (isOfPath && !isSeparator) return AfterPath(at);
+  if (isOfPath && !IsSeparator(at.text)) return AfterPath(at);
   if (at.isClosing()) return at.drop(rules::unopened);
   if (at.text == "{") return at.drop(rules::unknownStatement);
   if (auto form = FixForm(at.words, {at.word, at.word + 1}, at.rest())) return *std::move(form);
@@ -309,8 +308,7 @@ Fix AtPart(const Unexpected& at) {
   };
   Texts rest = MissingBraces(at.words, at.word);
 
-  const bool isSeparator = Parts(at.text, foreignSeparators).empty();
-  if (isSeparator || (at.text == "}" && isNext(part))) return at.drop(missing);
+  if (IsSeparator(at.text) || (at.text == "}" && isNext(part))) return at.drop(missing);
   // service S { }
   if (at.text == "}") {
     rest.pop_back();  // It is there.

@@ -13,7 +13,7 @@
 
 namespace zentho::idlgen {
 
-/// Lines of a file, from the first to the last one. None unless that comes later.
+/// Lines of a file, from the first to the last one. None if the last one comes before the first.
 struct LineRange {
   std::size_t first = 1;
   std::size_t last = 0;
@@ -40,8 +40,8 @@ inline Finding FindingAt(const Rule& rule, const Words& words, std::size_t word,
 }
 
 /// Returns a fix that leaves out some words.
-inline Fix Drop(Finding finding, WordRange words, LineRange causes = {}) {
-  return {std::move(finding), words, {}, causes};
+inline Fix Drop(Finding finding, WordRange words) {
+  return {std::move(finding), words};
 }
 
 /// Returns a fix that reads other words in place of some.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "recovery/fixes.h"
+#include "recovery/separators.h"
 #include "words/word_forms.h"
 
 namespace zentho::idlgen {
@@ -20,7 +21,7 @@ bool IsMisplaced(const Words& words, std::size_t i) {
   const std::string_view word = words.text(i);
   const auto isLetter = [](char byte) { return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z'; };
   if (isLetter(word.front()) && isLetter(word.back())) return false;  // Most words.
-  if (word.find_first_not_of(foreignSeparators) == std::string_view::npos) return true;
+  if (IsSeparator(word)) return true;
   return BraceOf(word) != '\0' || (word == "=" && IsTypeOrValue(role));
 }
 
@@ -69,7 +70,7 @@ std::vector<std::size_t> DoubtfulWords(const Words& words, const std::vector<Fin
   std::vector<std::size_t> doubtful;
   for (const Finding& finding : findings) {
     const bool isName = finding.rule == &rules::notAName && IsIdentifier(MeantName(finding.text));
-    const bool isError = finding.rule->severity == Severity::Error && !isName;
+    const bool isError = finding.isError() && !isName;
     const bool isDoubtful = isError || finding.rule->doubtsRole;
     if (isDoubtful && IsInList(words.role(finding.word))) doubtful.push_back(finding.word);
   }

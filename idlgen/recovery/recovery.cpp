@@ -23,7 +23,8 @@ Recovery::Recovery(SourceFile& sourceFile) : file(sourceFile) {
     std::optional<Diagnostic> error = drop(file);
     if (error.has_value()) result.diagnostics.push_back(*std::move(error));
   }
-  if (!result.diagnostics.empty()) parse();
+  fixes = result.diagnostics.size();
+  if (fixes > 0) parse();
 }
 
 const RecoveryResult& Recovery::run(Declarations& declarations) {

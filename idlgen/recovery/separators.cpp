@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "words/word_forms.h"
+
 namespace zentho::idlgen {
 namespace {
 
@@ -63,6 +65,10 @@ std::optional<Diagnostic> dropTabs(SourceFile& file) {
     return ErrorAt(file, place, rules::tabs);
   }
   return std::nullopt;
+}
+
+bool IsSeparator(std::string_view word) {
+  return word.find_first_not_of(foreignSeparators) == std::string_view::npos;
 }
 
 std::vector<std::string_view> Parts(std::string_view text, std::string_view separators) {

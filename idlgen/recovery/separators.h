@@ -17,6 +17,9 @@ std::optional<Diagnostic> dropCarriageReturns(SourceFile& file);
 /// If there are tabs beside or between words, reads them as spaces, and returns what is wrong.
 std::optional<Diagnostic> dropTabs(SourceFile& file);
 
+/// Returns whether the word consists of what other languages put between words.
+bool IsSeparator(std::string_view word);
+
 /// Returns the parts of the text between these separators. None is empty.
 std::vector<std::string_view> Parts(std::string_view text, std::string_view separators);
 

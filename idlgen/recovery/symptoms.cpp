@@ -28,8 +28,7 @@ constexpr Roles members = Only(Role::MemberName);
 constexpr Roles types = Only(Role::MemberType);
 constexpr Roles dottedNames = Only(Role::NamespacePath);
 constexpr Roles records = Only(Role::EnumName) | Only(Role::MessageName) | Only(Role::ServiceName);
-constexpr Roles names = Only(Role::EnumName) | Only(Role::MessageName) | Only(Role::ServiceName) |
-                        items | members | dottedNames;
+constexpr Roles names = records | items | members | dottedNames;
 
 /// What a word shows in one of the roles, and what to do about it.
 struct SymptomRow {
@@ -234,9 +233,8 @@ std::string_view OddCharacter(std::string_view text) {
 /// Returns whether the word is a value if all names in it are items.
 bool IsValue(std::string_view word) {
   const auto found = CheckValue(word, noWord, [](std::string_view) { return Meaning::Elsewhere; });
-  return std::none_of(found.begin(), found.end(), [](const Finding& finding) {
-    return finding.rule->severity == Severity::Error;
-  });
+  return std::none_of(found.begin(), found.end(),
+                      [](const Finding& finding) { return finding.isError(); });
 }
 
 /// Returns whether the word is right in its place.
@@ -251,7 +249,7 @@ Symptom FirstSymptom(std::string_view word, Role role) {
   for (std::size_t rank = 0; rank < rows.size(); ++rank) {
     const SymptomRow& row = rows[rank];
     const bool isShown = (row.roles & Only(role)) != 0 && row.isShown(word, row.text);
-    if (isShown) return {rank, {std::string(row.advice), row.example}};
+    if (isShown) return {rank, {std::string(row.advice), std::string(row.example)}};
   }
   Symptom none;
   const std::string_view odd = OddCharacter(word);

@@ -52,6 +52,11 @@ inline bool IsInList(Role role) {
   return role == Role::ItemName || role == Role::MemberName || IsTypeOrValue(role);
 }
 
+/// Returns whether the role is one in an enum's list.
+constexpr bool IsOfEnum(Role role) {
+  return role == Role::ItemName || role == Role::ItemValue;
+}
+
 /// In place of the index of a word: no word.
 constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 
