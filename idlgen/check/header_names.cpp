@@ -10,14 +10,6 @@
 
 namespace zentho::idlgen {
 
-bool NeedsStd(std::string_view type) {
-  const std::optional<std::string_view> element = ElementType(type);
-  if (!element.has_value()) return false;
-  const BuiltinType* const builtin = FindBuiltinType(*element);
-  const bool isOfLibrary = builtin != nullptr && builtin->cppType.substr(0, 5) == "std::";
-  return isOfLibrary || element->size() < type.size();
-}
-
 namespace {
 
 /// More records than any header has.
@@ -91,6 +83,14 @@ void checkStd(Context& context, std::size_t i, std::string_view name) {
 }
 
 }  // namespace
+
+bool NeedsStd(std::string_view type) {
+  const std::optional<std::string_view> element = ElementType(type);
+  if (!element.has_value()) return false;
+  const BuiltinType* const builtin = FindBuiltinType(*element);
+  const bool isOfLibrary = builtin != nullptr && builtin->cppType.substr(0, 5) == "std::";
+  return isOfLibrary || element->size() < type.size();
+}
 
 void checkHeaderName(Context& context, std::size_t i, std::string_view name) {
   const std::vector<const Namespace*>& spaces = context.file.namespaces;

@@ -19,6 +19,7 @@ namespace {
 constexpr auto rulesOfForms =
     Table<const Rule*>({nullptr, &rules::unquotedPath, &rules::unterminatedPath,
                         &rules::noExtension, &rules::notAPath});
+static_assert(rulesOfForms.size() == static_cast<std::size_t>(IncludeForm::Invalid) + 1);
 
 /// A word of a file that is checked.
 struct FileWord {
@@ -63,36 +64,6 @@ std::optional<Misfit> FindMisfit(const Clash& clash, const View& view) {
   return Misfit{name->name, {name->file, name->word}, {inside, inside->namespaceWord}};
 }
 
-/// Reports a misfit at an include, or counts it there if the two files have one already.
-class MisfitReport {
- public:
-  explicit MisfitReport(Context& fileContext) : context(fileContext) {}
-
-  void add(std::size_t include, const Misfit& misfit) {
-    const auto [known, isNew] = reported.try_emplace(
-        {include, misfit.first.file, misfit.second.file}, Reported{context.findings.size()});
-    Reported& first = known->second;
-    if (isNew) {
-      context.report(rules::misfit, include, misfit.name,
-                     {{misfit.first.file->source, misfit.first.word},
-                      {misfit.second.file->source, misfit.second.word}});
-    } else {
-      ++first.others;
-      context.findings[first.finding].advice = {"and " + std::to_string(first.others) +
-                                                (first.others == 1 ? " other" : " others")};
-    }
-  }
-
- private:
-  struct Reported {
-    std::size_t finding;
-    std::size_t others = 0;
-  };
-
-  Context& context;
-  std::map<std::tuple<std::size_t, const CheckedFile*, const CheckedFile*>, Reported> reported;
-};
-
 /// Returns the first include that brings one of the two files after another include has brought the
 /// other, or nullptr. If a file that is included sees both, it is reported there.
 const Inclusion* SecondInclude(const Misfit& misfit, const CheckedFile& user,
@@ -112,10 +83,15 @@ const Inclusion* SecondInclude(const Misfit& misfit, const CheckedFile& user,
   return nullptr;
 }
 
-/// Reports names that two of the included files declare.
+/// Reports names that two of the included files declare: for two files and an include the first
+/// one, with the number of the others.
 void checkMisfits(Context& context) {
+  struct Reported {
+    std::size_t finding;
+    std::size_t others;
+  };
   const CheckedFile& user = context.file;
-  MisfitReport report(context);
+  std::map<std::tuple<std::size_t, const CheckedFile*, const CheckedFile*>, Reported> reported;
   std::vector<View> brought;  // By each include, if needed.
   for (const Clash& clash : context.view.all().clashes()) {
     const std::optional<Misfit> misfit = FindMisfit(clash, context.view);
@@ -124,7 +100,18 @@ void checkMisfits(Context& context) {
       brought.emplace_back(context.view.all(), *user.includes[i].file);
     }
     const Inclusion* const include = SecondInclude(*misfit, user, brought);
-    if (include != nullptr) report.add(include->word, *misfit);
+    if (include == nullptr) continue;
+    const auto& [name, first, second, inAnyOrder] = *misfit;
+    const auto [known, isNew] = reported.try_emplace({include->word, first.file, second.file},
+                                                     Reported{context.findings.size(), 0});
+    if (isNew) {
+      context.report(rules::misfit, include->word, name,
+                     {{first.file->source, first.word}, {second.file->source, second.word}});
+    } else {
+      const std::size_t others = ++known->second.others;
+      context.findings[known->second.finding].advice = {"and " + std::to_string(others) +
+                                                        (others == 1 ? " other" : " others")};
+    }
   }
 }
 

@@ -24,7 +24,7 @@ constexpr auto binaryOperators = Table<std::string_view>(
 
 /// Checks one value by recursive descent. The rules of the grammar stand above the functions that
 /// read them. To take is to read what may be missing. All return whether it is there. A TYPE is one
-/// of C++ whose values are integers.
+/// of C++ whose values are integers; after "sizeof", also "float" and "double".
 ///
 /// Other casts, calls and commas make the value C++ that is not checked, because what their names
 /// mean is not known.
@@ -46,7 +46,7 @@ class ValueCheck {
   bool readLiteral();
   bool readName();
   bool takeSizeOf();
-  [[nodiscard]] std::size_t sizeOfCallee() const;
+  [[nodiscard]] std::size_t calleeLength() const;
   bool readCalls(std::size_t calleeSize);
   bool skipParentheses();
   bool readItem(std::string_view name);
@@ -196,7 +196,7 @@ bool ValueCheck::readLiteral() {
 /// name = "sizeof" "(" TYPE ")" | calls | TYPE parentheses | NAME
 bool ValueCheck::readName() {
   if (takeSizeOf()) return true;
-  if (const std::size_t size = sizeOfCallee(); size > 0) return readCalls(size);
+  if (const std::size_t size = calleeLength(); size > 0) return readCalls(size);
   const std::string_view name = next();
   ++position;
   if (isIntegerType(name)) return readParentheses();
@@ -212,7 +212,7 @@ bool ValueCheck::takeSizeOf() {
 /// callee = NAME [ "<" ( NAME | LITERAL ) ">" ]
 ///
 /// Returns how many tokens it has, or 0 if no call comes next.
-std::size_t ValueCheck::sizeOfCallee() const {
+std::size_t ValueCheck::calleeLength() const {
   const bool isArgument = isNext(Kind::Name, 2) || isNext(Kind::Literal, 2);
   const bool isTemplate = next(1) == "<" && isArgument && next(3) == ">";
   const std::size_t size = isTemplate ? 4 : 1;

@@ -7,7 +7,7 @@
 
 namespace zentho::idlgen {
 
-// Each of these checks a word of a role. Those of members are in `MemberCheck`.
+// The checks of all words but those of members, which are in `MemberCheck`.
 
 void checkIncludePath(Context& context, std::size_t i);
 void checkNamespacePath(Context& context, std::size_t i);

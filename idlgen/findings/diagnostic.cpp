@@ -23,7 +23,7 @@ std::string RecordName(const Words& words, std::size_t word) {
   return {};
 }
 
-Message MessageAt(SourceFile& file, std::size_t word, std::string sentence) {
+Remark RemarkAt(SourceFile& file, std::size_t word, std::string sentence) {
   file.locateWords();
   return {file.path, file.words.places[word], file.words.text(word).size(), std::move(sentence)};
 }
@@ -36,7 +36,7 @@ std::size_t Width(const std::string& printable) {
 
 /// Returns the part of the line that contains the beginning of the bytes, and a second line that
 /// marks them.
-std::string Excerpt(const Message& message) {
+std::string Excerpt(const Remark& message) {
   const auto& [lineNumber, line, code, begin] = message.place;
   constexpr std::size_t context = 40;
   const std::size_t cut =
@@ -55,7 +55,7 @@ std::string Excerpt(const Message& message) {
          std::string(Width(before), ' ') + "^" + std::string(width - 1, '~') + "\n";
 }
 
-std::string Lines(const Message& message, const char* kind) {
+std::string Lines(const Remark& message, const char* kind) {
   const Place& place = message.place;
   return Printable(message.path) + ":" + std::to_string(place.lineNumber) + ":" +
          std::to_string(place.offset + 1) + ": " + kind + ": " + message.sentence + "\n" +
@@ -82,10 +82,10 @@ std::string Filled(std::string_view pattern, std::string_view word, std::string_
 Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
   const Rule& rule = *finding.rule;
   std::string record;
-  std::vector<Message> notes;
+  std::vector<Remark> notes;
   for (const auto& [other, word] : finding.others) {
     record = RecordName(other->words, word);
-    notes.push_back(MessageAt(*other, word, Filled(rule.note, other->words.text(word), {})));
+    notes.push_back(RemarkAt(*other, word, Filled(rule.note, other->words.text(word), {})));
   }
   file.locateWords();
   Advice advice = finding.advice;
@@ -94,7 +94,7 @@ Diagnostic DiagnosticOf(SourceFile& file, const Finding& finding) {
   const std::string meant = isLineAtFault ? MeantLine(file.words, finding.word) : std::string();
   if (!meant.empty()) advice.example = meant;
   std::string sentence = WithAdvice(Filled(rule.sentence, finding.text, record), advice);
-  return {rule.severity, MessageAt(file, finding.word, std::move(sentence)), std::move(notes)};
+  return {rule.severity, RemarkAt(file, finding.word, std::move(sentence)), std::move(notes)};
 }
 
 std::string WithAdvice(std::string sentence, const Advice& advice) {
@@ -106,7 +106,7 @@ std::string WithAdvice(std::string sentence, const Advice& advice) {
 std::string Lines(const Diagnostic& diagnostic) {
   const bool isError = diagnostic.severity == Severity::Error;
   std::string lines = Lines(diagnostic.message, isError ? "error" : "warning");
-  for (const Message& note : diagnostic.notes) lines += Lines(note, "note");
+  for (const Remark& note : diagnostic.notes) lines += Lines(note, "note");
   return lines;
 }
 

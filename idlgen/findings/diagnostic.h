@@ -12,7 +12,7 @@
 namespace zentho::idlgen {
 
 /// A sentence about some bytes of a line. Refers to the text of the file.
-struct Message {
+struct Remark {
   std::string path;
   Place place;
   std::size_t size;
@@ -27,8 +27,8 @@ struct Message {
 ///
 struct Diagnostic {
   Severity severity;
-  Message message;
-  std::vector<Message> notes = {};
+  Remark message;
+  std::vector<Remark> notes = {};
 };
 
 /// Returns what is said about a finding in a file.

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
 #include <tuple>
 #include <utility>
 #include <vector>
 
 #include "messages/advice.h"
-#include "messages/findings_to_report.h"
 #include "reader/idl.h"
+#include "recovery/symptoms.h"
 #include "sources/source_file.h"
 #include "words/printable.h"
 
@@ -19,7 +20,7 @@ namespace {
 constexpr std::size_t maxMessages = 20;
 
 /// Appends a note about the first comment that is meant as an include, if there is one.
-void appendCommentedInclude(const SourceFile& file, std::vector<Message>& notes) {
+void appendCommentedInclude(const SourceFile& file, std::vector<Remark>& notes) {
   std::string_view text = file.text;
   for (std::size_t lineNumber = 1; !text.empty(); ++lineNumber) {
     const std::string_view line = TakeLine(text);
@@ -55,6 +56,46 @@ std::vector<Diagnostic> Diagnostics(Examination& examination, SourceFile& file,
   }
   std::stable_sort(diagnostics.begin(), diagnostics.end(), IsBefore);
   return diagnostics;
+}
+
+/// Returns the name of the pair with a colon of its own that the word is part of, or `noWord`.
+std::size_t PairOf(const LocatedWords& words, std::size_t word) {
+  if (!IsInList(words.role(word))) return noWord;
+  const std::size_t name = IsTypeOrValue(words.role(word)) ? word - 1 : word;
+  return IsBeforeColon(words, name) ? name : noWord;
+}
+
+/// Returns what decides between findings of one pair: the smallest is reported.
+std::tuple<std::size_t, Severity, std::size_t> RankOf(const Words& words, const Finding& finding) {
+  const bool isForm = finding.rule->hint == Hint::Form;
+  const std::size_t symptom = isForm ? SymptomOf(words, finding).rank : Symptom().rank;
+  return {symptom, finding.rule->severity, finding.word};
+}
+
+/// Returns one finding of each pair with a colon, and one of the rest of its line, but none of a
+/// line of which words are not read. It is the one that says most about the cause: by its symptom,
+/// else an error, else the first one. Of an include it is all: they are about different files.
+std::vector<Finding> FindingsToReport(const SourceFile& file, const RecoveryResult& result,
+                                      Warnings warnings) {
+  const LocatedWords& words = file.words;
+  const std::vector<std::size_t>& linesAtFault = result.linesAtFault;
+  std::vector<Finding> chosen;
+  std::map<std::pair<std::size_t, std::size_t>, std::size_t> known;  // By line and pair.
+  for (const Finding& finding : result.findings) {
+    const bool isWarning = finding.rule->severity == Severity::Warning;
+    if (isWarning && warnings == Warnings::Ignore) continue;
+    const std::size_t line = words.places[finding.word].lineNumber;
+    if (std::find(linesAtFault.begin(), linesAtFault.end(), line) != linesAtFault.end()) continue;
+    const bool isOfInclude = words.role(finding.word) == Role::IncludePath;
+    const auto [place, isNew] =
+        known.try_emplace({line, PairOf(words, finding.word)}, chosen.size());
+    if (isNew || isOfInclude) {
+      chosen.push_back(finding);
+    } else if (RankOf(words, finding) < RankOf(words, chosen[place->second])) {
+      chosen[place->second] = finding;
+    }
+  }
+  return chosen;
 }
 
 }  // namespace

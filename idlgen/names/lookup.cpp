@@ -15,7 +15,8 @@ Lookup::Lookup(const View& viewOfUser)
 
 bool Lookup::mayBeElsewhere(std::string_view name) const {
   if (view.mayMiss(name)) return true;
-  if (!isInFramework) return false;  // Else misspelt built-in types are still reported.
+  if (!isInFramework) return false;
+  // The framework may have any name, but one like a built-in type is rather misspelt.
   SimilarWord builtin(name, 1);
   for (const BuiltinType& type : builtinTypes) builtin.compare(type.keyword);
   return builtin.found().empty();

@@ -33,8 +33,8 @@ class IncludeSearch {
   };
 
   /// Looks for a file that a file in `directory` includes: beside that file, then in the base
-  /// directories. Passes over what is no file. Where there is only a header that the file may have
-  /// become, the result is Other.
+  /// directories. Passes over what is no file. Of a path that is too long for the system, nothing
+  /// is said. Where there is only a header that the file may have become, the result is Other.
   ///
   /// The headers of several base directories may be generated into one directory. There, a header
   /// that comes from another base directory may stand beside that of the includer and come first.

@@ -25,7 +25,7 @@ struct Entry {
 
   Kind kind;
   FileId id = {};              ///< If there is something that could be examined.
-  std::error_code error = {};  ///< Why it is missing or unreadable.
+  std::error_code error = {};  ///< Why it is unreadable or, if that is known, missing.
 };
 
 /// The names in a directory, in alphabetical order. After an error, some may be missing.
@@ -57,7 +57,7 @@ class DiskTree final : public SourceTree {
   Listing list(const std::string& directory) override;
 };
 
-/// Joins a directory and a path as text: ".." takes a name off.
+/// Joins a directory and a path as text: ".." takes a name off. An absolute path stays alone.
 std::string Joined(std::string directory, std::string_view path);
 
 /// Returns a directory and each one above it that its path names.

@@ -20,7 +20,7 @@ namespace zentho::idlgen {
 /// searched for from there: a link in another directory is another file.
 class Sources {
  public:
-  /// `directories` are searched for included files, in this order.
+  /// The base directories are searched for included files, in this order.
   Sources(SourceTree& sourceTree, std::vector<std::string> baseDirectories);
 
   /// A file that the run reads, or why it cannot be read.
@@ -43,7 +43,7 @@ class Sources {
   /// Returns whether the run has read this file, or has tried to.
   [[nodiscard]] bool contains(const FileId& id) const { return ids.count(id) > 0; }
 
-  /// Returns whether an include has not been found.
+  /// Returns whether an include has not been found, or cannot be read.
   [[nodiscard]] bool hasMissing() const { return isMissing; }
 
   /// Returns the shortest path by which the file `from` can include the file `to`, or nothing.
