@@ -18,6 +18,11 @@
 namespace zentho::idlgen {
 namespace {
 
+// Outside of lists, the grammar expects one kind of word, and there is a function for each. It
+// tries causes in this order: a brace, or a keyword, which shows that something is missing before
+// it; the form of the word; what the rest of its line looks like; a similar keyword. If nothing is
+// found, the rest of the line is left out, with the block that it opens.
+
 /// A word that is not what the grammar expects outside of a list. Makes fixes for it.
 class Unexpected {
  public:

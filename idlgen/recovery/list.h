@@ -7,7 +7,12 @@
 
 namespace zentho::idlgen {
 
-/// The lines of one list of members or items. Refers to the words and types, which must not change.
+/// The lines of one list of members or items. To the grammar, a list is words that alternate, so
+/// that one word too many gives another role to all after it. Lines show where pairs begin again:
+/// one with an odd number of words is wrong, unless its last word begins a pair that the next line
+/// ends.
+///
+/// Refers to the words and types, which must not change.
 class List {
  public:
   /// Finds the list that contains this word of a file, which declares these types.
