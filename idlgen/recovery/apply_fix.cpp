@@ -30,7 +30,7 @@ bool MayDeclareAnything(const Words& words, std::string_view word) {
   const Statement statement = FindStatement(SimilarKeyword(NameIn(word)));
   const bool hasNamespace =
       std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath) != words.roles.end();
-  return statement == Statement::Include || !IncludedPath(word).empty() ||
+  return statement == Statement::Include || FormOfInclude(word) == IncludeForm::Path ||
          (statement == Statement::Namespace && !hasNamespace);
 }
 

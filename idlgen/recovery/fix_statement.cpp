@@ -238,8 +238,8 @@ Fix AtStatement(const Unexpected& at) {
   if (keyword.empty()) return at.dropRest(rules::unknownStatement);
   // use a::b
   const bool isPathUnknown =
-      keyword == "include" &&
-      (at.lineEnd == at.word + 1 || IncludedPath(at.words.text(at.word + 1)).empty());
+      keyword == "include" && (at.lineEnd == at.word + 1 ||
+                               FormOfInclude(at.words.text(at.word + 1)) == IncludeForm::Unquoted);
   if (isPathUnknown) return at.dropRest(rules::unknownPath);
   const bool hasSemicolon = at.words.text(at.lineEnd - 1).back() == ';';
   Advice advice = {DidYouMean(keyword, hasSemicolon ? R"(, without the ";")" : "")};

@@ -206,6 +206,7 @@ constexpr auto rows = Table<SymptomRow>({
     {form, items | values, HasOnly, "+-*/%&|^<>!~?()", oneWordValue},
     {form, items, IsNumberAfter, "", "the name comes first"},
     {form, members | types, Is, "-", R"(delete the "-")"},
+    {form, members | types, Is, "|", "there are no unions"},
     {form, members, Has, "/", nameFirst, "x: int8"},
     {form, items, Has, "(", writeColon, "A: 1"},
     {form, records, HasOneOf, "(<", R"(only a name stands before "{")"},

@@ -8,9 +8,10 @@ namespace zentho::idlgen {
 
 std::string_view IncludedPath(std::string_view word) {
   word = word.substr(0, word.find_last_not_of(foreignSeparators) + 1);
-  const bool isQuoted = word.size() > 2 && ((word.front() == '"' && word.back() == '"') ||
-                                            (word.front() == '<' && word.back() == '>'));
-  return isQuoted ? word.substr(1, word.size() - 2) : std::string_view();
+  constexpr std::string_view quotes = "\"'<>";
+  const std::size_t begin = word.find_first_not_of(quotes);
+  if (begin == std::string_view::npos) return {};
+  return word.substr(begin, word.find_last_not_of(quotes) + 1 - begin);
 }
 
 SourceFile::SourceFile(std::string openedPath, std::string wholeText)

@@ -71,8 +71,8 @@ struct SourceFile {
 /// Returns the words of the paths that a file includes, in their order.
 std::vector<std::string_view> IncludeWords(const SourceFile& file);
 
-/// Returns the path between the quotes or brackets of an include statement, or nothing if it does
-/// not have both of them. A ";" may follow.
+/// Returns the path that the word of an include statement means, also if its quotes are missing or
+/// wrong, or a ";" follows. Nothing if there is none.
 std::string_view IncludedPath(std::string_view word);
 
 }  // namespace zentho::idlgen
