@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "words/meant_line.h"
+#include "findings/meant_line.h"
 #include "words/printable.h"
 
 namespace zentho::idlgen {

@@ -4,13 +4,13 @@
 #include <utility>
 
 #include "check/literals.h"
+#include "findings/meant_line.h"
 #include "recovery/fixes.h"
 #include "recovery/separators.h"
 #include "recovery/symptoms.h"
 #include "schema/statements.h"
 #include "words/cpp_words.h"
 #include "words/foreign_words.h"
-#include "words/meant_line.h"
 #include "words/printable.h"
 #include "words/similar.h"
 #include "words/word_forms.h"

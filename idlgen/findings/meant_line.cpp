@@ -1,4 +1,4 @@
-#include "words/meant_line.h"
+#include "findings/meant_line.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,6 +12,12 @@
 #include "words/tables.h"
 #include "words/word_forms.h"
 
+// A line is two words that declare, a name and its type or value, among others that do not count:
+// qualifiers, annotations, numbers of fields. The name is the first of the two if a colon follows
+// it, or what other languages write for one. Otherwise the type is first, but only that of a
+// member: if a field number follows, or if the first word looks like a type and the second does
+// not. If all this leaves a doubt, nothing is said.
+
 namespace zentho::idlgen {
 namespace {
 
@@ -23,21 +29,21 @@ bool IsJoinedByC(const LocatedWords& words, std::size_t i) {
 }
 
 /// What a word does in a line of another language.
-enum class Part : std::uint8_t {
+enum class WordUse : std::uint8_t {
   Declares,  ///< A name, a type or a value.
   Colon,     ///< Stands for the colon between them.
   Extra      ///< A number, an annotation, or a word that qualifies.
 };
 
 /// Returns what a word does after so many words that declare.
-Part PartOf(const LocatedWords& words, std::size_t i, std::size_t declaring) {
+WordUse UseOf(const LocatedWords& words, std::size_t i, std::size_t declaring) {
   const std::string_view text = words.text(i);
-  if (text == "->" || text == "as" || (text == "=" && declaring == 1)) return Part::Colon;
+  if (text == "->" || text == "as" || (text == "=" && declaring == 1)) return WordUse::Colon;
   const bool isNumber = text.find_first_not_of("[]0123456789-*;,") == std::string_view::npos;
   const bool isValue = declaring == 1 || IsAfterColon(words, i);
-  if (isNumber) return isValue ? Part::Declares : Part::Extra;
+  if (isNumber) return isValue ? WordUse::Declares : WordUse::Extra;
   const bool isExtra = text.front() == '@' || (IsQualifier(text) && !IsJoinedByC(words, i));
-  return isExtra && !IsBeforeColon(words, i) ? Part::Extra : Part::Declares;
+  return isExtra && !IsBeforeColon(words, i) ? WordUse::Extra : WordUse::Declares;
 }
 
 /// Returns whether a number after "=" follows the word.
@@ -57,53 +63,89 @@ struct Line {
 };
 
 /// Returns whether the word ends with a sign that separates declarations in other languages.
-bool EndsDeclaration(std::string_view text) {
+bool IsSeparated(std::string_view text) {
   return text.back() == ',' || text.back() == ';';
+}
+
+/// Returns the size of what the word declares: without a value or separators at its end.
+std::size_t DeclaringSize(std::string_view text) {
+  return std::min({text.find("<="), text.find('='), text.find_last_not_of(";,") + 1});
+}
+
+/// Returns whether a separator or a default value ends the declaration with this word.
+bool EndsDeclaration(std::string_view text) {
+  return IsSeparated(text) || text.find('=') == DeclaringSize(text);
+}
+
+/// Returns whether the word stands on the line of this one, and is not what closes its list.
+bool IsInLine(const LocatedWords& words, std::size_t i, std::size_t word) {
+  return i < words.size() && AreOnOneLine(words, i, word) &&
+         words.text(i).find_first_not_of("})]") != std::string_view::npos;
+}
+
+/// Returns the first word of the declaration on the line of this word.
+std::size_t FirstOfDeclaration(const LocatedWords& words, std::size_t word) {
+  std::size_t i = word;
+  while (i > 0 && AreOnOneLine(words, i - 1, word) && BraceOf(words.text(i - 1)) == '\0' &&
+         !IsSeparated(words.text(i - 1))) {
+    --i;
+  }
+  return i;
+}
+
+/// Returns what stands here for the space or colons that join the word to the next one, if any do.
+std::string_view JointAfter(const LocatedWords& words, std::size_t i) {
+  if (DeclaringSize(words.text(i)) == 0) return {};
+  if (IsJoinedByC(words, i)) return "_";
+  return IsJoinedByColons(words, i) ? "." : "";
+}
+
+/// Takes a word that declares, and those that it is joined to, as in `a::B`. Returns the last one.
+std::size_t takeWord(Line& line, const LocatedWords& words, std::size_t i) {
+  std::string declared(words.text(i), 0, DeclaringSize(words.text(i)));
+  std::string_view joint = JointAfter(words, i);
+  while (!joint.empty() && !EndsDeclaration(words.text(i)) && IsInLine(words, i + 1, i)) {
+    const std::string_view next = words.text(++i);
+    declared.append(joint).append(next, 0, DeclaringSize(next));
+    joint = JointAfter(words, i);
+    ++line.count;
+  }
+  if (!declared.empty()) line.words.push_back(std::move(declared));
+  line.isNameFirst = line.isNameFirst || (joint.empty() && IsBeforeColon(words, i));
+  return i;
+}
+
+/// Takes a word that declares nothing.
+void takeExtra(Line& line, const LocatedWords& words, std::size_t i) {
+  const std::string_view text = words.text(i);
+  line.isVector = line.isVector || text == "repeated" || text.front() == '[';
+  line.hasFieldNumber = line.hasFieldNumber || IsBeforeColon(words, i);
+}
+
+/// Notes what follows the last word of the declaration.
+void takeEnd(Line& line, const LocatedWords& words, std::size_t last) {
+  if (IsSeparated(words.text(last))) {
+    line.isCut = LineEnd(words, last) > last + 1;
+  } else {
+    line.hasFieldNumber = line.hasFieldNumber || HasFieldNumber(words, last);
+  }
 }
 
 /// Returns the declaration of a word on its line, up to a default value.
 Line LineOf(const LocatedWords& words, std::size_t word) {
   Line line;
-  bool isJoined = false;  // To the word before, as in `a::B`.
-  const char* separator = ".";
-  std::size_t i = word;
-  while (i > 0 && AreOnOneLine(words, i - 1, word) && BraceOf(words.text(i - 1)) == '\0' &&
-         !EndsDeclaration(words.text(i - 1))) {
-    --i;
-  }
-  for (; i < words.size() && AreOnOneLine(words, i, word); ++i) {
-    const std::string_view text = words.text(i);
-    if (text.find_first_not_of("})]") == std::string_view::npos) break;
-    const std::size_t end =
-        std::min({text.find("<="), text.find('='), text.find_last_not_of(";,") + 1});
-    const bool belongsToLast = std::exchange(isJoined, false);
-    const Part part = belongsToLast ? Part::Declares : PartOf(words, i, line.words.size());
+  for (std::size_t i = FirstOfDeclaration(words, word); IsInLine(words, i, word); ++i) {
     ++line.count;
-    if (part == Part::Colon) {
+    const WordUse use = UseOf(words, i, line.words.size());
+    if (use == WordUse::Colon) {
       line.isNameFirst = true;
       continue;
     }
-    if (part == Part::Extra) {
-      line.isVector = line.isVector || text == "repeated" || text.front() == '[';
-      line.hasFieldNumber = line.hasFieldNumber || IsBeforeColon(words, i);
-    } else {
-      if (belongsToLast) {
-        line.words.back().append(separator).append(text, 0, end);
-      } else if (end > 0) {
-        line.words.emplace_back(text, 0, end);
-      }
-      const bool isOfC = IsJoinedByC(words, i);
-      separator = isOfC ? "_" : ".";
-      isJoined = end > 0 && (isOfC || IsJoinedByColons(words, i));
-      line.isNameFirst = line.isNameFirst || (!isJoined && IsBeforeColon(words, i));
-    }
-    if (EndsDeclaration(text)) {
-      line.isCut = i + 1 < words.size() && AreOnOneLine(words, i + 1, word);
-      break;
-    }
-    if (text.find('=') != end) continue;
-    line.hasFieldNumber = line.hasFieldNumber || HasFieldNumber(words, i);
-    break;  // A default value follows.
+    if (use == WordUse::Declares) i = takeWord(line, words, i);
+    if (use == WordUse::Extra) takeExtra(line, words, i);
+    if (!EndsDeclaration(words.text(i))) continue;
+    takeEnd(line, words, i);
+    break;
   }
   return line;
 }
