@@ -28,7 +28,7 @@ std::string_view Extension(std::string_view name) {
   return name.substr(Stem(name).size());
 }
 
-std::string Digits(std::string_view name) {
+std::string DigitsIn(std::string_view name) {
   std::string digits;
   std::copy_if(name.begin(), name.end(), std::back_inserter(digits),
                [](char byte) { return byte >= '0' && byte <= '9'; });
@@ -153,7 +153,7 @@ class MissingIncludes {
     const bool isExtension =
         extensions.count(extension) > 0 || SimilarWord(Extension(wanted), 1).compare(extension);
     return isExtension && SimilarWord(Stem(wanted), 2).compare(Stem(name)) &&
-           Digits(Stem(name)) == Digits(Stem(wanted));
+           DigitsIn(Stem(name)) == DigitsIn(Stem(wanted));
   }
 
   PathCache& cache;

@@ -11,31 +11,31 @@ namespace zentho::idlgen {
 namespace {
 
 /// What some words of other languages stand for here.
-struct Meaning {
+struct ForeignWords {
   std::string_view meant;
   std::string_view words;  ///< With a space around each.
 };
 
 constexpr auto foreignKeywords =
-    Table<Meaning>({{"include", " import require use "},
-                    {"namespace", " package module mod "},
-                    {"message", " struct class record table exception "},
-                    {"service", " interface "}});
+    Table<ForeignWords>({{"include", " import require use "},
+                         {"namespace", " package module mod "},
+                         {"message", " struct class record table exception "},
+                         {"service", " interface "}});
 
-constexpr auto foreignTypes =
-    Table<Meaning>({{"bool", " boolean Boolean Bool "},
-                    {"int8", " i8 signed_char "},
-                    {"int16", " i16 "},
-                    {"int32", " i32 Int32 Int Integer "},
-                    {"int64", " i64 Int64 Long isize duration long_int long_long long_long_int "},
-                    {"uint8", " u8 byte unsigned_char "},
-                    {"uint16", " u16 unsigned_short "},
-                    {"uint32", " u32 unsigned_int "},
-                    {"uint64", " u64 usize time timestamp unsigned_long unsigned_long_long "},
-                    {"float32", " f32 Float "},
-                    {"float64", " f64 Double number "},
-                    {"string", " str String std.string "},
-                    {"[uint8]", " bytes binary "}});
+constexpr auto foreignTypes = Table<ForeignWords>(
+    {{"bool", " boolean Boolean Bool "},
+     {"int8", " i8 signed_char "},
+     {"int16", " i16 "},
+     {"int32", " i32 Int32 Int Integer "},
+     {"int64", " i64 Int64 Long isize duration long_int long_long long_long_int "},
+     {"uint8", " u8 byte unsigned_char "},
+     {"uint16", " u16 unsigned_short "},
+     {"uint32", " u32 unsigned_int "},
+     {"uint64", " u64 usize time timestamp unsigned_long unsigned_long_long "},
+     {"float32", " f32 Float "},
+     {"float64", " f64 Double number "},
+     {"string", " str String std.string "},
+     {"[uint8]", " bytes binary "}});
 
 constexpr std::string_view qualifiers =
     " optional repeated required const constant static mutable readonly public private in out "
@@ -48,12 +48,12 @@ bool IsOneOf(std::string_view words, std::string_view word) {
 }
 
 /// Returns what is meant by the word, or nothing.
-template <typename Meanings>
-std::string_view MeantBy(const Meanings& meanings, std::string_view word) {
-  const auto row = std::find_if(meanings.begin(), meanings.end(), [&](const Meaning& meaning) {
-    return IsOneOf(meaning.words, word);
+template <typename Rows>
+std::string_view MeantBy(const Rows& rows, std::string_view word) {
+  const auto row = std::find_if(rows.begin(), rows.end(), [&](const ForeignWords& foreign) {
+    return IsOneOf(foreign.words, word);
   });
-  return row == meanings.end() ? std::string_view() : row->meant;
+  return row == rows.end() ? std::string_view() : row->meant;
 }
 
 }  // namespace

@@ -51,8 +51,8 @@ bool IsJoinedByColons(const LocatedWords& words, std::size_t i);
 /// beside it, as in `};`. If there is none, that of the last word of its line.
 std::size_t ClosingBrace(const LocatedWords& words, std::size_t opening);
 
-/// Returns the index of the first "{" of the line that begins with this word, or of the next line
-/// if that begins with it. `noWord` if there is none.
+/// Returns the index of the first "{" in the rest of the line from this word on, or of the next
+/// line if that begins with it. `noWord` if there is none.
 std::size_t OpeningBrace(const LocatedWords& words, std::size_t i);
 
 /// Returns how many more braces are opened than closed.
