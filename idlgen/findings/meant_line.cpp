@@ -39,9 +39,11 @@ enum class WordUse : std::uint8_t {
 WordUse UseOf(const LocatedWords& words, std::size_t i, std::size_t declaring) {
   const std::string_view text = words.text(i);
   if (text == "->" || text == "as" || (text == "=" && declaring == 1)) return WordUse::Colon;
-  const bool isNumber = text.find_first_not_of("[]0123456789-*;,") == std::string_view::npos;
+  const bool isNumber = text.find_first_not_of("[]0123456789-*.;,") == std::string_view::npos;
   const bool isValue = declaring == 1 || IsAfterColon(words, i);
   if (isNumber) return isValue ? WordUse::Declares : WordUse::Extra;
+  const bool isDefault = text.front() == '"' || text == "true" || text == "false";
+  if (isDefault && declaring == 2) return WordUse::Extra;
   const bool isExtra = text.front() == '@' || (IsQualifier(text) && !IsJoinedByC(words, i));
   return isExtra && !IsBeforeColon(words, i) ? WordUse::Extra : WordUse::Declares;
 }

@@ -105,8 +105,10 @@ std::size_t List::oneOfSeveralNames(WordRange line) const {
 }
 
 bool List::isOneDeclaration(WordRange line) const {
-  const auto isOperator = [](std::string_view text) {
-    return text.find_first_not_of("+-*/%&|^<>!~()") == std::string_view::npos;
+  // What does not stand alone in a pair.
+  const std::string_view signs = isEnum() ? "+-*/%&|^<>!~()" : "[]";
+  const auto isSign = [&](std::string_view text) {
+    return text.find_first_not_of(signs) == std::string_view::npos;
   };
   if (qualifierIn(line) != noWord || oneOfSeveralNames(line) != noWord) return true;
   for (std::size_t i = line.first; i < line.end; ++i) {
@@ -114,7 +116,7 @@ bool List::isOneDeclaration(WordRange line) const {
     const bool isComment = text.substr(0, 2) == "/*";
     const bool isTemplate = text.back() == ',' && text.find('<') != std::string_view::npos;
     const bool isJoined = isTemplate || IsJoinedByColons(words, i);
-    if (isComment || isJoined || (isEnum() && isOperator(text))) return true;
+    if (isComment || isJoined || isSign(text)) return true;
   }
   return false;
 }

@@ -15,6 +15,12 @@ namespace {
 /// The number of fixes after which the rest of a file is not read any more.
 constexpr std::size_t maxFixes = 20;
 
+/// Returns whether these are the words of one pair with a colon between them.
+bool IsPair(const LocatedWords& words, WordRange range) {
+  return range.end == range.first + 2 && IsTypeOrValue(words.role(range.first + 1)) &&
+         IsBeforeColon(words, range.first);
+}
+
 }  // namespace
 
 Recovery::Recovery(SourceFile& sourceFile) : file(sourceFile) {
@@ -67,12 +73,14 @@ void Recovery::declare(Declarations& declarations) {
   if (std::exchange(isChanged, false)) declarations.update(file);
 }
 
-/// Reports what is wrong, unless something has been reported about that line, or about the cause.
+/// Reports what is wrong, unless something has been reported about that line, or about the cause. A
+/// pair with a colon is right or wrong by itself.
 void Recovery::report(const Fix& fix) {
   const std::size_t line = file.words.places[fix.finding.word].lineNumber;
-  const bool isKnown = isReported({line, line}) || isReported(fix.causes);
+  const bool isPair = IsPair(file.words, fix.replaced);
+  const bool isKnown = (!isPair && isReported({line, line})) || isReported(fix.causes);
   if (!isKnown) result.diagnostics.push_back(DiagnosticOf(file, fix.finding));
-  if (fix.replaced.first < fix.replaced.end) result.linesAtFault.push_back(line);
+  if (!isPair && fix.replaced.first < fix.replaced.end) result.linesAtFault.push_back(line);
 }
 
 /// Returns whether something has been reported about one of these lines.
