@@ -151,15 +151,14 @@ bool List::pairContinues(WordRange line) const {
   const std::size_t next = line.end;
   if (!MayBeginPair(words, line) || !MayEndPair(words, next)) return false;
   const std::size_t nextEnd = std::min(blockBegin({next, endInList(next)}), endInList(next));
-  const bool restIsPairs = (nextEnd - next) % 2 == 1;
+  // The rest of the next line is `y: int8`, or `y:` whose type is on the line after it.
+  const bool mayContinue = (nextEnd - next) % 2 == 1 || IsBeforeColon(words, nextEnd - 1);
   const bool isTypeOrValue = looksLikeTypeOrValue(next);
-  // `x` and `: int8 y: int8`, or `: int8` with any rest
+  // `x` and `: int8`, or `x:` and `Pose`
   const bool isColonBetween = IsBeforeColon(words, last) || IsAfterColon(words, next);
-  if (isColonBetween) return restIsPairs || isTypeOrValue;
-  // `x` and `int8 y: int8`, or `int8 y:` whose type is on the line after it
-  if (isTypeOrValue) {
-    return !looksLikeTypeOrValue(last) && (restIsPairs || IsBeforeColon(words, nextEnd - 1));
-  }
+  if (isColonBetween) return mayContinue || isTypeOrValue;
+  // `x` and `int8`
+  if (isTypeOrValue) return mayContinue && !looksLikeTypeOrValue(last);
   // `x` and `Pose`
   const bool areAlone = last == line.first && nextEnd == next + 1;
   return areAlone && !isEnum() && IsIdentifier(words.text(last)) && IsIdentifier(words.text(next));
