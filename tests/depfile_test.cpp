@@ -11,7 +11,7 @@ TEST(Depfile, IsAMakefile) {
             "out/my\\ s: \\\n a.idl \\\n b\\ c\\\t$$\\#.idl\n\na.idl:\n\nb\\ c\\\t$$\\#.idl:\n");
 }
 
-TEST(Depfile, DoublesBackslashesOnlyBeforeABlankOrANumberSign) {
+TEST(Depfile, DoublesBackslashesOnlyBeforeABlank) {
   EXPECT_EQ(Depfile(R"(a\b\\c)", {}), R"(a\b\\c:)"
                                       "\n");
   EXPECT_EQ(Depfile(R"(a\ b\\ c)", {}), R"(a\\\ b\\\\\ c:)"

@@ -32,7 +32,7 @@ class Context {
   /// Returns a word of the file, for a note.
   [[nodiscard]] WordOf own(std::size_t word) const { return {file.source, word}; }
 
-  /// Reports that another file has a type or a namespace of this name in a namespace. Returns
+  /// Reports that another file has a record or a namespace of this name in a namespace. Returns
   /// whether one does.
   bool reportHiding(const Rule& rule, std::size_t i, std::string_view text, const Namespace& space,
                     std::string_view name);
@@ -51,7 +51,7 @@ class Context {
   Lookup lookup;
   std::vector<Finding> findings;
   bool isEnumRepeated = false;  ///< Whether another enum has the name of the last one.
-  std::unordered_set<std::string_view> reportedPaths;  ///< Paths that are not found.
+  std::unordered_set<std::string_view> reportedPaths;  ///< Of includes that cannot be read, too.
 };
 
 }  // namespace zentho::idlgen

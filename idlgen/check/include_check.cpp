@@ -131,10 +131,8 @@ void checkIncludePath(Context& context, std::size_t i) {
   const auto form = static_cast<std::size_t>(FormOfInclude(word));
   if (rulesOfForms[form] != nullptr) context.report(*rulesOfForms[form], i);
   const auto include = context.file.source->includes.find(word);
-  const bool isKnown = include != context.file.source->includes.end();
-  // What is wrong with a path is reported at the first of its includes.
-  if (!isKnown || include->second.missing.empty() || !context.reportedPaths.insert(word).second)
-    return;
+  if (include == context.file.source->includes.end() || include->second.missing.empty()) return;
+  if (!context.reportedPaths.insert(word).second) return;  // At the first of its includes.
   for (const MissingInclude& missing : include->second.missing) {
     const Rule& rule = missing.isUnreadable ? rules::unreadable : rules::notFound;
     const std::size_t count = missing.others;

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "check/context.h"
 #include "names/type_lookup.h"

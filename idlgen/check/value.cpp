@@ -47,7 +47,7 @@ class ValueCheck {
   bool readName();
   bool takeSizeOf();
   [[nodiscard]] std::size_t calleeLength() const;
-  bool readCalls(std::size_t calleeSize);
+  bool readCalls(std::size_t length);
   bool skipParentheses();
   bool readItem(std::string_view name);
 
@@ -225,8 +225,8 @@ std::size_t ValueCheck::calleeLength() const {
 }
 
 /// calls = callee "(" ... ")" { "(" ... ")" }
-bool ValueCheck::readCalls(std::size_t calleeSize) {
-  position += calleeSize;
+bool ValueCheck::readCalls(std::size_t length) {
+  position += length;
   while (next() == "(") {
     if (!skipParentheses()) return false;
   }

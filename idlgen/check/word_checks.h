@@ -7,7 +7,7 @@
 
 namespace zentho::idlgen {
 
-// The checks of all words but those of members, which are in `MemberCheck`.
+// The checks of paths and declared names. Values are in value.h, members in `MemberCheck`.
 
 void checkIncludePath(Context& context, std::size_t i);
 void checkNamespacePath(Context& context, std::size_t i);

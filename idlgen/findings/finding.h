@@ -29,7 +29,7 @@ struct Advice {
 struct Finding {
   const Rule* rule;
   std::size_t word;                 ///< The index of the word at fault.
-  std::string_view text;            ///< For the sentence: the word, or the part at fault.
+  std::string_view text;            ///< For the sentence, mostly the word, or the part at fault.
   Advice advice = {};               ///< In place of that of the rule.
   std::vector<WordOf> others = {};  ///< Other words, which the note of the rule is about.
 

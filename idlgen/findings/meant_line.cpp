@@ -49,9 +49,9 @@ WordUse UseOf(const LocatedWords& words, std::size_t i, std::size_t declaring) {
 }
 
 /// Returns whether a number after "=" follows the word.
-bool HasFieldNumber(const LocatedWords& words, std::size_t equals) {
-  return equals + 1 < words.size() && AreOnOneLine(words, equals, equals + 1) &&
-         IsNumber(words.text(equals + 1).substr(0, words.text(equals + 1).find(';')));
+bool HasFieldNumber(const LocatedWords& words, std::size_t last) {
+  return last + 1 < words.size() && AreOnOneLine(words, last, last + 1) &&
+         IsNumber(words.text(last + 1).substr(0, words.text(last + 1).find(';')));
 }
 
 /// A line that may declare a member or an item.
@@ -178,7 +178,7 @@ std::string MeantType(std::string_view word) {
 }  // namespace
 
 std::string MeantLine(const LocatedWords& words, std::size_t word) {
-  const bool isItem = words.role(word) == Role::ItemName || words.role(word) == Role::ItemValue;
+  const bool isItem = IsOfEnum(words.role(word));
   const Line line = LineOf(words, word);
   if (line.words.size() != 2) return {};
   const TypeNames types = DeclaredTypes(words);

@@ -11,7 +11,7 @@ enum class Severity : std::uint8_t { Error, Warning };
 enum class Hint : std::uint8_t {
   None,
   Form,         ///< What the characters of the word suggest.
-  ItemValue,    ///< That an item needs a value, if it seems to have none.
+  ItemValue,    ///< That an item needs a value, or which item is similar.
   SimilarType,  ///< A type with a similar name, or what the record above lacks.
 };
 

@@ -30,7 +30,7 @@ std::string MissingPart(std::string_view type, const Words& words, const TypeNam
   return Quoted(first) + " has no type " + Quoted(part);
 }
 
-/// Returns the name of the record that contains a word.
+/// Returns the index of the name of the record that contains a word.
 std::size_t RecordOf(const Words& words, std::size_t i) {
   while (i > 0 && !IsRecordName(words.role(i))) --i;
   return i;
@@ -78,7 +78,7 @@ Advice AdviceOfTypes(Examination& examination, const SourceFile& file, const Fin
                               return declared->file == &user && declared->word == record;
                             }),
              seen.end());
-  if (!others.empty() || !examination.mayCompare(seen.size())) return {};
+  if (!others.empty() || !examination.spendComparisons(seen.size())) return {};
   return {DidYouMean(known.mostSimilar(type, seen))};
 }
 
@@ -105,8 +105,8 @@ Advice UnknownTypeAdvice(Examination& examination, const SourceFile& file, const
 Advice FormAdvice(const LocatedWords& words, const Finding& finding) {
   const std::size_t i = finding.word;
   // `long: float64`
-  const bool isNameFirst =
-      LooksLikeType(words.text(i)) && IsBeforeColon(words, i) && LooksLikeType(words.text(i + 1));
+  const bool isNameFirst = IsInList(words.role(i)) && LooksLikeType(words.text(i)) &&
+                           IsBeforeColon(words, i) && LooksLikeType(words.text(i + 1));
   if (isNameFirst) return {"choose another name"};
   // `IDLE: 0` in a message
   const bool isItem =

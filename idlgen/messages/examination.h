@@ -35,7 +35,7 @@ class Examination {
 
   /// Returns whether a misspelt name is compared with so many others. A run does so with two
   /// million at most, which takes some seconds.
-  [[nodiscard]] bool mayCompare(std::size_t count) {
+  [[nodiscard]] bool spendComparisons(std::size_t count) {
     compared += count;
     return compared <= 2'000'000;
   }

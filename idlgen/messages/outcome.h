@@ -21,7 +21,7 @@ struct Outcome {
 };
 
 /// What a run says if memory runs out.
-constexpr const char* noMemory = "idlgen-header: Cannot allocate memory\n";
+inline constexpr const char* noMemory = "idlgen-header: Cannot allocate memory\n";
 
 /// Returns a message about a file: "idlgen-header: PATH: REASON" and a line feed.
 inline std::string ErrorLine(const std::string& path, const std::string& reason) {

@@ -57,9 +57,8 @@ Namespace& Declarations::enterNamespace(CheckedFile& file) {
   const Words& words = file.words();
   Namespace* space = &spaces.front();
   file.namespaces = {space};
-  const auto role = std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath);
-  if (role == words.roles.end()) return *space;
-  file.namespaceWord = static_cast<std::size_t>(role - words.roles.begin());
+  file.namespaceWord = FirstWithRole(words, Role::NamespacePath);
+  if (file.namespaceWord == noWord) return *space;
   std::string_view path = words.text(file.namespaceWord);
   if (path.find('/') != std::string_view::npos) {
     std::string& dotted = meantNames.emplace_back(path);

@@ -96,7 +96,7 @@ class Declarations {
   /// Returns whether two files include each other, also through others.
   [[nodiscard]] bool areInCycle(const CheckedFile& a, const CheckedFile& b) const;
 
-  /// Returns the names that clash in some of the files, in the order of their declarations.
+  /// Returns the names that may clash in some of the files, in the order of their declarations.
   [[nodiscard]] const std::vector<Clash>& clashes() const;
 
  private:

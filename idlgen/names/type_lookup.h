@@ -20,7 +20,7 @@ struct Scope {
 
 struct Found {
   Meaning meaning;
-  const Declaration* declaration = nullptr;  ///< Of a service, an item, or what is below.
+  const Declaration* declaration = nullptr;  ///< What was found, unless it is no declaration.
   bool isInnermost = false;  ///< Found where no file that has not been read can hide it.
 };
 

@@ -27,8 +27,9 @@ View::View(const Declarations& allDeclarations, const CheckedFile& fileThatLooks
 }
 
 bool View::mayMiss(std::string_view name) const {
-  return mayMissAll || std::any_of(unread.begin(), unread.end(), [&](const PossibleNames* words) {
-           return words->names.count(name) > 0;
+  return mayMissAll ||
+         std::any_of(unread.begin(), unread.end(), [&](const PossibleNames* possible) {
+           return possible->names.count(name) > 0;
          });
 }
 

@@ -33,12 +33,12 @@ class Run {
         return {false, ErrorLine(file.path, *reason)};
       }
     }
-    std::string errors = nameErrors() + directoryErrors(false);
+    std::string errors = nameErrors() + directoryErrors(/*ofMissing=*/false);
     if (!errors.empty()) return {false, std::move(errors)};
     Outcome result{true, {}};
     // As compilers do, passes over directories that do not exist.
     const bool isReported = sources.hasMissing() && request.warnings != Warnings::Ignore;
-    if (isReported) result.messages = directoryErrors(true);
+    if (isReported) result.messages = directoryErrors(/*ofMissing=*/true);
     Examination examination(sources);
     for (const Sources::Input& named : sources.named()) {
       append(examineNamed(examination, named), result);

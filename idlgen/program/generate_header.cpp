@@ -49,7 +49,7 @@ Outcome generateHeader(const HeaderRequest& request) {
   const OutputFile header = {
       request.header,
       [&](std::string_view text) { return text.substr(0, beginning.size()) == beginning; },
-      "does not begin with \"" + std::string(beginning) + "\"",
+      R"(does not begin with "#pragma once")",
       [&](FileId id) { return DiskTree().look(request.idl).id == id; }, "is the IDL file"};
   if (const std::optional<std::string> reason = Refusal(header)) {
     return {false, ErrorLine(request.header, *reason)};

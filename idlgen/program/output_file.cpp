@@ -36,7 +36,7 @@ std::optional<std::string> ReasonToKeep(const OutputFile& file, const struct sta
   if (IsMissing(error)) return std::nullopt;  // Another run has just removed it.
   if (error) return error.message();
   if (start.empty() || file.isOlder(start)) return std::nullopt;
-  return file.otherReason;
+  return std::string(file.otherReason);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ struct OutputFile {
   std::string path;
   /// Whether a file that begins like this may be replaced. An empty one always may be.
   std::function<bool(std::string_view)> isOlder;
-  std::string otherReason;              ///< What to say of another file.
+  std::string_view otherReason;         ///< What to say of another file.
   std::function<bool(FileId)> isInput;  ///< Whether it is one of the files to read.
   std::string_view inputReason;         ///< What to say then.
 };

@@ -28,15 +28,14 @@ void rememberNamesIn(std::string_view word, PossibleNames& dropped) {
 /// an include, or in a namespace that is not known.
 bool MayDeclareAnything(const Words& words, std::string_view word) {
   const Statement statement = FindStatement(SimilarKeyword(NameIn(word)));
-  const bool hasNamespace =
-      std::find(words.roles.begin(), words.roles.end(), Role::NamespacePath) != words.roles.end();
+  const bool hasNamespace = FirstWithRole(words, Role::NamespacePath) != noWord;
   return statement == Statement::Include || FormOfInclude(word) == IncludeForm::Path ||
          (statement == Statement::Namespace && !hasNamespace);
 }
 
 /// Keeps the names that may be declared by the words that are not read: by members none, by items
-/// the first and those before a colon, by a line of members that opens a block the one after its
-/// keyword.
+/// the first and those before a colon or after a comma, by a line of members that opens a block the
+/// one after its keyword.
 void rememberNames(SourceFile& file, const Fix& fix, const std::vector<std::string_view>& read) {
   const LocatedWords& words = file.words;
   const auto [first, end] = fix.replaced;

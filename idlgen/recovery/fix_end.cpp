@@ -5,7 +5,7 @@
 
 namespace zentho::idlgen {
 
-Texts MissingBraces(const Words& words, std::size_t end) {
+Texts MissingEnd(const Words& words, std::size_t end) {
   const std::size_t keyword = KeywordOf(words, end - 1);
   std::size_t part = end - 1;
   while (part > keyword && words.role(part) != Role::Part) --part;
@@ -26,16 +26,16 @@ Fix FixEnd(SourceFile& file) {
   const std::size_t last = words.size() - 1;
   const std::size_t keyword = KeywordOf(words, last);
   const WordRange statement = {keyword, words.size()};
-  const auto isMissing = [&](std::string_view what) {
+  const auto missing = [&](std::string_view what) {
     return Finding{&rules::endOfFile, last, what, {}, {{&file, keyword}}};
   };
   const Role role = words.role(last);
   if (role == Role::Statement) {
     const bool isInclude = FindStatement(words.text(last)) == Statement::Include;
-    return Drop(isMissing(isInclude ? "a path" : "a name"), statement);
+    return Drop(missing(isInclude ? "a path" : "a name"), statement);
   }
-  if (IsRecordName(role) || role == Role::Part) return Drop(isMissing(R"(a "{")"), statement);
-  return Insert(isMissing(R"(a "}")"), words.size(), MissingBraces(words, words.size()),
+  if (IsRecordName(role) || role == Role::Part) return Drop(missing(R"(a "{")"), statement);
+  return Insert(missing(R"(a "}")"), words.size(), MissingEnd(words, words.size()),
                 CausesOfMissingBrace(words));
 }
 

@@ -45,7 +45,7 @@ Fix FixStatementIn(const List& list, WordRange line, std::size_t keyword) {
   const LocatedWords& words = list.words;
   Finding finding = FindingAt(rules::missingEnd, words, keyword);
   if (OpenBraces(words) > 0) {  // Also the beginning of this list may be missing.
-    return Insert(std::move(finding), keyword, MissingBraces(words, keyword),
+    return Insert(std::move(finding), keyword, MissingEnd(words, keyword),
                   CausesOfMissingBrace(words));
   }
   const std::size_t brace = list.blockBegin(line);

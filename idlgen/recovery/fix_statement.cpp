@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -311,7 +310,7 @@ Fix AtPart(const Unexpected& at) {
   const auto isNext = [&](std::string_view text) {
     return next < at.words.size() && at.words.text(next) == text;
   };
-  Texts rest = MissingBraces(at.words, at.word);
+  Texts rest = MissingEnd(at.words, at.word);
 
   if (IsSeparator(at.text) || (at.text == "}" && isNext(part))) return at.drop(missing);
   // service S { }

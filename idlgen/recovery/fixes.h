@@ -20,7 +20,7 @@ struct LineRange {
 };
 
 /// In place of the number of the last line of a file.
-constexpr std::size_t lastLine = static_cast<std::size_t>(-1);
+inline constexpr std::size_t lastLine = static_cast<std::size_t>(-1);
 
 using Texts = std::vector<std::string>;
 
@@ -109,7 +109,7 @@ std::optional<Fix> FixCharacters(const LocatedWords& words, WordRange range);
 std::optional<Fix> FixForm(const LocatedWords& words, WordRange range, WordRange line);
 
 /// Returns what is missing before this word to complete the statement that is open there.
-Texts MissingBraces(const Words& words, std::size_t end);
+Texts MissingEnd(const Words& words, std::size_t end);
 
 /// Reads the words as the fix says, each of which has a place then. Keeps the names that the others
 /// may declare. The roles are wrong until they are parsed.

@@ -10,8 +10,8 @@ namespace zentho::idlgen {
 namespace {
 
 /// Returns whether the word cannot have its role, which shows that a word is missing or too many:
-/// it is a brace where a name, a type or a value should be, or is glued to one, or has nothing that
-/// could be a name.
+/// it is a brace where a name, a type or a value should be, or is glued to one, consists of
+/// separators, or is a "=" in place of a type or value.
 bool IsMisplaced(const Words& words, std::size_t i) {
   const Role role = words.role(i);
   if (role == Role::Statement || role == Role::Part || role == Role::Brace ||
@@ -47,8 +47,7 @@ Fix FixWord(const LocatedWords& words, const TypeNames& types, std::size_t word)
 /// Returns the fix for a second namespace statement, which begins with this word.
 Fix FixSecondNamespace(SourceFile& file, std::size_t word) {
   const LocatedWords& words = file.words;
-  const std::size_t first =
-      FirstWord(words.size(), [&](std::size_t i) { return words.role(i) == Role::NamespacePath; });
+  const std::size_t first = FirstWithRole(words, Role::NamespacePath);
   Finding finding = FindingAt(rules::secondNamespace, words, word);
   finding.others = {{&file, first}};
   return Drop(std::move(finding),

@@ -125,7 +125,7 @@ bool IsOpenVector(std::string_view word, std::string_view separators) {
 /// Returns whether one of the signs follows the keyword without a space.
 bool BeginsInclude(std::string_view word, std::string_view signs) {
   const std::size_t end = NameSize(word);
-  return word.substr(0, end) == "include" && signs.find(word[end]) != std::string_view::npos;
+  return word.substr(0, end) == "include" && HasOneOf(word.substr(end, 1), signs);
 }
 
 bool HasNoExtension(std::string_view path, std::string_view /*text*/) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -58,7 +59,7 @@ constexpr bool IsOfEnum(Role role) {
 }
 
 /// In place of the index of a word: no word.
-constexpr std::size_t noWord = static_cast<std::size_t>(-1);
+inline constexpr std::size_t noWord = static_cast<std::size_t>(-1);
 
 }  // namespace idlgen
 
@@ -79,6 +80,13 @@ namespace idlgen {
 inline std::size_t KeywordOf(const Words& words, std::size_t i) {
   while (i > 0 && words.role(i) != Role::Statement) --i;
   return i;
+}
+
+/// Returns the index of the first word of this role, or `noWord`.
+inline std::size_t FirstWithRole(const Words& words, Role role) {
+  const auto found = std::find(words.roles.begin(), words.roles.end(), role);
+  return found == words.roles.end() ? noWord
+                                    : static_cast<std::size_t>(found - words.roles.begin());
 }
 
 /// The names of the enums and messages of a file.

@@ -108,7 +108,8 @@ class MissingIncludes {
   std::string directoryAbove(const std::string& directory, const std::string& path) {
     for (const std::string& above : Ancestors(directory)) {
       if (cache.look(Joined(above, path)).kind != Entry::Kind::File) continue;
-      return above.size() > 1 ? above.substr(0, above.size() - 1) : "." + above;
+      if (above.size() < 2) return above.empty() ? "." : above;
+      return above.substr(0, above.size() - 1);
     }
     return {};
   }

@@ -56,13 +56,13 @@ struct SourceFile {
   std::string path;  ///< By which it was opened.
   std::string text;
   IDL idl;
+  Schema schema;  ///< Of the statements before the first error.
   std::unordered_map<std::string_view, Include> includes;  ///< By the word of the path.
   bool isNamed = false;      ///< Whether the run names it, or has only found its include.
   std::string sameHeaderAs;  ///< The path of a named file before it with the same header, or empty.
 
   // As the parser reads it: at first the words of the text, later those that recovery puts there.
   LocatedWords words;
-  Schema schema;                    ///< Of the statements before the first error.
   std::optional<ParseError> error;  ///< Why the parser refuses these words.
   std::list<std::string> ownTexts;  ///< What recovery has put in place of words of the text.
   PossibleNames dropped;            ///< In words that recovery has taken out.

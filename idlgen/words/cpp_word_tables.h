@@ -39,7 +39,7 @@ inline constexpr auto keywords = Table<KeywordRow>({
     {"virtual"}, {"void"}, {"volatile"}, {"wchar_t", Keyword::Type}, {"while"}, {"xor"}, {"xor_eq"}});
 // clang-format on
 
-/// The types of <cstdint> and <cstddef>.
+/// The integer types of <cstdint> and <cstddef>.
 inline constexpr auto libraryTypes = Table<std::string_view>(
     {"int16_t",        "int32_t",        "int64_t",       "int8_t",        "int_fast16_t",
      "int_fast32_t",   "int_fast64_t",   "int_fast8_t",   "int_least16_t", "int_least32_t",
@@ -67,7 +67,7 @@ inline constexpr auto cLibraryTypes = Table<std::string_view>({
     "u_short", "uid_t", "uint", "ulong", "useconds_t", "ushort", "va_list", "wint_t"});
 // clang-format on
 
-/// The macros of <cstdint> that stand for a number.
+/// The macros of <cstdint> for the limits of its integer types, of `size_t` and `ptrdiff_t`.
 inline constexpr auto integerMacros = Table<std::string_view>(
     {"INT16_MAX",       "INT16_MIN",        "INT32_MAX",        "INT32_MIN",
      "INT64_MAX",       "INT64_MIN",        "INT8_MAX",         "INT8_MIN",

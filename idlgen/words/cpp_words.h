@@ -22,7 +22,7 @@ Keyword FindKeyword(std::string_view word);
 bool IsKeyword(std::string_view word);
 
 /// Returns whether a type is found in C++ without a declaration in the file: a fundamental type or
-/// one of <cstdint> and <cstddef>.
+/// an integer type of <cstdint> or <cstddef>.
 bool IsCppType(std::string_view type);
 
 /// Returns whether it is one of these, or one of the C library, which most headers bring.

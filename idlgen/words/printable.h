@@ -17,7 +17,7 @@ std::string Shortened(std::string_view text);
 std::string Quoted(std::string_view text);
 
 /// The number of bytes of a line or word that a message shows.
-constexpr std::size_t maxShownSize = 200;
+inline constexpr std::size_t maxShownSize = 200;
 
 /// Returns how many bytes of a text are shown.
 std::size_t ShownSize(std::string_view text);
