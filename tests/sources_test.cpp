@@ -101,6 +101,8 @@ const std::vector<Search> searches = {
     {"AnyPathOfTheBase", "e/n/x.idl d/x.idl", "./f/../d e", "d/n/a.idl", R"("x.idl")", "not told"},
     {"NotInNoDirectory", "e/x.idl", "", "d/a.idl", R"("x.idl")",
      "not found: what it declares is not checked"},
+    {"NotInTheRoot", "/x.idl", "", "/d/e/a.idl", R"("x.idl")",
+     R"(not found: it is in "/", which is not searched)"},
     {"WithoutAQuote", "x.idl", "", "a.idl", R"("x.idl)", "x.idl"},
     {"InSingleQuotes", "x.idl", "", "a.idl", "'x.idl'", "x.idl"},
     {"NotALongPath", longName, "", "a.idl", '"' + longName + '"', "not told"},
